@@ -1,0 +1,58 @@
+# What every target of the project has in common, and the functions that declare a floor or a test.
+
+set(CMAKE_CXX_STANDARD 17)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_AUTOMOC ON)
+set(CMAKE_AUTORCC ON)
+
+# The program, its driver plug-in and the tests share one folder, as they do when installed.
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+
+find_program(CCACHE_PROGRAM ccache)
+if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+    set(CMAKE_C_COMPILER_LAUNCHER ${CCACHE_PROGRAM})
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE_PROGRAM})
+endif()
+
+add_library(corvane_options INTERFACE)
+target_include_directories(corvane_options INTERFACE ${CMAKE_SOURCE_DIR}/source)
+target_compile_options(corvane_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow)
+target_compile_definitions(corvane_options INTERFACE QT_NO_CAST_TO_ASCII QT_DEPRECATED_WARNINGS)
+if(CORVANE_WARNINGS_AS_ERRORS)
+    target_compile_options(corvane_options INTERFACE -Werror)
+endif()
+if(CORVANE_SANITIZE)
+    target_compile_options(corvane_options INTERFACE
+        -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+    target_link_options(corvane_options INTERFACE -fsanitize=address,undefined)
+endif()
+if(CORVANE_FUZZ)
+    target_compile_options(corvane_options INTERFACE -fsanitize=fuzzer-no-link,address,undefined)
+    target_link_options(corvane_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+# corvane_floor(NAME SOURCES files... LINK targets...): one folder of `source` as one static library.
+# A floor links only floors below it.
+function(corvane_floor name)
+    cmake_parse_arguments(FLOOR "" "" "SOURCES;LINK" ${ARGN})
+    add_library(${name} STATIC ${FLOOR_SOURCES})
+    target_link_libraries(${name} PUBLIC corvane_options ${FLOOR_LINK})
+endfunction()
+
+# corvane_test(NAME [SOURCES files...] LINK targets... [LABELS labels...] [TIMEOUT seconds]):
+# a QtTest program from NAME.cpp, run offscreen with CTest.
+function(corvane_test name)
+    cmake_parse_arguments(TEST "" "TIMEOUT" "SOURCES;LINK;LABELS" ${ARGN})
+    add_executable(${name} ${name}.cpp ${TEST_SOURCES})
+    target_link_libraries(${name} PRIVATE corvane_options corvane_testsupport Qt5::Test ${TEST_LINK})
+    add_test(NAME ${name} COMMAND ${name})
+    if(NOT TEST_TIMEOUT)
+        set(TEST_TIMEOUT 180)
+    endif()
+    set_tests_properties(${name} PROPERTIES
+        TIMEOUT ${TEST_TIMEOUT}
+        LABELS "${TEST_LABELS}"
+        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;UBSAN_OPTIONS=print_stacktrace=1;LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/leaks.supp:print_suppressions=0")
+endfunction()

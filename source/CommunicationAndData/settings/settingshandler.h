@@ -1,0 +1,112 @@
+#ifndef SETTINGSHANDLER_H
+#define SETTINGSHANDLER_H
+
+#include "CommunicationAndData/settings/onlinesettings.h"
+
+#include <QMap>
+#include <QObject>
+#include <QVariant>
+
+#include <memory>
+
+class QSettings;
+
+/// The settings store: the working settings, and the way to the online configurations.
+///
+/// There is one in the process. Callers fetch it at each use and never keep the pointer. No operation throws;
+/// a missing key gives the default.
+class SettingsHandler : public QObject
+{
+    Q_OBJECT
+
+public:
+    static SettingsHandler *getInstance();
+
+    /// A plain value, or the default when there is none.
+    QVariant value(const QString &key, const QVariant &defaultValue = QVariant());
+    /// Writes a plain value through to the working settings.
+    void setValue(const QString &key, const QVariant &value);
+
+    /// The deciphered value of a safe key. A damaged or foreign stored form counts as absent: it gives the
+    /// default, leaves one warning in the run-time log, and stays in the file.
+    QVariant safeValue(const QString &key, const QVariant &defaultValue = QVariant());
+    /// Writes a value in a form that cannot be read and that stays valid when it is copied between files.
+    void setSafeValue(const QString &key, const QVariant &value);
+
+    /// A database group as a map; its entry "params" holds the connection parameters, name to value.
+    QMap<QString, QVariant> databaseSettings(const QString &group);
+    /// Replaces the connection parameters of a database group by the entry "params" of the map.
+    void setDatabaseSettings(const QString &group, const QMap<QString, QVariant> &settings);
+
+    /// Remembers the whole of the working settings.
+    bool store();
+    /// Puts the working settings back to what the last `store` remembered. Doing it again changes nothing.
+    bool restore();
+
+    /// Gives a `QDataStream` image of all settings as `QMap<QString, QVariant>`, keyed by the full key. A
+    /// safe value in it has an empty `toString` and a non-empty `toByteArray`.
+    ///
+    /// \param image  is set to bytes that the store owns, valid until the next `stash`
+    void stash(QByteArray *&image);
+
+    /// Writes everything that is pending to the present file, lets go of it, and makes the file at `path` the
+    /// working settings. A file that does not exist gives empty settings. Afterwards the former file can be
+    /// moved, copied or replaced.
+    void changeSettingsFile(QString path);
+
+    /// The working settings for direct use. The object may change at `changeSettingsFile`.
+    QSettings *generalSettings();
+
+    /// Prepares the online worker. To be called each time before a connection is made.
+    void callOnlineInit();
+    /// Stores the working settings as a new configuration; `settingsOnlineStoredReady` answers.
+    ///
+    /// \param id          always 0
+    /// \param informUser  users are to be told of the change
+    /// \param distribute  makes it the active configuration
+    void storeSettingsOnline(SettingsAdditionalData data, int id, bool informUser, bool distribute);
+    /// Fetches a configuration into the working settings; `onlineSettingsReady` answers as well. On failure
+    /// the working settings stay as they were.
+    bool getOnlineSettings(int id);
+    /// The configurations of the last `requestIDs`.
+    QMap<int, SettingsAdditionalData> getOnlineNotesList();
+
+    /// Reads the audit-trail setting again after the working settings were replaced.
+    void initAuditTrailSetting();
+    /// Switches the online audit trail on or off for the database with this hash. The state is kept together
+    /// with the hash, so that no other database's state is changed or claimed.
+    void enableAuditTrailSetting(QString databaseHash);
+    void disableAuditTrailSetting(QString databaseHash);
+    bool isAuditTrailSettingEnabled(QString databaseHash);
+
+signals:
+    // Requests, emitted from outside by queued connections.
+    void reconnectOnline(QMap<QString, QVariant> settings);
+    void requestIDs(int first, bool withNotes);
+    void requestDelete(int id);
+    void requestActiveId();
+
+    // Answers.
+    void onlineReconnected(bool connected);
+    void onlineNotesReady(bool listReadable);
+    void activeOnlineId(int id);
+    void settingsDeletedOnline(int id, OnlineSettings::QueryError error);
+    void settingsOnlineStoredReady(OnlineSettings::QueryError error);
+    void onlineSettingsReady(bool success, bool distributed, QString message);
+
+private:
+    SettingsHandler();
+    ~SettingsHandler() override;
+    Q_DISABLE_COPY(SettingsHandler)
+
+    class Private;
+    std::unique_ptr<Private> d;
+};
+
+/// Opens the local application settings, the system-scope ini file of the suite. The caller owns the object.
+std::unique_ptr<QSettings> openLocalApplicationSettings();
+
+/// Opens an ini file with the encoding that all settings files of the suite have, UTF-8.
+std::unique_ptr<QSettings> openSettingsFile(const QString &path);
+
+#endif
