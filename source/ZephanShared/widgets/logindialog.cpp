@@ -1,0 +1,56 @@
+#include "ZephanShared/widgets/logindialog.h"
+
+#include <QDialogButtonBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace {
+
+void addRow(QVBoxLayout *layout, const QString &text, QLineEdit *field)
+{
+    auto *label = new QLabel(text);
+    label->setBuddy(field);
+    auto *row = new QHBoxLayout;
+    row->addWidget(label);
+    row->addWidget(field);
+    layout->addLayout(row);
+}
+
+}  // namespace
+
+LoginDialog::LoginDialog(const QString &username, const QString &password, const QString &caption,
+                         QWidget *parent)
+    : QDialog(parent, Qt::Window | Qt::WindowTitleHint | Qt::CustomizeWindowHint)
+    , m_username(new QLineEdit(username))
+    , m_password(new QLineEdit(password))
+{
+    m_username->setObjectName(QStringLiteral("username_edit"));
+    m_password->setObjectName(QStringLiteral("password_edit"));
+    m_password->setEchoMode(QLineEdit::Password);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(new QLabel(caption));
+    addRow(layout, tr("Username"), m_username);
+    addRow(layout, tr("Password"), m_password);
+
+    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    buttons->setObjectName(QStringLiteral("button_box"));
+    buttons->button(QDialogButtonBox::Ok)->setText(tr("Ok"));
+    buttons->button(QDialogButtonBox::Cancel)->setText(tr("Cancel"));
+    connect(buttons, SIGNAL(accepted()), this, SLOT(accept()));
+    connect(buttons, SIGNAL(rejected()), this, SLOT(reject()));
+    layout->addWidget(buttons);
+}
+
+QString LoginDialog::username() const
+{
+    return m_username->text();
+}
+
+QString LoginDialog::password() const
+{
+    return m_password->text();
+}
