@@ -1,0 +1,106 @@
+#ifndef SETTINGSVIEW_H
+#define SETTINGSVIEW_H
+
+#include "CommunicationAndData/access/accesstype.h"
+#include "ZephanShared/widgets/baseview.h"
+
+#include <QStringList>
+
+class AccessControl;
+class QAction;
+class QLabel;
+class QMenu;
+class QMenuBar;
+class QSettings;
+class QTabWidget;
+class QVBoxLayout;
+
+/// The administrator's workbench for settings: a prompt until a source of settings is chosen from the menu
+/// bar at its foot, then the settings pages as tabs.
+///
+/// Whatever the source, its content replaces the working settings; the pages edit those; the same menus send
+/// them on. The view owns the order of the operations, the gating by rights, the removal of what must not
+/// leave the workstation, the snapshots for comparison, and the messages and audit events. It never reads or
+/// writes a page's keys itself.
+class SettingsView : public BaseView
+{
+    Q_OBJECT
+
+public:
+    /// \param dataPath  the data directory with its trailing separator
+    explicit SettingsView(QString dataPath, QWidget *parent = nullptr);
+    /// With the tabs shown and the autosave on, saves to the local application without a message.
+    ~SettingsView() override;
+
+    void updateTexts() override;
+
+public slots:
+    /// Builds everything; the pages need the operator's rights. A null pointer leaves the view empty.
+    void setAccessControl(AccessControl *access);
+
+    /// Copies the working settings to the local application settings.
+    ///
+    /// \param silent  no message is shown, and the audit trail records it as automatic
+    void saveSettingsLocally(bool silent = false);
+    /// Replaces the working settings by the local application settings.
+    void loadLocalSettings();
+    /// The display name of the source that is being loaded.
+    void loadTag(QString tag);
+    /// Switches the autosave to the local application at exit, in `local_cache`.
+    void localSaveToggled(bool enabled);
+    /// Shows the tabs in place of the prompt, once.
+    void showSettings();
+
+private:
+    void createPages();
+    void createTabs();
+    void createMenus();
+    void buildLocalMenu();
+    void buildOnlineMenu();
+    void buildTransferMenu();
+    QMenu *addMenu(const QString &name);
+    QAction *addAction(QMenu *menu, const QString &name, bool enabled);
+    void savePages();
+    void reloadPages();
+
+    bool isAllowed(AccessType type) const;
+    bool isLocalSaveEnabled() const;
+    void autosave();
+    void copyToLocalSettings(QSettings &local, QString &message);
+    void replaceByLocalSettings(bool silent);
+    bool copyFromLocalSettings();
+
+    void removeRedundantSettings();
+    void removeDatabaseGroups();
+    QStringList settingsSnapshot(Actions::Action action);
+    void takeLoadedSnapshots(Actions::Action action);
+    bool appendPrivilegeNotes(QString &text) const;
+    void logSettingsAction(Actions::Action action, Actions::ActionType type, const QString &info);
+    void showMessage(const QString &text);
+
+    QVBoxLayout *m_layout;
+    QTabWidget *m_tabs = nullptr;
+    QLabel *m_prompt = nullptr;
+
+    QMenuBar *m_menuBar = nullptr;
+    QMenu *m_localMenu = nullptr;
+    QMenu *m_onlineMenu = nullptr;
+    QMenu *m_transferMenu = nullptr;
+    QAction *m_autosaveAction = nullptr;
+    QAction *m_saveAction = nullptr;
+    QAction *m_loadAction = nullptr;
+    QAction *m_diffAction = nullptr;
+    QAction *m_manageAction = nullptr;
+    QAction *m_distributeAction = nullptr;
+    QAction *m_importAction = nullptr;
+    QAction *m_exportAction = nullptr;
+
+    AccessControl *m_access = nullptr;  ///< not owned
+    QStringList m_initialSettings;      ///< snapshot of the first source loaded
+    QStringList m_previousSettings;     ///< snapshot of the last source loaded
+    QString m_settingsTag;              ///< display name of the last source
+    QString m_dataPath;
+    bool m_firstLoad = true;
+};
+
+#endif

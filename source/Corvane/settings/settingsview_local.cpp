@@ -1,0 +1,187 @@
+#include "Corvane/settings/settingsview.h"
+
+#include "CommunicationAndData/settings/settingshandler.h"
+#include "CommunicationAndData/settings/settingskeys.h"
+#include "Corvane/settings/settingssnapshot.h"
+#include "ZephanShared/toolkit/nativepath.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QRandomGenerator>
+#include <QSettings>
+#include <QTabWidget>
+
+#include <cstdlib>
+
+namespace {
+
+const char *const kTemporaryDirectory = "tmp_ini/";
+const char *const kParkingFile = "tmp_corvane.ini";
+const char *const kRecoveryFile = "recovery_corvane.ini";
+
+/// The wait cursor while the object lives.
+class WaitCursor
+{
+public:
+    WaitCursor()
+    {
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    }
+    ~WaitCursor()
+    {
+        QApplication::restoreOverrideCursor();
+    }
+    Q_DISABLE_COPY(WaitCursor)
+};
+
+/// A name in the temporary directory that is free: a file that is stuck there is left alone.
+QString freeName(const QString &path)
+{
+    if (!QFile::exists(path) || QFile::remove(path))
+        return path;
+    const quint32 number = QRandomGenerator::system()->bounded(static_cast<quint32>(RAND_MAX) + 1u);
+    return path + QString::number(number);
+}
+
+void copyAllKeys(const QSettings &from, QSettings &to)
+{
+    for (const QString &key : from.allKeys())
+        to.setValue(key, from.value(key));
+}
+
+}  // namespace
+
+SettingsView::~SettingsView()
+{
+    if (m_tabs && !m_tabs->isHidden() && isLocalSaveEnabled())
+        autosave();
+}
+
+void SettingsView::autosave()
+{
+    const auto cache = openSettingsFile(m_dataPath + QLatin1String(LocalCache::kFileName));
+    if (cache->value(QLatin1String(LocalCache::kAutosaveInfo), false).toBool()) {
+        cache->setValue(QLatin1String(LocalCache::kAutosaveInfo), false);
+        cache->sync();
+        showMessage(tr("Autosaving settings to local application settings file. "
+                       "This message is only shown once."));
+    }
+    saveSettingsLocally(true);
+}
+
+bool SettingsView::isLocalSaveEnabled() const
+{
+    return openSettingsFile(m_dataPath + QLatin1String(LocalCache::kFileName))
+        ->value(QLatin1String(LocalCache::kLocalSave), false)
+        .toBool();
+}
+
+void SettingsView::localSaveToggled(bool enabled)
+{
+    const auto cache = openSettingsFile(m_dataPath + QLatin1String(LocalCache::kFileName));
+    cache->setValue(QLatin1String(LocalCache::kLocalSave), enabled);
+    if (enabled)
+        cache->setValue(QLatin1String(LocalCache::kAutosaveInfo), true);
+    cache->sync();
+}
+
+void SettingsView::saveSettingsLocally(bool silent)
+{
+    removeRedundantSettings();
+    QString message = tr("Error") + QStringLiteral(": ");
+    const auto local = openLocalApplicationSettings();
+    if (local->isWritable()) {
+        logSettingsAction(Actions::SaveSettings, silent ? Actions::Automatic : Actions::Human,
+                          QStringLiteral("Corvane Settings Local Save"));
+        savePages();
+        copyToLocalSettings(*local, message);
+    } else {
+        message += tr("Cannot write to local settings file.");
+        emit logError(Actions::SaveSettings, ZephanErrors::kSettingsNotWritten,
+                      QStringLiteral("Settings are not writable"));
+    }
+    // The database groups that the operator may not save come back from where they are.
+    if (!isAllowed(WriteLocalDbSettings))
+        replaceByLocalSettings(silent);
+    appendPrivilegeNotes(message);
+    if (!silent)
+        showMessage(message);
+}
+
+void SettingsView::copyToLocalSettings(QSettings &local, QString &message)
+{
+    const WaitCursor cursor;
+    if (!isAllowed(WriteLocalDbSettings))
+        removeDatabaseGroups();
+    const QSettings *working = SettingsHandler::getInstance()->generalSettings();
+    copyAllKeys(*working, local);
+    local.sync();
+    removeStaleParameters(local);
+    if (local.allKeys().size() < working->allKeys().size()) {
+        message += tr("Not all settings were saved.");
+        emit logError(Actions::SaveSettings, ZephanErrors::kSettingsIncomplete,
+                      QStringLiteral("Not all settings were saved"));
+    } else {
+        message = tr("Saving succeeded.");
+    }
+}
+
+void SettingsView::loadLocalSettings()
+{
+    replaceByLocalSettings(false);
+}
+
+void SettingsView::replaceByLocalSettings(bool silent)
+{
+    logSettingsAction(Actions::LoadSettings, Actions::Human, QStringLiteral("Corvane Settings Local Load"));
+    const bool complete = copyFromLocalSettings();
+    if (complete) {
+        reloadPages();
+    } else {
+        emit logError(Actions::LoadSettings, ZephanErrors::kSettingsIncomplete,
+                      QStringLiteral("Not all settings were loaded"));
+        if (!silent)
+            showMessage(tr("Error") + QStringLiteral(": ") + tr("Not all settings were loaded."));
+    }
+    QDir(nativePath(m_dataPath + QLatin1String(kTemporaryDirectory))).removeRecursively();
+    SettingsHandler::getInstance()->initAuditTrailSetting();
+    removeRedundantSettings();
+    takeLoadedSnapshots(Actions::LoadSettings);
+    m_settingsTag = tr("Local settings");
+    showSettings();
+}
+
+bool SettingsView::copyFromLocalSettings()
+{
+    const WaitCursor cursor;
+    const QString directory = nativePath(m_dataPath + QLatin1String(kTemporaryDirectory));
+    QString parking = directory + QLatin1String(kParkingFile);
+    QString recovery = directory + QLatin1String(kRecoveryFile);
+    const QString main = m_dataPath + QLatin1String(kSettingsFileName);
+    if (QDir(directory).exists()) {
+        parking = freeName(parking);
+        recovery = freeName(recovery);
+    } else {
+        QDir().mkpath(directory);
+    }
+
+    SettingsHandler *handler = SettingsHandler::getInstance();
+    handler->changeSettingsFile(parking);
+    QFile::rename(main, recovery);
+    handler->changeSettingsFile(main);
+
+    const auto local = openLocalApplicationSettings();
+    QSettings *working = handler->generalSettings();
+    copyAllKeys(*local, *working);
+    return local->allKeys().size() <= working->allKeys().size();
+}
+
+void SettingsView::takeLoadedSnapshots(Actions::Action action)
+{
+    if (m_firstLoad) {
+        m_firstLoad = false;
+        m_initialSettings = settingsSnapshot(action);
+    }
+    m_previousSettings = settingsSnapshot(action);
+}
