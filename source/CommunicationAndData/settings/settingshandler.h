@@ -9,6 +9,7 @@
 
 #include <memory>
 
+class OnlineWorker;
 class QSettings;
 
 /// The settings store: the working settings, and the way to the online configurations.
@@ -98,6 +99,9 @@ private:
     SettingsHandler();
     ~SettingsHandler() override;
     Q_DISABLE_COPY(SettingsHandler)
+
+    static void endOnline();
+    void connectWorker(OnlineWorker *worker);
 
     class Private;
     std::unique_ptr<Private> d;

@@ -1,0 +1,318 @@
+#include "CommunicationAndData/settings/settingshandler.h"
+
+#include "CommunicationAndData/settings/audittrailsetting.h"
+#include "CommunicationAndData/settings/onlinethread.h"
+#include "CommunicationAndData/settings/safevalue.h"
+#include "CommunicationAndData/settings/settingsfile.h"
+#include "CommunicationAndData/settings/settingskeys.h"
+#include "CommunicationAndData/settings/stashimage.h"
+#include "CommunicationAndData/settings/workingsettings.h"
+#include "ZephanShared/toolkit/logger.h"
+
+#include <QCoreApplication>
+#include <QSet>
+#include <QSettings>
+
+namespace {
+
+constexpr char kArraySize[] = "size";
+
+QString key(const char *name)
+{
+    return QString::fromLatin1(name);
+}
+
+QString below(const QString &group, const QString &name)
+{
+    return group + QLatin1Char('/') + name;
+}
+
+/// True if nothing would be written differently.
+bool same(const QVariant &left, const QVariant &right)
+{
+    return left.userType() == right.userType() && left == right;
+}
+
+void registerTypes()
+{
+    qRegisterMetaType<QMap<QString, QVariant>>("QMap<QString,QVariant>");
+    qRegisterMetaType<OnlineSettings::QueryError>("OnlineSettings::QueryError");
+}
+
+}  // namespace
+
+class SettingsHandler::Private
+{
+public:
+    std::unique_ptr<WorkingSettings> working = std::make_unique<WorkingSettings>();
+    std::optional<QMap<QString, QVariant>> remembered;
+    QByteArray stashed;
+    QSet<QByteArray> reportedForms;
+    OnlineThread online;
+    QMap<int, SettingsAdditionalData> notes;
+
+    QSettings &settings() const
+    {
+        return working->absolute();
+    }
+
+    QMap<QString, QVariant> everything() const
+    {
+        QMap<QString, QVariant> all;
+        const QStringList keys = settings().allKeys();
+        for (const QString &name : keys)
+            all.insert(name, settings().value(name));
+        return all;
+    }
+
+    /// Only what differs is written, so that unchanged settings leave the file alone.
+    void replaceEverything(const QMap<QString, QVariant> &wanted)
+    {
+        const QMap<QString, QVariant> present = everything();
+        for (auto it = present.cbegin(); it != present.cend(); ++it) {
+            if (!wanted.contains(it.key()))
+                settings().remove(it.key());
+        }
+        for (auto it = wanted.cbegin(); it != wanted.cend(); ++it) {
+            if (!present.contains(it.key()) || !same(present.value(it.key()), it.value()))
+                settings().setValue(it.key(), it.value());
+        }
+    }
+
+    void reportUnreadable(const QString &name, const QByteArray &form)
+    {
+        const QByteArray mark = name.toUtf8() + form;
+        if (reportedForms.contains(mark))
+            return;
+        reportedForms.insert(mark);
+        CORVANE_LOG(
+            Logger::Warning, Logger::Console, "SettingsHandler::safeValue",
+            QStringLiteral("The stored form of %1 is damaged or foreign and counts as absent").arg(name));
+    }
+
+    AuditTrailSetting auditTrailSetting() const
+    {
+        return AuditTrailSetting::fromText(
+            settings().value(key(SettingsKeys::kAuditTrailSetting)).toString());
+    }
+
+    void recordAuditTrail(const QString &databaseHash, bool enabled)
+    {
+        if (databaseHash.isEmpty())
+            return;
+        AuditTrailSetting setting = auditTrailSetting();
+        setting.setEnabled(databaseHash, enabled);
+        settings().setValue(key(SettingsKeys::kAuditTrailSetting), setting.toText());
+    }
+};
+
+SettingsHandler *SettingsHandler::getInstance()
+{
+    static SettingsHandler handler;
+    return &handler;
+}
+
+SettingsHandler::SettingsHandler()
+    : d((registerTypes(), Logger::getInstance(), std::make_unique<Private>()))
+{
+    connect(&d->online, &OnlineThread::workerMade, this, &SettingsHandler::connectWorker);
+    connect(this, &SettingsHandler::reconnectOnline, this, [this](const QMap<QString, QVariant> &settings) {
+        d->online.post([settings](OnlineWorker &worker) { worker.reconnect(settings); });
+    });
+    connect(this, &SettingsHandler::requestIDs, this, [this](int, bool withNotes) {
+        d->online.post([withNotes](OnlineWorker &worker) { worker.list(withNotes); });
+    });
+    connect(this, &SettingsHandler::requestDelete, this, [this](int id) {
+        d->online.post([id](OnlineWorker &worker) { worker.deleteConfiguration(id); });
+    });
+    connect(this, &SettingsHandler::requestActiveId, this,
+            [this] { d->online.post([](OnlineWorker &worker) { worker.findActive(); }); });
+    qAddPostRoutine(&SettingsHandler::endOnline);
+}
+
+SettingsHandler::~SettingsHandler()
+{
+    qRemovePostRoutine(&SettingsHandler::endOnline);
+}
+
+void SettingsHandler::endOnline()
+{
+    getInstance()->d->online.stop();
+}
+
+void SettingsHandler::connectWorker(OnlineWorker *worker)
+{
+    connect(worker, &OnlineWorker::reconnected, this, &SettingsHandler::onlineReconnected);
+    connect(worker, &OnlineWorker::deleted, this, &SettingsHandler::settingsDeletedOnline);
+    connect(worker, &OnlineWorker::activeFound, this, &SettingsHandler::activeOnlineId);
+    connect(worker, &OnlineWorker::stored, this, &SettingsHandler::settingsOnlineStoredReady);
+    connect(worker, &OnlineWorker::listed, this, [this](bool readable, const OnlineWorker::Notes &notes) {
+        d->notes = notes;
+        emit onlineNotesReady(readable);
+    });
+}
+
+QVariant SettingsHandler::value(const QString &key, const QVariant &defaultValue)
+{
+    return d->settings().value(key, defaultValue);
+}
+
+void SettingsHandler::setValue(const QString &key, const QVariant &value)
+{
+    d->settings().setValue(key, value);
+}
+
+QVariant SettingsHandler::safeValue(const QString &key, const QVariant &defaultValue)
+{
+    if (!d->settings().contains(key))
+        return defaultValue;
+    const QByteArray form = d->settings().value(key).toByteArray();
+    const std::optional<QVariant> value = SafeValue::decipher(form);
+    if (value)
+        return *value;
+    d->reportUnreadable(key, form);
+    return defaultValue;
+}
+
+void SettingsHandler::setSafeValue(const QString &key, const QVariant &value)
+{
+    const QByteArray form = SafeValue::encipher(value);
+    if (form.isEmpty()) {
+        CORVANE_LOG(Logger::Error, Logger::Console, "SettingsHandler::setSafeValue",
+                    QStringLiteral("No cipher for %1, which keeps its former value").arg(key));
+        return;
+    }
+    d->settings().setValue(key, form);
+}
+
+QMap<QString, QVariant> SettingsHandler::databaseSettings(const QString &group)
+{
+    const QString array = below(group, key(SettingsKeys::kParams));
+    const int size = d->settings().value(below(array, key(kArraySize))).toInt();
+    QMap<QString, QVariant> params;
+    for (int i = 1; i <= size; ++i) {
+        const QString entry = below(array, QString::number(i));
+        const QString name = d->settings().value(below(entry, key(SettingsKeys::kParamKey))).toString();
+        if (!name.isEmpty())
+            params.insert(name, d->settings().value(below(entry, key(SettingsKeys::kParamValue))));
+    }
+    return {{key(SettingsKeys::kParams), params}};
+}
+
+void SettingsHandler::setDatabaseSettings(const QString &group, const QMap<QString, QVariant> &settings)
+{
+    const QString array = below(group, key(SettingsKeys::kParams));
+    const QMap<QString, QVariant> params = settings.value(key(SettingsKeys::kParams)).toMap();
+    d->settings().remove(array);
+    d->settings().setValue(below(array, key(kArraySize)), params.size());
+    int index = 0;
+    for (auto it = params.cbegin(); it != params.cend(); ++it) {
+        const QString entry = below(array, QString::number(++index));
+        d->settings().setValue(below(entry, key(SettingsKeys::kParamKey)), it.key());
+        d->settings().setValue(below(entry, key(SettingsKeys::kParamValue)), it.value());
+    }
+}
+
+bool SettingsHandler::store()
+{
+    d->remembered = d->everything();
+    return true;
+}
+
+bool SettingsHandler::restore()
+{
+    if (!d->remembered)
+        return false;
+    d->replaceEverything(*d->remembered);
+    return true;
+}
+
+void SettingsHandler::stash(QByteArray *&image)
+{
+    d->stashed = stashImage(d->settings());
+    image = &d->stashed;
+}
+
+void SettingsHandler::changeSettingsFile(QString path)
+{
+    d->working.reset();
+    d->working = std::make_unique<WorkingSettings>(path);
+    d->reportedForms.clear();
+}
+
+QSettings *SettingsHandler::generalSettings()
+{
+    return d->working->shared();
+}
+
+void SettingsHandler::callOnlineInit()
+{
+    d->online.start();
+}
+
+void SettingsHandler::storeSettingsOnline(SettingsAdditionalData data, int id, bool informUser,
+                                          bool distribute)
+{
+    Q_UNUSED(id)
+    const QByteArray image = stashImage(d->settings());
+    d->online.post([data, image, informUser, distribute](OnlineWorker &worker) {
+        worker.store(data, image, informUser, distribute);
+    });
+}
+
+bool SettingsHandler::getOnlineSettings(int id)
+{
+    std::optional<OnlineWorker::Configuration> configuration;
+    d->online.run([&configuration, id](OnlineWorker &worker) { configuration = worker.fetch(id); });
+    const bool fetched = configuration.has_value();
+    if (fetched)
+        d->replaceEverything(*configuration);
+    QMetaObject::invokeMethod(
+        this, [this, fetched] { emit onlineSettingsReady(fetched, false, QString()); }, Qt::QueuedConnection);
+    return fetched;
+}
+
+QMap<int, SettingsAdditionalData> SettingsHandler::getOnlineNotesList()
+{
+    return d->notes;
+}
+
+void SettingsHandler::initAuditTrailSetting()
+{
+    const QString text = value(key(SettingsKeys::kAuditTrailSetting)).toString();
+    bool readable = true;
+    AuditTrailSetting::fromText(text, &readable);
+    if (!readable) {
+        CORVANE_LOG(Logger::Warning, Logger::Console, "SettingsHandler::initAuditTrailSetting",
+                    QStringLiteral("The audit trail setting is damaged or foreign and counts as absent"));
+    }
+}
+
+void SettingsHandler::enableAuditTrailSetting(QString databaseHash)
+{
+    d->recordAuditTrail(databaseHash, true);
+}
+
+void SettingsHandler::disableAuditTrailSetting(QString databaseHash)
+{
+    d->recordAuditTrail(databaseHash, false);
+}
+
+bool SettingsHandler::isAuditTrailSettingEnabled(QString databaseHash)
+{
+    return !databaseHash.isEmpty() && d->auditTrailSetting().isEnabled(databaseHash);
+}
+
+std::unique_ptr<QSettings> openLocalApplicationSettings()
+{
+    auto settings = std::make_unique<QSettings>(QSettings::IniFormat, QSettings::SystemScope,
+                                                QString::fromLatin1(kSuiteOrganisation),
+                                                QString::fromLatin1(kSuiteApplication));
+    settings->setIniCodec("UTF-8");
+    return settings;
+}
+
+std::unique_ptr<QSettings> openSettingsFile(const QString &path)
+{
+    return openIniFile(path);
+}
