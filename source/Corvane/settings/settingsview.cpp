@@ -3,6 +3,7 @@
 #include "CommunicationAndData/access/accesscontrol.h"
 #include "CommunicationAndData/settings/settingshandler.h"
 #include "CommunicationAndData/settings/settingskeys.h"
+#include "Corvane/settings/personbrowsersettingsview.h"
 #include "Corvane/settings/settingssnapshot.h"
 
 #include <QAction>
@@ -31,6 +32,20 @@ const char *const kMenuBarStyle =
     "border-width: 3px; border-color: darkgray; margin-right: 15px; }"
     "QMenuBar::item:pressed { padding: 3px; border: inset; border-radius: 4px; "
     "border-width: 2px; border-color: darkgray; margin-right: 15px; }";
+
+template<class Page>
+void save(Page *page)
+{
+    if (page)
+        page->saveSettings();
+}
+
+template<class Page>
+void reload(Page *page)
+{
+    if (page)
+        page->reloadSettings();
+}
 
 }  // namespace
 
@@ -63,7 +78,11 @@ void SettingsView::setAccessControl(AccessControl *access)
     removeRedundantSettings();
 }
 
-void SettingsView::createPages() {}
+void SettingsView::createPages()
+{
+    m_generalPage = new PersonBrowserSettingsView(m_dataPath);
+    m_generalPage->setObjectName(QStringLiteral("general_page"));
+}
 
 void SettingsView::createTabs()
 {
@@ -72,6 +91,7 @@ void SettingsView::createTabs()
     m_tabs->hide();
     m_tabs->setMinimumSize(kTabsMinimumWidth, kTabsMinimumHeight);
     m_tabs->setStyleSheet(QStringLiteral("QTabBar::tab { height: %1px; }").arg(kTabHeight));
+    m_tabs->addTab(m_generalPage, QString());
 }
 
 void SettingsView::createMenus()
@@ -134,6 +154,8 @@ void SettingsView::updateTexts()
         return;
     m_prompt->setText(tr("Select settings source from menu below"));
 
+    updateTabTexts();
+
     m_localMenu->setTitle(tr("Manage local application"));
     m_autosaveAction->setText(tr("Enable autosaving to local application"));
     m_saveAction->setText(tr("Save settings to local application"));
@@ -149,9 +171,20 @@ void SettingsView::updateTexts()
     m_exportAction->setText(tr("Export settings"));
 }
 
-void SettingsView::savePages() {}
+void SettingsView::updateTabTexts()
+{
+    m_tabs->setTabText(m_tabs->indexOf(m_generalPage), tr("General"));
+}
 
-void SettingsView::reloadPages() {}
+void SettingsView::savePages()
+{
+    save(m_generalPage);
+}
+
+void SettingsView::reloadPages()
+{
+    reload(m_generalPage);
+}
 
 void SettingsView::showSettings()
 {

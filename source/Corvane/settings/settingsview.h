@@ -7,6 +7,7 @@
 #include <QStringList>
 
 class AccessControl;
+class PersonBrowserSettingsView;
 class QAction;
 class QLabel;
 class QMenu;
@@ -60,6 +61,7 @@ private:
     void buildTransferMenu();
     QMenu *addMenu(const QString &name);
     QAction *addAction(QMenu *menu, const QString &name, bool enabled);
+    void updateTabTexts();
     void savePages();
     void reloadPages();
 
@@ -81,6 +83,8 @@ private:
     QVBoxLayout *m_layout;
     QTabWidget *m_tabs = nullptr;
     QLabel *m_prompt = nullptr;
+
+    PersonBrowserSettingsView *m_generalPage = nullptr;
 
     QMenuBar *m_menuBar = nullptr;
     QMenu *m_localMenu = nullptr;

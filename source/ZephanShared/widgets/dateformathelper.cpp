@@ -62,6 +62,12 @@ DateFormatHelper::DateFormatHelper()
     , m_ampm(setting(SettingsKeys::kTimeAmPm, false))
 {}
 
+DateFormatHelper::DateFormatHelper(int format, int separator)
+    : m_format(format)
+    , m_separator(separator)
+    , m_ampm(false)
+{}
+
 int DateFormatHelper::format() const
 {
     return m_format;

@@ -19,6 +19,8 @@ public:
         MonthDayYearPadded = 4,
         MonthDayYear = 5
     };
+    static constexpr int kFormatCount = 6;
+    static constexpr int kSeparatorCount = 3;
 
     // What each part of a date may look like while it is typed, as regular expressions.
     static constexpr char kDayPadded[] = R"((([0-9])|(0[1-9])|([1-2]\d)|(3[0-1])))";
@@ -28,6 +30,8 @@ public:
     static constexpr char kYear[] = R"((([1-2])|([1-2]\d{1,3})))";
 
     DateFormatHelper();
+    /// A choice that is not the settings': for showing what the others look like.
+    DateFormatHelper(int format, int separator);
 
     /// A number of `Format`, or whatever else the settings hold.
     int format() const;
