@@ -59,9 +59,8 @@ const QVector<Action> &allActions()
 QString name(int action)
 {
     for (const Family &family : families()) {
-        const int index = action - family.first;
-        if (index >= 0 && index < family.names.size())
-            return QLatin1String(family.names.at(index));
+        if (action >= family.first && action < family.first + family.names.size())
+            return QLatin1String(family.names.at(action - family.first));
     }
     return QString();
 }

@@ -15,8 +15,10 @@ constexpr ZephanError kNone = 0;
 
 // Start-up
 constexpr ZephanError kStartFailed = 0x01200000;
-constexpr ZephanError kActionLogReplaced =
-    0x04300001;  ///< a damaged action log was moved aside: a good start
+constexpr ZephanError kActionLogNotOpened = 0x04300000;   ///< neither opened nor made
+constexpr ZephanError kActionLogReplaced = 0x04300001;    ///< a damaged one was moved aside: a good start
+constexpr ZephanError kActionLogNotWritten = 0x04300002;  ///< an event can't be written
+constexpr ZephanError kEngineNotReady = 0x04300003;       ///< started twice, or shut down while not running
 constexpr ZephanError kPluginNotInstantiated = 0x09300000;
 
 // Settings and sign-in

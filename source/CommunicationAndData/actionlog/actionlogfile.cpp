@@ -1,0 +1,247 @@
+#include "CommunicationAndData/actionlog/actionlogfile.h"
+
+#include "CommunicationAndData/sqlcipher/databasekey.h"
+#include "ZephanShared/toolkit/logger.h"
+#include "ZephanShared/toolkit/nativepath.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLockFile>
+
+namespace {
+
+const auto kJournalSuffix = QLatin1String("-wal");
+const auto kIndexSuffix = QLatin1String("-shm");
+const auto kRollbackSuffix = QLatin1String("-journal");
+constexpr char kLockName[] = "actionlog.lock";
+constexpr int kLockTimeout = 5000;  // milliseconds, also of a lock that another program holds on the database
+
+// A larger log is not read through at each start. Its damaged places still show when they are reached.
+constexpr qint64 kReadThroughSize = 64 * 1024 * 1024;
+
+// Primary result codes of SQLite; the higher bits tell details.
+constexpr int kPrimaryCode = 0xff;
+constexpr int kGenericError = 1;
+constexpr int kCorrupt = 11;
+constexpr int kCannotOpen = 14;
+constexpr int kConstraint = 19;
+constexpr int kNotADatabase = 26;
+
+QStringList companions()
+{
+    return {QString(), kJournalSuffix, kIndexSuffix, kRollbackSuffix};
+}
+
+QString freeDamagedName(const QString &directory)
+{
+    const QString stamp = QDateTime::currentDateTimeUtc().toString(QStringLiteral("yyyyMMdd-hhmmss"));
+    QString name;
+    int count = 1;
+    do {
+        const QString number = count > 1 ? QStringLiteral("-%1").arg(count) : QString();
+        name = nativePath(directory + QStringLiteral("/actionlog.damaged-%1%2.db").arg(stamp, number));
+        ++count;
+    } while (QFileInfo::exists(name));
+    return name;
+}
+
+void logLine(int severity, const QString &message)
+{
+    CORVANE_LOG(severity, Logger::Console, "ActionLogFile::open", message);
+}
+
+}  // namespace
+
+ActionLogFile::ActionLogFile(const QString &directory)
+    : ActionLogWriter(kEncryptedDriver)
+    , m_directory(QDir::cleanPath(QDir::fromNativeSeparators(directory)))
+    , m_path(nativePath(m_directory + QLatin1Char('/') + QLatin1String(ActionLogTable::kFileName)))
+{}
+
+ActionLogWriter::Opening ActionLogFile::open()
+{
+    if (!QDir().mkpath(m_directory)) {
+        setErrorText(QStringLiteral("The directory of the action log cannot be made"));
+        return Opening::NotOpened;
+    }
+    // Two programs that begin, complete or replace the file at the same time would take each other's
+    // unfinished file for a damaged one.
+    QLockFile lock(m_directory + QLatin1Char('/') + QLatin1String(kLockName));
+    if (!lock.tryLock(kLockTimeout)) {
+        setErrorText(QStringLiteral("The directory of the action log cannot be locked"));
+        return Opening::NotOpened;
+    }
+    const Opening opening = openOrReplace();
+    if (opening == Opening::NotOpened || opening == Opening::Unusable)
+        ActionLogWriter::close();
+    return opening;
+}
+
+ActionLogWriter::Opening ActionLogFile::openOrReplace()
+{
+    bool replaced = false;
+    Health health = lostItsContent() ? Health::Damaged : openFile();
+    if (health == Health::Damaged) {
+        logLine(Logger::Error, QStringLiteral("The action log is damaged: ") + errorText());
+        ActionLogWriter::close();
+        if (!moveAside())
+            return Opening::NotOpened;
+        replaced = true;
+        health = openFile();
+    }
+    switch (health) {
+    case Health::Sound:
+        return replaced ? Opening::Replaced : Opening::Ready;
+    case Health::NotOpened:
+        return Opening::NotOpened;
+    default:
+        return Opening::Unusable;
+    }
+}
+
+/// An empty file is never left by a program that closed it, and a journal without its file neither.
+bool ActionLogFile::lostItsContent() const
+{
+    const QFileInfo file(m_path);
+    if (file.isDir() || file.size() > 0)
+        return false;
+    return file.exists() || QFileInfo::exists(m_path + kJournalSuffix);
+}
+
+ActionLogFile::Health ActionLogFile::openFile()
+{
+    if (QFileInfo(m_path).isDir()) {
+        setErrorText(QStringLiteral("A directory is in the place of the action log"));
+        return Health::NotOpened;
+    }
+    if (!openDatabase(m_path))
+        return Health::NotOpened;
+    const QStringList keyStatements = databaseKeyStatements();
+    for (const QString &statement : keyStatements)
+        run(statement);
+    run(QStringLiteral("PRAGMA busy_timeout = %1").arg(kLockTimeout));
+    const Health health = examine();
+    if (health == Health::Sound) {
+        m_file = FileIdentity::of(m_path);
+        m_journal = FileIdentity::of(m_path + kJournalSuffix);
+    }
+    return health;
+}
+
+ActionLogFile::Health ActionLogFile::examine()
+{
+    const bool isNew = QFileInfo(m_path).size() == 0;
+    const QString entries = run(QStringLiteral("SELECT count(*) FROM sqlite_master"));
+    if (!succeeded())
+        return healthOfError();
+    if (!isNew) {
+        const Health health = readThrough();
+        if (health != Health::Sound)
+            return health;
+    }
+    if (entries != QLatin1String("0") && !holdsActionLog()) {
+        setErrorText(QStringLiteral("The file holds other tables than those of the action log"));
+        return Health::Damaged;
+    }
+    run(QStringLiteral("PRAGMA journal_mode = WAL"));
+    run(QStringLiteral("PRAGMA synchronous = FULL"));
+    const Health health = complete();
+    return health == Health::Sound ? tryToWrite() : health;
+}
+
+ActionLogFile::Health ActionLogFile::readThrough()
+{
+    if (QFileInfo(m_path).size() > kReadThroughSize)
+        return Health::Sound;
+    const QString answer = run(QStringLiteral("PRAGMA quick_check(1)"));
+    if (!succeeded())
+        return healthOfError();
+    if (answer == QLatin1String("ok"))
+        return Health::Sound;
+    setErrorText(answer);
+    return Health::Damaged;
+}
+
+bool ActionLogFile::holdsActionLog()
+{
+    const QString statement =
+        QStringLiteral("SELECT count(*) FROM sqlite_master WHERE type = 'table' AND name = '%1'");
+    return run(statement.arg(QLatin1String(ActionLogTable::kTable))) == QLatin1String("1");
+}
+
+ActionLogFile::Health ActionLogFile::complete()
+{
+    run(QStringLiteral("BEGIN IMMEDIATE"));
+    if (!succeeded())
+        return healthOfError();
+    if (!completeTables(QSqlDriver::SQLite)) {
+        const Health health = healthOfError();
+        const QString cause = errorText();
+        run(QStringLiteral("ROLLBACK"));
+        setErrorText(cause);
+        return health;
+    }
+    run(QStringLiteral("COMMIT"));
+    return succeeded() ? Health::Sound : healthOfError();
+}
+
+/// An insert that is taken back: it reaches the places of the file that the next event will reach.
+ActionLogFile::Health ActionLogFile::tryToWrite()
+{
+    run(QStringLiteral("BEGIN IMMEDIATE"));
+    if (!succeeded())
+        return healthOfError();
+    ActionLogEntry entry;
+    entry.time = QDateTime::currentDateTimeUtc();
+    const Health health = ActionLogWriter::write(entry) ? Health::Sound : healthOfError();
+    const QString cause = errorText();
+    run(QStringLiteral("ROLLBACK"));
+    setErrorText(cause);
+    return health;
+}
+
+ActionLogFile::Health ActionLogFile::healthOfError() const
+{
+    switch (error().nativeErrorCode().toInt() & kPrimaryCode) {
+    case kCorrupt:
+    case kNotADatabase:
+    case kGenericError:  // of these fixed statements: a table or column is not as it should be
+    case kConstraint:    // a column that this program doesn't know asks for a value
+        return Health::Damaged;
+    case kCannotOpen:
+        return Health::NotOpened;
+    default:
+        return Health::Unusable;
+    }
+}
+
+bool ActionLogFile::moveAside()
+{
+    const QString name = freeDamagedName(m_directory);
+    for (const QString &suffix : companions()) {
+        if (QFileInfo::exists(m_path + suffix) && !QFile::rename(m_path + suffix, name + suffix)) {
+            setErrorText(QStringLiteral("The damaged action log cannot be moved aside"));
+            return false;
+        }
+    }
+    logLine(Logger::Warning, QStringLiteral("The damaged action log was moved to ") + name);
+    return true;
+}
+
+bool ActionLogFile::write(const ActionLogEntry &entry)
+{
+    if (!ActionLogWriter::write(entry))
+        return false;
+    if (FileIdentity::of(m_path) == m_file && FileIdentity::of(m_path + kJournalSuffix) == m_journal)
+        return true;
+    setErrorText(QStringLiteral("The file of the action log was removed or replaced"));
+    return false;
+}
+
+void ActionLogFile::close()
+{
+    if (database().isOpen())
+        run(QStringLiteral("PRAGMA wal_checkpoint"));
+    ActionLogWriter::close();
+}

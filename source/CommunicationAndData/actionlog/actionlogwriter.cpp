@@ -1,0 +1,148 @@
+#include "CommunicationAndData/actionlog/actionlogwriter.h"
+
+#include <QRandomGenerator>
+#include <QUuid>
+
+#include <array>
+
+namespace {
+
+constexpr int kHashWords = 8;  // of 32 bits: 64 characters
+
+constexpr char kSelectHash[] = "SELECT hash FROM hash";
+
+QString randomHash()
+{
+    std::array<quint32, kHashWords> words;
+    QRandomGenerator::system()->fillRange(words.data(), kHashWords);
+    const QByteArray bytes(reinterpret_cast<const char *>(words.data()), sizeof words);
+    return QString::fromLatin1(bytes.toHex());
+}
+
+}  // namespace
+
+ActionLogWriter::ActionLogWriter(const char *driver)
+    : m_driver(QLatin1String(driver))
+    , m_connectionName(QStringLiteral("actionlog.engine.") + QUuid::createUuid().toString(QUuid::Id128))
+{}
+
+ActionLogWriter::~ActionLogWriter()
+{
+    ActionLogWriter::close();
+}
+
+bool ActionLogWriter::openDatabase(const QString &databaseName, const QString &connectOptions,
+                                   const QString &username, const QString &password)
+{
+    m_database = QSqlDatabase::addDatabase(m_driver, m_connectionName);
+    m_database.setDatabaseName(databaseName);
+    m_database.setConnectOptions(connectOptions);
+    m_database.open(username, password);
+    return keepError(m_database.lastError());
+}
+
+void ActionLogWriter::close()
+{
+    m_insert.reset();
+    if (!m_database.isValid())
+        return;
+    m_database.close();
+    m_database = QSqlDatabase();
+    QSqlDatabase::removeDatabase(m_connectionName);
+}
+
+bool ActionLogWriter::write(const ActionLogEntry &entry)
+{
+    if (!m_insert && !prepareInsert())
+        return false;
+    const QVariantList values = entry.values();
+    for (int i = 0; i < values.size(); ++i)
+        m_insert->bindValue(i, values.at(i));
+    m_insert->exec();
+    const bool written = keepError(m_insert->lastError());
+    m_insert->finish();
+    return written;
+}
+
+QString ActionLogWriter::errorText() const
+{
+    return m_errorText;
+}
+
+void ActionLogWriter::setErrorText(const QString &text)
+{
+    m_errorText = text;
+}
+
+QString ActionLogWriter::run(const QString &statement)
+{
+    QSqlQuery query(m_database);
+    query.setForwardOnly(true);
+    query.exec(statement);
+    if (!keepError(query.lastError()))
+        return QString();
+    QString value;
+    if (query.isSelect() && query.next())
+        value = query.value(0).toString();
+    keepError(query.lastError());
+    return value;
+}
+
+bool ActionLogWriter::completeTables(QSqlDriver::DbmsType type)
+{
+    if (!hasTables()) {
+        const QSqlError cause = createTables(type);
+        // Another program may have made them at the same moment: what counts is that they are there.
+        if (!hasTables()) {
+            if (cause.type() != QSqlError::NoError)
+                keepError(cause);
+            return false;
+        }
+    }
+    completeHash();
+    return hasTables();
+}
+
+QSqlError ActionLogWriter::createTables(QSqlDriver::DbmsType type)
+{
+    const QStringList statements = ActionLogTable::creationStatements(type);
+    for (const QString &statement : statements) {
+        run(statement);
+        if (!succeeded())
+            break;
+    }
+    return error();
+}
+
+bool ActionLogWriter::hasTables()
+{
+    run(ActionLogTable::probeStatement());
+    if (!succeeded())
+        return false;
+    run(QLatin1String(kSelectHash));
+    return succeeded();
+}
+
+void ActionLogWriter::completeHash()
+{
+    const QString hash = run(QLatin1String(kSelectHash));
+    if (succeeded() && hash.isEmpty())
+        run(QStringLiteral("INSERT INTO hash (hash) VALUES ('%1')").arg(randomHash()));
+}
+
+bool ActionLogWriter::prepareInsert()
+{
+    m_insert = std::make_unique<QSqlQuery>(m_database);
+    m_insert->prepare(ActionLogTable::insertStatement());
+    if (keepError(m_insert->lastError()))
+        return true;
+    m_insert.reset();
+    return false;
+}
+
+bool ActionLogWriter::keepError(const QSqlError &error)
+{
+    m_error = error;
+    m_errorText = error.type() == QSqlError::NoError ? QString() : error.text().trimmed();
+    return error.type() == QSqlError::NoError;
+}
