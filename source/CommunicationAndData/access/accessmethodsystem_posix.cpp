@@ -77,6 +77,12 @@ QString sidOfUser(quint32 user)
     return sidOfThisComputer() + QString::number(kFirstRelativeId + 2 * quint64(user));
 }
 
+/// An account as domain + "\\" + name. A directory's accounts bring their domain along.
+QString accountName(const QString &domain, const QString &name)
+{
+    return name.contains(QLatin1Char('\\')) ? name : qualifiedName(domain, name);
+}
+
 bool isOrdinary(quint32 id, quint32 lowest)
 {
     return id >= lowest && (id < kFirstReserved || id > kLastReserved);
@@ -287,7 +293,7 @@ QString currentUsername(QString &sid, QString &error)
         return QString();
     }
     sid = sidOfUser(user);
-    const QString name = qualifiedName(hostName(), account.name);
+    const QString name = accountName(hostName(), account.name);
     log(function, QLatin1String("currentUser=") + name);
     return name;
 }
@@ -303,7 +309,7 @@ QStringList currentUserGroups()
     for (const quint32 id : qAsConst(token.groups)) {
         const QString name = groupName(id);
         if (!name.isEmpty())
-            names.append(qualifiedName(hostName(), name));
+            names.append(accountName(hostName(), name));
     }
     names.removeDuplicates();
     return names;
@@ -342,7 +348,7 @@ QStringList getSystemGroups(const QString &server)
     setgrent();
     while (const group *entry = getgrent()) {
         if (isOrdinary(entry->gr_gid, lowest))
-            names.append(qualifiedName(prefix, QString::fromLocal8Bit(entry->gr_name)));
+            names.append(accountName(prefix, QString::fromLocal8Bit(entry->gr_name)));
     }
     endgrent();
     names.removeDuplicates();
@@ -362,7 +368,7 @@ QStringList getSystemUsers(const QString &server)
     setpwent();
     while (const passwd *entry = getpwent()) {
         if (isOrdinary(entry->pw_uid, lowest))
-            names.append(qualifiedName(prefix, QString::fromLocal8Bit(entry->pw_name)));
+            names.append(accountName(prefix, QString::fromLocal8Bit(entry->pw_name)));
     }
     endpwent();
     names.removeDuplicates();
@@ -382,8 +388,9 @@ bool logonAdmin(const QString &user, const QString &domain, const QString &passw
                 QString &error)
 {
     const auto function = QLatin1String("logonAdmin");
+    const QString name = isThisComputer(domain) ? user : accountName(domain, user);
     QString account;
-    if (!isThisComputer(domain) || !pamAccepts(user, password, account))
+    if (!pamAccepts(name, password, account))
         return fail(function, kLoginFailure, error);
     AccountToken token;
     if (!openAccountToken(account, token))

@@ -1,0 +1,41 @@
+#ifndef TESTS_TESTACCOUNT_H
+#define TESTS_TESTACCOUNT_H
+
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+
+/// An account of this computer with a random name and a group of its own, removed with the object.
+class TestAccount
+{
+public:
+    /// \param groups  further groups
+    explicit TestAccount(const QStringList &groups = {});
+    ~TestAccount();
+    Q_DISABLE_COPY(TestAccount)
+
+    /// Why accounts can't be made here; empty when they can.
+    static QString obstacle();
+
+    bool exists() const;
+    QString name() const;
+    QString password() const;
+    quint32 user() const;
+
+    /// Runs a program that changes the account, with the account's name as last argument.
+    bool change(const QString &program, const QStringList &arguments);
+    bool setPassword(const QString &password);
+
+private:
+    QString m_name;
+    QString m_password;
+};
+
+/// Runs `body` in a process of its own, which can give up its rights, and returns what the body returned.
+QByteArray inOwnProcess(const std::function<QByteArray()> &body);
+
+/// Runs `body` in a thread of its own, which can change what belongs to a thread.
+void inOwnThread(const std::function<void()> &body);
+
+#endif
