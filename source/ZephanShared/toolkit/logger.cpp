@@ -7,6 +7,12 @@
 
 #include <cstdio>
 
+#ifdef Q_OS_WIN
+#include <io.h>
+#else
+#include <fcntl.h>
+#endif
+
 namespace {
 
 const auto kLogName = QLatin1String("CORVANE_runtime.log");
@@ -42,6 +48,18 @@ QString temporaryFile(const QString &name)
     return nativePath(qEnvironmentVariable("TEMP") + QLatin1Char('/') + name);
 }
 
+/// Whether the process has a standard output at all: started without a console or with it closed, it has
+/// none.
+bool hasStandardOutput()
+{
+#ifdef Q_OS_WIN
+    return _fileno(stdout) >= 0;
+#else
+    const int flags = fcntl(fileno(stdout), F_GETFL);
+    return flags != -1 && (flags & O_ACCMODE) != O_RDONLY;
+#endif
+}
+
 void noteMissingOutput()
 {
     QFile file(QStringLiteral("logger_error.log"));
@@ -59,7 +77,6 @@ Logger &Logger::getInstance()
 
 Logger::Logger()
 {
-    m_stream.setCodec("UTF-8");
     const QString name = temporaryFile(kLogName);
     if (name.isEmpty()) {
         if (openStandardOutput()) {
@@ -70,7 +87,7 @@ Logger::Logger()
     }
     m_file.setFileName(name);
     if (m_file.open(QIODevice::WriteOnly | QIODevice::Text)) {
-        m_stream.setDevice(&m_file);
+        attachStream();
         m_logToFile = true;
     } else if (openStandardOutput()) {
         writeLine(Error, Unnamed, kLoggerConstructor, 0, QString(),
@@ -87,9 +104,9 @@ void Logger::log(int severity, int module, const QString &function, int line, co
 QString Logger::sourceName(const char *path)
 {
     QString name = QString::fromLocal8Bit(path).replace(QLatin1Char('\\'), QLatin1Char('/'));
-    const int folder = name.lastIndexOf(QLatin1String("source/"));
+    const int folder = name.lastIndexOf(QLatin1String("/source/"));
     if (folder >= 0)
-        name = QLatin1String("../../") + name.mid(folder);
+        name = QLatin1String("../..") + name.mid(folder);
     const int ending = name.lastIndexOf(QLatin1Char('.'));
     if (ending > name.lastIndexOf(QLatin1Char('/')))
         name.truncate(ending);
@@ -98,12 +115,18 @@ QString Logger::sourceName(const char *path)
 
 bool Logger::openStandardOutput()
 {
-    if (!m_file.open(stdout, QIODevice::WriteOnly | QIODevice::Text)) {
+    if (!hasStandardOutput() || !m_file.open(stdout, QIODevice::WriteOnly | QIODevice::Text)) {
         noteMissingOutput();
         return false;
     }
-    m_stream.setDevice(&m_file);
+    attachStream();
     return true;
+}
+
+void Logger::attachStream()
+{
+    m_stream.setDevice(&m_file);
+    m_stream.setCodec("UTF-8");  // a new device brings the codec of the locale with it
 }
 
 void Logger::writeLine(int severity, int module, const QString &function, int line, const QString &file,

@@ -36,8 +36,7 @@ public:
              const QString &message);
 
     /// The name under which a source file stands in the log: its path below `source`, with backslashes,
-    /// behind
-    /// "..\..\source\" and without its ending.
+    /// behind "..\..\source\" and without its ending.
     ///
     /// \param path  as `__FILE__` gives it
     static QString sourceName(const char *path);
@@ -48,6 +47,7 @@ private:
     Q_DISABLE_COPY(Logger)
 
     bool openStandardOutput();
+    void attachStream();
     void writeLine(int severity, int module, const QString &function, int line, const QString &file,
                    const QString &message);
     void rotate();
