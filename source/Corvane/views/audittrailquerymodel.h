@@ -1,0 +1,26 @@
+#ifndef AUDITTRAILQUERYMODEL_H
+#define AUDITTRAILQUERYMODEL_H
+
+#include <QSqlQueryModel>
+
+/// The rows of the action log with words in place of the stored numbers, and times in the user's date format.
+///
+/// Sorting and filtering act on the stored numbers, in SQL, never on the words.
+class AuditTrailQueryModel : public QSqlQueryModel
+{
+    Q_OBJECT
+
+public:
+    explicit AuditTrailQueryModel(QObject *parent = nullptr);
+
+    QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+
+    /// The fixed identifier of an action, which is not translated; the translated "Unknown" for other
+    /// numbers.
+    static QString actionName(int value);
+    static QString categoryName(int value);
+    static QString levelName(int value);
+    static QString typeName(int value);
+};
+
+#endif

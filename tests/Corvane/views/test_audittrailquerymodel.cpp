@@ -1,0 +1,151 @@
+#include "CommunicationAndData/settings/settingshandler.h"
+#include "CommunicationAndData/settings/settingskeys.h"
+#include "Corvane/views/audittrailquerymodel.h"
+#include "Corvane/views/audittrailquerystring.h"
+#include "support/workstation.h"
+
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QTest>
+#include <QTranslator>
+
+namespace {
+
+/// Answers every text with the same text in capitals.
+class CapitalTranslator : public QTranslator
+{
+public:
+    QString translate(const char *, const char *source, const char *, int) const override
+    {
+        return QString::fromUtf8(source).toUpper();
+    }
+    bool isEmpty() const override
+    {
+        return false;
+    }
+};
+
+}  // namespace
+
+class TestAuditTrailQueryModel : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void cleanupTestCase();
+    void words_data();
+    void words();
+    void timesFollowTheDateFormatWithoutANewQuery();
+    void otherRolesAndColumnsAreLeftAlone();
+    void languageChangesWordsButNeverActionNames();
+
+private:
+    QString shown(const QString &column, const QString &literal) const;
+
+    Workstation m_workstation;
+};
+
+void TestAuditTrailQueryModel::initTestCase()
+{
+    SettingsHandler::getInstance()->changeSettingsFile(m_workstation.dataDirectory() +
+                                                       QLatin1String(kSettingsFileName));
+    QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"));
+    database.setDatabaseName(QStringLiteral(":memory:"));
+    QVERIFY(database.open());
+}
+
+void TestAuditTrailQueryModel::cleanupTestCase()
+{
+    QSqlDatabase::removeDatabase(QLatin1String(QSqlDatabase::defaultConnection));
+}
+
+QString TestAuditTrailQueryModel::shown(const QString &column, const QString &literal) const
+{
+    AuditTrailQueryModel model;
+    model.setQuery(QStringLiteral("SELECT %1 AS %2").arg(literal, column));
+    return model.data(model.index(0, 0)).toString();
+}
+
+void TestAuditTrailQueryModel::words_data()
+{
+    QTest::addColumn<QString>("column");
+    QTest::addColumn<QString>("literal");
+    QTest::addColumn<QString>("expected");
+
+    const auto row = [](const char *name, const char *column, const char *literal, const char *expected) {
+        QTest::newRow(name) << QString::fromLatin1(column) << QString::fromLatin1(literal)
+                            << QString::fromLatin1(expected);
+    };
+    row("an action shows its identifier", "action", "8720", "SearchAuditTrail");
+    row("the last action of the last family", "action", "20996", "ConnectionChange");
+    row("action 0 is unknown", "action", "0", "Unknown");
+    row("an action between two families is unknown", "action", "8450", "Unknown");
+    row("an action that is a text of digits shows its identifier", "action", "'4864'", "Login");
+    row("an action that is no number stands as it is", "action", "'by hand'", "by hand");
+    row("access", "category", "4096", "Access");
+    row("database", "category", "8192", "Database");
+    row("user", "category", "12288", "User");
+    row("transfer", "category", "16384", "Transfer");
+    row("system", "category", "20480", "System");
+    row("error", "category", "24576", "Error");
+    row("another category is unknown", "category", "1", "Unknown");
+    row("low", "action_level", "256", "Low");
+    row("normal", "action_level", "512", "Normal");
+    row("high", "action_level", "768", "High");
+    row("another level is unknown", "action_level", "3", "Unknown");
+    row("automatic", "action_type", "0", "Automatic");
+    row("human", "action_type", "1", "Human");
+    row("action type 2 is unknown", "action_type", "2", "Unknown");
+}
+
+void TestAuditTrailQueryModel::words()
+{
+    QFETCH(QString, column);
+    QFETCH(QString, literal);
+    QFETCH(QString, expected);
+    QCOMPARE(shown(column, literal), expected);
+}
+
+void TestAuditTrailQueryModel::timesFollowTheDateFormatWithoutANewQuery()
+{
+    SettingsHandler *store = SettingsHandler::getInstance();
+    AuditTrailQueryModel model;
+    model.setQuery(QStringLiteral("SELECT '2016-03-01 22:15:30' AS timestamp_action"));
+    store->setValue(QLatin1String(SettingsKeys::kTimeAmPm), true);
+    store->setValue(QLatin1String(SettingsKeys::kDateFormat), 0);
+    store->setValue(QLatin1String(SettingsKeys::kDateSeparator), 0);
+    QCOMPARE(model.data(model.index(0, 0)).toString(), QStringLiteral("01.03.2016 22:15:30"));
+    store->setValue(QLatin1String(SettingsKeys::kDateFormat), 5);
+    store->setValue(QLatin1String(SettingsKeys::kDateSeparator), 2);
+    QCOMPARE(model.data(model.index(0, 0)).toString(), QStringLiteral("3/1/2016 22:15:30"));
+}
+
+void TestAuditTrailQueryModel::otherRolesAndColumnsAreLeftAlone()
+{
+    AuditTrailQueryModel model;
+    model.setQuery(QStringLiteral("SELECT 8720 AS action, 8720 AS info"));
+    QCOMPARE(model.data(model.index(0, 0), Qt::EditRole).toInt(), 8720);
+    QCOMPARE(model.data(model.index(0, 1)).toInt(), 8720);
+    QVERIFY(!model.data(model.index(0, 0), Qt::DecorationRole).isValid());
+    QVERIFY(!model.data(QModelIndex()).isValid());
+}
+
+void TestAuditTrailQueryModel::languageChangesWordsButNeverActionNames()
+{
+    CapitalTranslator translator;
+    QCoreApplication::installTranslator(&translator);
+    const QString level = AuditTrailQueryModel::levelName(256);
+    const QString action = AuditTrailQueryModel::actionName(4864);
+    const QString unknown = AuditTrailQueryModel::actionName(1);
+    const QString header = AuditTrailQueryString::headerText(0);
+    QCoreApplication::removeTranslator(&translator);
+    QCOMPARE(level, QStringLiteral("LOW"));
+    QCOMPARE(action, QStringLiteral("Login"));
+    QCOMPARE(unknown, QStringLiteral("UNKNOWN"));
+    QCOMPARE(header, QStringLiteral("TIME (UTC)"));
+}
+
+QTEST_GUILESS_MAIN(TestAuditTrailQueryModel)
+#include "test_audittrailquerymodel.moc"
