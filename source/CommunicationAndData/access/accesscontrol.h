@@ -16,6 +16,10 @@ class QSqlDatabase;
 /// Methods: "none" takes the given user as it is, with the rights that `accesscontrol/defaultrights` holds
 /// during `login`; "Internal users" compares name and password with the access tables; "Windows group based"
 /// and "Windows user based" look up the current account there. Default rights count for "none" alone.
+///
+/// A stored account name is compared without regard to case; one without a domain or computer in front means
+/// the account of that name in any. All groups of the account count, and the operator is then the account
+/// itself, with the id of its security identifier.
 class AccessControl : public QObject
 {
     Q_OBJECT
@@ -39,7 +43,10 @@ public:
     AccessType allowedAccessTypes() const;
 
 signals:
-    /// \param errorCode  0 for success
+    /// \param errorCode     0 for success; `ZephanErrors::kLoginFailed` for a refusal; `kNoConnection` or
+    ///                      `kStatementFailed` when the database could not be asked
+    /// \param errorData     the user of a failed attempt; empty for success
+    /// \param errorMessage  the cause for the run-time log, untranslated
     void loginResult(uint errorCode, const QVariant &errorData, const QString &errorMessage);
 
 private:
