@@ -1,0 +1,355 @@
+#include "Corvane/accesscontrol/supportconnectionhandler.h"
+
+#include "CommunicationAndData/settings/settingshandler.h"
+#include "CommunicationAndData/settings/settingskeys.h"
+#include "Corvane/accesscontrol/accesscontroloffline.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QSettings>
+#include <QSqlError>
+#include <QVBoxLayout>
+
+namespace {
+
+const char *const kOnlineConnection = "access.supportdb";
+const char *const kOdbcDriver = "QODBC3";
+const char *const kConnectionInfo = "Corvane access connection";
+
+constexpr int kDialogWidth = 400;
+constexpr int kRowHeight = 30;
+constexpr int kRowWidth = 250;
+
+const QStringList &accessTables()
+{
+    static const QStringList tables{QStringLiteral("roles"), QStringLiteral("organization"),
+                                    QStringLiteral("department"), QStringLiteral("operator_roles"),
+                                    QStringLiteral("operator")};
+    return tables;
+}
+
+const QStringList &defaultConnectOptions()
+{
+    static const QStringList options{QStringLiteral("SQL_ATTR_LOGIN_TIMEOUT=2"),
+                                     QStringLiteral("SQL_ATTR_CONNECTION_TIMEOUT=2")};
+    return options;
+}
+
+/// A key of the support database in the connection parameter map.
+QString mapKey(const char *name)
+{
+    return QLatin1String(SettingsKeys::kSupportDbGroup) + QLatin1Char('/') + QLatin1String(name);
+}
+
+QVariantMap readParameterArray(QSettings &settings)
+{
+    QVariantMap parameters;
+    const int size = settings.beginReadArray(QLatin1String(SettingsKeys::kParams));
+    for (int i = 0; i < size; ++i) {
+        settings.setArrayIndex(i);
+        parameters.insert(settings.value(QLatin1String(SettingsKeys::kParamKey)).toString(),
+                          settings.value(QLatin1String(SettingsKeys::kParamValue)));
+    }
+    settings.endArray();
+    return parameters;
+}
+
+void writeParameterArray(QSettings &settings, const QVariantMap &parameters)
+{
+    settings.remove(QLatin1String(SettingsKeys::kParams));
+    settings.beginWriteArray(QLatin1String(SettingsKeys::kParams), parameters.size());
+    int index = 0;
+    for (auto parameter = parameters.begin(); parameter != parameters.end(); ++parameter) {
+        settings.setArrayIndex(index++);
+        settings.setValue(QLatin1String(SettingsKeys::kParamKey), parameter.key());
+        settings.setValue(QLatin1String(SettingsKeys::kParamValue), parameter.value());
+    }
+    settings.endArray();
+}
+
+/// Shows that the program waits, for as long as it lives.
+class WaitCursor
+{
+public:
+    WaitCursor()
+    {
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    }
+    ~WaitCursor()
+    {
+        QApplication::restoreOverrideCursor();
+    }
+    Q_DISABLE_COPY(WaitCursor)
+};
+
+}  // namespace
+
+SupportConnectionHandler::SupportConnectionHandler(QString dataPath, QWidget *parent)
+    : QDialog(parent)
+    , m_settings(openSettingsFile(dataPath + QLatin1String(LocalCache::kFileName)))
+    , m_dataPath(std::move(dataPath))
+{
+    new QVBoxLayout(this);
+    setMinimumWidth(kDialogWidth);
+    readConnectionSettings();
+    refreshCredentials();
+    refreshParameters();
+    connect(this, SIGNAL(logError(Actions::Action, ZephanError, QVariant)), this, SLOT(error()));
+}
+
+SupportConnectionHandler::~SupportConnectionHandler()
+{
+    writeConnectionSettings();
+    closeConnection();
+    m_offline.reset();
+}
+
+bool SupportConnectionHandler::connectOnline()
+{
+    if (m_database.isValid() || QSqlDatabase::contains(QLatin1String(kOnlineConnection)))
+        closeConnection();
+    m_database = QSqlDatabase::addDatabase(QLatin1String(kOdbcDriver), QLatin1String(kOnlineConnection));
+    m_database.setDatabaseName(joinedParameters());
+    m_database.setConnectOptions(m_connectOptions.toStringList().join(QLatin1Char(';')));
+    if (openOnline() && hasAccessTables()) {
+        logConnection(Actions::Started, Actions::Automatic, QLatin1String(kOnlineConnection));
+        updateConnectionState();
+        return true;
+    }
+    emit logError(
+        Actions::Initialize, ZephanErrors::kNoConnection,
+        QStringLiteral("Database: %1 ErrorInfo: %2").arg(joinedParameters(), m_database.lastError().text()));
+    forgetConnection();
+    updateConnectionState();
+    return false;
+}
+
+void SupportConnectionHandler::closeConnection()
+{
+    logConnection(Actions::Stopping, Actions::Automatic, m_database.connectionName());
+    forgetConnection();
+    updateConnectionState();
+}
+
+bool SupportConnectionHandler::isConnected() const
+{
+    return m_database.isValid() && m_database.isOpen();
+}
+
+void SupportConnectionHandler::setOfflineAllowed(bool allowed)
+{
+    m_offlineAllowed = allowed;
+}
+
+QVBoxLayout *SupportConnectionHandler::createConnectionRow()
+{
+    auto *button = new QPushButton;
+    button->setObjectName(QStringLiteral("connection_options_button"));
+    button->setFixedSize(kRowWidth, kRowHeight);
+    connect(button, SIGNAL(clicked()), this, SLOT(connectionOptions()));
+    auto *label = new QLabel;
+    label->setObjectName(QStringLiteral("connection_state_label"));
+    label->setFixedSize(kRowWidth, kRowHeight);
+    m_connectionRows.append({button, label});
+
+    auto *layout = new QVBoxLayout;
+    layout->addWidget(button);
+    layout->addWidget(label);
+    updateConnectionState();
+    return layout;
+}
+
+QSqlDatabase *SupportConnectionHandler::database()
+{
+    return &m_database;
+}
+
+QString SupportConnectionHandler::dataPath() const
+{
+    return m_dataPath;
+}
+
+QVariant SupportConnectionHandler::sqlType() const
+{
+    return m_sqlType;
+}
+
+bool SupportConnectionHandler::beginTransaction()
+{
+    return isConnected() && checkTransaction(m_database.transaction(),
+                                             QStringLiteral("Transaction begin failed in access.supportdb"));
+}
+
+bool SupportConnectionHandler::commitTransaction()
+{
+    return isConnected() && checkTransaction(m_database.commit(),
+                                             QStringLiteral("Transaction commit failed in access.supportdb"));
+}
+
+bool SupportConnectionHandler::rollbackTransaction()
+{
+    return isConnected() &&
+           checkTransaction(m_database.rollback(),
+                            QStringLiteral("Transaction rollback failed in access.supportdb"));
+}
+
+void SupportConnectionHandler::error()
+{
+    closeConnection();
+    emit reconnected();
+}
+
+void SupportConnectionHandler::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        updateConnectionState();
+    QDialog::changeEvent(event);
+}
+
+void SupportConnectionHandler::readConnectionSettings()
+{
+    const auto machineSettings = openLocalApplicationSettings();
+    const QString storedGroup = QLatin1String(LocalCache::kSupportDbOnlineGroup);
+    const QString settingsGroup = QLatin1String(SettingsKeys::kSupportDbGroup);
+    if (m_settings->childGroups().contains(storedGroup))
+        readParametersOfGroup(*m_settings, storedGroup);
+    else if (SettingsHandler::getInstance()->generalSettings()->childGroups().contains(settingsGroup))
+        readParametersOfStore();
+    else
+        readParametersOfGroup(*machineSettings, settingsGroup);
+    readOfflineChoice();
+}
+
+void SupportConnectionHandler::readParametersOfGroup(QSettings &settings, const QString &group)
+{
+    settings.beginGroup(group);
+    m_connectionValues.insert(QLatin1String(SettingsKeys::kParams), readParameterArray(settings));
+    for (const char *name :
+         {SettingsKeys::kConnectOptions, SettingsKeys::kDriverParams, SettingsKeys::kSqlType}) {
+        const QVariant value = settings.value(QLatin1String(name));
+        if (value.isValid())
+            m_connectionValues.insert(mapKey(name), value);
+    }
+    settings.endGroup();
+    // Without time-outs a silent server would hold up the program for minutes.
+    if (!m_connectionValues.contains(mapKey(SettingsKeys::kConnectOptions)))
+        m_connectionValues.insert(mapKey(SettingsKeys::kConnectOptions), defaultConnectOptions());
+}
+
+void SupportConnectionHandler::readParametersOfStore()
+{
+    SettingsHandler *store = SettingsHandler::getInstance();
+    const QString params = QLatin1String(SettingsKeys::kParams);
+    m_connectionValues.insert(
+        params, store->databaseSettings(QLatin1String(SettingsKeys::kSupportDbGroup)).value(params).toMap());
+    const QString options = mapKey(SettingsKeys::kConnectOptions);
+    m_connectionValues.insert(options, store->value(options, defaultConnectOptions()));
+    for (const char *name : {SettingsKeys::kDriverParams, SettingsKeys::kSqlType})
+        m_connectionValues.insert(mapKey(name), store->value(mapKey(name), QString()));
+}
+
+void SupportConnectionHandler::readOfflineChoice()
+{
+    const QString group = QLatin1String(LocalCache::kSupportDbOfflineGroup);
+    if (!m_settings->childGroups().contains(group))
+        return;
+    m_settings->beginGroup(group);
+    m_connectionValues.insert(mapKey(SettingsKeys::kOfflineLocation),
+                              m_settings->value(QLatin1String(LocalCache::kLocation)));
+    m_connectionValues.insert(mapKey(SettingsKeys::kOnlineMode),
+                              m_settings->value(QLatin1String(LocalCache::kOnlineMode)));
+    m_settings->endGroup();
+}
+
+// The user name and the password are left out: they are asked for in each run.
+void SupportConnectionHandler::writeConnectionSettings()
+{
+    m_settings->beginGroup(QLatin1String(LocalCache::kSupportDbOnlineGroup));
+    writeParameterArray(*m_settings, m_connectionValues.value(QLatin1String(SettingsKeys::kParams)).toMap());
+    for (const char *name :
+         {SettingsKeys::kConnectOptions, SettingsKeys::kDriverParams, SettingsKeys::kSqlType})
+        m_settings->setValue(QLatin1String(name), m_connectionValues.value(mapKey(name)));
+    m_settings->endGroup();
+
+    m_settings->beginGroup(QLatin1String(LocalCache::kSupportDbOfflineGroup));
+    m_settings->setValue(QLatin1String(LocalCache::kLocation),
+                         m_connectionValues.value(mapKey(SettingsKeys::kOfflineLocation)));
+    m_settings->setValue(QLatin1String(LocalCache::kOnlineMode),
+                         m_connectionValues.value(mapKey(SettingsKeys::kOnlineMode)));
+    m_settings->endGroup();
+}
+
+void SupportConnectionHandler::refreshCredentials()
+{
+    m_username = m_connectionValues.value(mapKey(SettingsKeys::kUsername)).toString();
+    m_password = m_connectionValues.value(mapKey(SettingsKeys::kPassword)).toString();
+}
+
+void SupportConnectionHandler::refreshParameters()
+{
+    m_connectOptions = m_connectionValues.value(mapKey(SettingsKeys::kConnectOptions));
+    m_driverParams = m_connectionValues.value(mapKey(SettingsKeys::kDriverParams));
+    m_sqlType = m_connectionValues.value(mapKey(SettingsKeys::kSqlType));
+}
+
+QString SupportConnectionHandler::joinedParameters() const
+{
+    const QVariantMap parameters = m_connectionValues.value(QLatin1String(SettingsKeys::kParams)).toMap();
+    QStringList pairs;
+    for (auto parameter = parameters.begin(); parameter != parameters.end(); ++parameter)
+        pairs.append(parameter.key() + QLatin1Char('=') + parameter.value().toString());
+    return pairs.join(QLatin1Char(';'));
+}
+
+bool SupportConnectionHandler::openOnline()
+{
+    const WaitCursor cursor;
+    return m_database.open(m_username, m_password);
+}
+
+bool SupportConnectionHandler::hasAccessTables() const
+{
+    const WaitCursor cursor;
+    const QStringList present = m_database.tables(QSql::Tables);
+    return std::all_of(accessTables().begin(), accessTables().end(),
+                       [&present](const QString &table) { return present.contains(table); });
+}
+
+// The offline file's object shares its connection, so it has to let go as well before the name is free.
+void SupportConnectionHandler::forgetConnection()
+{
+    const QString name = m_database.connectionName();
+    m_database.close();
+    m_database = QSqlDatabase();
+    if (m_offline)
+        m_offline->closeOfflineDatabase();
+    QSqlDatabase::removeDatabase(name);
+}
+
+void SupportConnectionHandler::logConnection(Actions::Action action, Actions::ActionType type,
+                                             const QString &key)
+{
+    emit logAction(action, type, UuidString(), key, m_database.databaseName(),
+                   QLatin1String(kConnectionInfo));
+}
+
+void SupportConnectionHandler::updateConnectionState()
+{
+    const QString state = isConnected() ? tr("Connected to authentication database")
+                                        : tr("No connection to authentication database");
+    for (const ConnectionRow &row : qAsConst(m_connectionRows)) {
+        if (row.first)
+            row.first->setText(tr("Connection options"));
+        if (row.second)
+            row.second->setText(state);
+    }
+}
+
+bool SupportConnectionHandler::checkTransaction(bool done, const QString &failure)
+{
+    if (!done)
+        emit logError(Actions::Transaction, ZephanErrors::kStatementFailed, failure);
+    return done;
+}
