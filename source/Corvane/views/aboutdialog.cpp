@@ -16,7 +16,7 @@
 namespace {
 
 constexpr QSize kMinimumTextSize(450, 450);
-constexpr qint64 kNoticeBytes = 512;
+constexpr qint64 kNoticeBytes = 512;  // without the zero byte that the device ends a line with
 
 const auto kFamily = QLatin1String("Arial");
 
@@ -26,7 +26,7 @@ QString firstLine(const QString &path)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
         return QString();
-    const QByteArray line = file.readLine(kNoticeBytes);
+    const QByteArray line = file.readLine(kNoticeBytes + 1);
     return line.isEmpty() ? QString() : QString::fromUtf8(line).trimmed();
 }
 

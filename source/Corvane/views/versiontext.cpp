@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr qint64 kVersionBytes = 10;
+constexpr qint64 kVersionBytes = 10;  // with the zero byte that the device ends a line with
 constexpr int kMaximumParts = 3;
 
 const auto kZero = QLatin1String("0");
@@ -24,7 +24,7 @@ QString versionPart(const QString &text)
 QString readVersionLine(const QString &path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
+    if (!file.exists() || !file.open(QIODevice::ReadOnly | QIODevice::Text))
         return QString();
     return QString::fromUtf8(file.readLine(kVersionBytes));
 }

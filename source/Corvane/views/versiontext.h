@@ -3,7 +3,8 @@
 
 #include <QString>
 
-/// The first line of the version file, at most ten bytes of it, with its line end.
+/// The first line of the version file with its line end, as far as `readLine(10)` delivers it: that is nine
+/// bytes.
 ///
 /// \return  an empty text when the file is missing or can't be read
 QString readVersionLine(const QString &path);

@@ -61,6 +61,7 @@ ZephanSplash::ZephanSplash(int alignment, const QColor &color, const QPixmap &pi
     if (parent)
         setParent(parent, windowFlags());
     m_timer.setSingleShot(true);
+    m_timer.setTimerType(Qt::PreciseTimer);  // others may be early, and the interval is the least time
 }
 
 void ZephanSplash::drawLogo(const QString &path)

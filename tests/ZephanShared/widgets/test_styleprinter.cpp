@@ -61,7 +61,7 @@ QString buttonSheet(const QString &selector)
                          "padding-right: 15px; } ");
 }
 
-/// The colour in the middle of a widget's left half, clear of borders and text.
+/// The colour near a widget's right end, clear of borders and text.
 QColor backgroundOf(QWidget *widget)
 {
     const QImage image = widget->grab().toImage();
@@ -94,7 +94,7 @@ private slots:
     void everySheetIsUnderstood();
     void fieldColours_data();
     void fieldColours();
-    void aFocusedFieldLosesItsStateColour();
+    void aFocusedFieldShowsTheFocusBorderWhateverItsState();
 };
 
 void TestStylePrinter::palette_data()
@@ -288,10 +288,10 @@ void TestStylePrinter::fieldColours()
     QCOMPARE(backgroundOf(&edit), QColor(color));
 }
 
-void TestStylePrinter::aFocusedFieldLosesItsStateColour()
+void TestStylePrinter::aFocusedFieldShowsTheFocusBorderWhateverItsState()
 {
     QLineEdit edit;
-    edit.setStyleSheet(StylePrinter::lineEditStyle(true, false, false));
+    edit.setStyleSheet(StylePrinter::lineEditStyle(false, true, false));
     edit.resize(120, 25);
     edit.show();
     QApplication::setActiveWindow(&edit);
