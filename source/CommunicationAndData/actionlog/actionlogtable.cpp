@@ -33,6 +33,12 @@ QString withoutComments(QString script)
     return script.remove(comment);
 }
 
+/// A null text would become a null value, and no column takes one.
+QString notNull(const QString &text)
+{
+    return text.isNull() ? QLatin1String("") : text;
+}
+
 }  // namespace
 
 QVariantList ActionLogEntry::values() const
@@ -43,12 +49,12 @@ QVariantList ActionLogEntry::values() const
             action,
             actionType,
             operatorId.toString(),
-            operatorName,
-            system,
+            notNull(operatorName),
+            notNull(system),
             databaseKey.toString(),
-            info,
-            targetDatabase,
-            targetServer};
+            notNull(info),
+            notNull(targetDatabase),
+            notNull(targetServer)};
 }
 
 namespace ActionLogTable {
