@@ -1,0 +1,116 @@
+#include "CommunicationAndData/settings/settingshandler.h"
+#include "CommunicationAndData/settings/settingskeys.h"
+#include "Corvane/views/centralelement.h"
+#include "Corvane/views/producttexts.h"
+#include "Corvane/views/startlanguage.h"
+#include "Corvane/views/zephansplash.h"
+#include "ZephanShared/toolkit/nativepath.h"
+
+#include <QApplication>
+#include <QLockFile>
+#include <QMainWindow>
+#include <QPixmap>
+#include <QPointer>
+#include <QSettings>
+#include <QStyleFactory>
+#include <QTranslator>
+
+namespace {
+
+constexpr int kFailure = 1;         // exit code
+constexpr int kLockPatience = 500;  // milliseconds
+constexpr int kSplashTime = 1000;   // milliseconds
+constexpr QSize kWindowSize(800, 600);
+
+void prepareHighResolution()
+{
+    QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+}
+
+/// The separator is doubled, since the data directory ends in one: the path under which all versions of the
+/// program look for each other.
+QString lockPath(const QString &dataDirectory)
+{
+    const QString folder =
+        dataDirectory.isEmpty() ? QString() : dataDirectory + nativePath(QStringLiteral("/"));
+    return folder + QStringLiteral("cv.lock");
+}
+
+/// Whether no other copy is running.
+bool isOnlyCopy(QLockFile &lock)
+{
+    lock.setStaleLockTime(0);
+    return lock.tryLock(kLockPatience) || lock.removeStaleLockFile();
+}
+
+ZephanSplash *createSplash(const QPixmap &background, const QString &versionPath)
+{
+    auto *splash = new ZephanSplash(Qt::AlignBottom, Qt::black, background,
+                                    Qt::WindowStaysOnTopHint | Qt::BypassWindowManagerHint, nullptr);
+    splash->drawLogo(QStringLiteral(":/resources/halvorn_logo.png"));
+    splash->setTimerInterval(kSplashTime);
+    splash->drawVersionFile(versionPath);
+    return splash;
+}
+
+void showSplash(ZephanSplash *splash)
+{
+    splash->drawTitles(QString::fromLatin1(ProductTexts::kSuiteName),
+                       QString::fromLatin1(ProductTexts::kProgramName), false);
+    splash->show();
+}
+
+void prepareWindow(QMainWindow &window)
+{
+    window.hide();
+    window.resize(kWindowSize);
+    window.setMinimumSize(kWindowSize);
+}
+
+/// Runs the program until its window is closed, or until the central element deletes itself because the
+/// engine could not be started: a process without a window must not go on and keep the lock.
+int run(QMainWindow &window, CentralElement *element)
+{
+    const QPointer<CentralElement> central(element);
+    QObject::connect(element, &QObject::destroyed, qApp, &QCoreApplication::quit);
+    window.setCentralWidget(element);
+    const int code = QApplication::exec();
+    if (!central)
+        return kFailure;
+    delete central.data();
+    return code;
+}
+
+}  // namespace
+
+int main(int argc, char *argv[])
+{
+    const QString dataDirectory = suiteDataDirectory();
+    const QString lockFile = lockPath(dataDirectory);
+
+    prepareHighResolution();
+    QApplication application(argc, argv);
+    QLockFile lock(lockFile);
+    if (!isOnlyCopy(lock))
+        return kFailure;
+
+    SettingsHandler::getInstance()->changeSettingsFile(dataDirectory + kSettingsFileName);
+
+    const QPixmap background(QStringLiteral(":/resources/splash_background.png"));
+    ZephanSplash *splash = createSplash(background, dataDirectory + QStringLiteral("version"));
+
+    const auto localCache = openSettingsFile(dataDirectory + LocalCache::kFileName);
+    const QString language = startLanguage(*localCache);
+    QTranslator translator;
+    installTranslation(translator, language);
+    showSplash(splash);
+
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("fusion")));
+    QGuiApplication::setApplicationDisplayName(QStringLiteral("Halvorn Corvane"));
+
+    QMainWindow window;
+    prepareWindow(window);
+    return run(window, new CentralElement(dataDirectory, splash, &translator));
+}

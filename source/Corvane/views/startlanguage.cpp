@@ -1,0 +1,36 @@
+#include "Corvane/views/startlanguage.h"
+
+#include "CommunicationAndData/settings/settingshandler.h"
+#include "CommunicationAndData/settings/settingskeys.h"
+#include "Corvane/views/translationfiles.h"
+#include "ZephanShared/toolkit/languages.h"
+
+#include <QCoreApplication>
+#include <QLocale>
+#include <QSettings>
+#include <QTranslator>
+
+namespace {
+
+const auto kDefaultLanguage = QLatin1String("en_GB");
+
+}  // namespace
+
+QString startLanguage(QSettings &localCache)
+{
+    QString language = localCache.value(LocalCache::kLanguage, QString()).toString();
+    if (language.isEmpty()) {
+        language =
+            SettingsHandler::getInstance()->value(SettingsKeys::kLanguage, kDefaultLanguage).toString();
+        localCache.setValue(LocalCache::kLanguage, language);
+    }
+    return language;
+}
+
+void installTranslation(QTranslator &translator, const QString &language)
+{
+    if (!TranslationFiles::load(translator, language) &&
+        !TranslationFiles::load(translator, systemLanguageCode(QLocale::system().bcp47Name())))
+        TranslationFiles::load(translator, kDefaultLanguage);
+    QCoreApplication::installTranslator(&translator);
+}
