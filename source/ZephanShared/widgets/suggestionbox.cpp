@@ -1,0 +1,76 @@
+#include "ZephanShared/widgets/suggestionbox.h"
+
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QTreeWidget>
+
+namespace {
+
+constexpr int kMostRows = 4;
+constexpr int kFrameHeight = 3;  // pixels above and below the rows
+
+}  // namespace
+
+SuggestionBox::SuggestionBox(QLineEdit *lineEdit)
+    : QObject(lineEdit)
+    , m_lineEdit(lineEdit)
+    , m_popup(new QTreeWidget)
+{
+    m_popup->setWindowFlags(Qt::Popup);
+    m_popup->setObjectName(QStringLiteral("suggestions"));
+    m_popup->setFocusProxy(lineEdit);
+    m_popup->setColumnCount(2);
+    m_popup->header()->hide();
+    m_popup->setRootIsDecorated(false);
+    m_popup->setUniformRowHeights(true);
+    m_popup->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    connect(m_popup, &QTreeWidget::itemClicked, this, &SuggestionBox::itemClicked);
+    connect(m_popup, &QTreeWidget::itemActivated, this, &SuggestionBox::itemClicked);
+}
+
+SuggestionBox::~SuggestionBox()
+{
+    delete m_popup;
+}
+
+QTreeWidget *SuggestionBox::popup() const
+{
+    return m_popup;
+}
+
+void SuggestionBox::setSelectionItems(QStringList searchResults, QStringList searchDetails)
+{
+    if (searchResults.isEmpty()) {
+        m_popup->hide();
+        return;
+    }
+    m_popup->clear();
+    const bool withDetails = searchDetails.size() == searchResults.size();
+    for (int i = 0; i < searchResults.size(); ++i) {
+        auto *item = new QTreeWidgetItem(m_popup);
+        item->setText(0, searchResults.at(i));
+        if (withDetails) {
+            item->setText(1, QLatin1Char('(') + searchDetails.at(i) + QLatin1Char(')'));
+            item->setTextAlignment(1, Qt::AlignRight);
+        }
+    }
+    m_popup->resizeColumnToContents(0);
+    m_popup->resizeColumnToContents(1);
+
+    const int rowHeight = m_popup->sizeHintForRow(0);
+    m_popup->setFixedSize(m_lineEdit->width(),
+                          rowHeight * qMin(searchResults.size(), kMostRows) + kFrameHeight);
+    m_popup->move(m_lineEdit->mapToGlobal(QPoint(0, m_lineEdit->height())));
+    m_popup->setFocus();
+    m_popup->show();
+}
+
+void SuggestionBox::itemClicked()
+{
+    m_popup->hide();
+    QTreeWidgetItem *item = m_popup->currentItem();
+    if (!item)
+        return;
+    m_lineEdit->setText(item->text(0));
+    emit suggestionSelected(m_popup->indexOfTopLevelItem(item));
+}

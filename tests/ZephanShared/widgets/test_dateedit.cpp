@@ -1,0 +1,360 @@
+#include "CommunicationAndData/settings/settingshandler.h"
+#include "CommunicationAndData/settings/settingskeys.h"
+#include "ZephanShared/widgets/dateedit.h"
+#include "ZephanShared/widgets/styleprinter.h"
+#include "support/workstation.h"
+
+#include <QApplication>
+#include <QCalendarWidget>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTimeEdit>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace {
+
+/// A window with a date field and another field to leave it for.
+class Form : public QWidget
+{
+public:
+    explicit Form(bool withTime = false)
+    {
+        auto *layout = new QVBoxLayout(this);
+        date = new DateEdit(withTime);
+        layout->addLayout(date);
+        other = new QLineEdit;
+        layout->addWidget(other);
+        show();
+        QApplication::setActiveWindow(this);
+        date->lineEdit()->setFocus();
+    }
+
+    void type(const QString &keys) const
+    {
+        QTest::keyClicks(date->lineEdit(), keys);
+    }
+    void leave() const
+    {
+        other->setFocus();
+    }
+    QString text() const
+    {
+        return date->lineEdit()->text();
+    }
+
+    DateEdit *date;
+    QLineEdit *other;
+};
+
+void chooseFormat(int format, int separator = 0, bool ampm = false)
+{
+    SettingsHandler *store = SettingsHandler::getInstance();
+    store->setValue(QLatin1String(SettingsKeys::kDateFormat), format);
+    store->setValue(QLatin1String(SettingsKeys::kDateSeparator), separator);
+    store->setValue(QLatin1String(SettingsKeys::kTimeAmPm), ampm);
+}
+
+constexpr char kSeparators[] = {'.', '-', '/'};
+
+}  // namespace
+
+class TestDateEdit : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void typing_data();
+    void typing();
+    void leaving_data();
+    void leaving();
+    void deletingAtTheEndNeverAddsAnythingBack();
+    void typingInsideTheTextIsLeftAlone();
+    void aDayThatIsNoneTurnsTheFieldPink();
+    void anEmptyFieldIsShownAsValid();
+    void limits_data();
+    void limits();
+    void limitsWithATimePartCountTheTime();
+    void setDateShowsAndStores();
+    void calendarFillsTheField();
+    void autofilledEndsWithTheFirstEdit();
+    void disabledFieldIsNeverAutofilled();
+    void timePartIsStored();
+    void englishWordsStandInWhereALanguageHasNoAmAndPm();
+    void contentChangedComesWithEachKey();
+    void currentTimeStandsInForAnEmptyField();
+
+private:
+    Workstation m_workstation;
+};
+
+void TestDateEdit::initTestCase()
+{
+    SettingsHandler::getInstance()->changeSettingsFile(m_workstation.dataDirectory() +
+                                                       QLatin1String(kSettingsFileName));
+}
+
+void TestDateEdit::init()
+{
+    chooseFormat(0);
+}
+
+void TestDateEdit::typing_data()
+{
+    QTest::addColumn<int>("format");
+    QTest::addColumn<QString>("keys");
+    QTest::addColumn<QString>("shown");
+
+    const auto row = [](const char *name, int format, const char *keys, const char *shown) {
+        QTest::newRow(name) << format << QString::fromLatin1(keys) << QString::fromLatin1(shown);
+    };
+    row("0: 4 is padded and separated", 0, "4", "04.");
+    row("0: 3 waits for a second digit", 0, "3", "3");
+    row("0: 12 is separated", 0, "12", "12.");
+    row("0: a 5 behind 12 is padded", 0, "125", "12.05.");
+    row("0: 12.1 stays, the later months are still possible", 0, "121", "12.1");
+    row("0: a whole date without a separator typed", 0, "31122016", "31.12.2016");
+    row("0: a separator typed by hand pads the day", 0, "1.", "01.");
+    row("0: a second separator in a row is dropped", 0, "1..", "01.");
+    row("0: a lone separator is dropped", 0, ".", "");
+    row("1: 4 is separated but not padded", 1, "4", "4.");
+    row("1: a whole date", 1, "452016", "4.5.2016");
+    row("2: 2016 is separated", 2, "2016", "2016.");
+    row("2: the month is padded", 2, "20165", "2016.05.");
+    row("2: 1 waits for a second digit", 2, "20161", "2016.1");
+    row("2: a whole date", 2, "20161231", "2016.12.31");
+    row("3: the month is not padded", 3, "20165", "2016.5.");
+    row("3: two digits end the month", 3, "201612", "2016.12.");
+    row("4: 2 is padded and separated", 4, "2", "02.");
+    row("4: 12 is separated", 4, "12", "12.");
+    row("4: a day of 4 is padded and separated", 4, "124", "12.04.");
+    row("4: a day of 3 waits for a second digit", 4, "123", "12.3");
+    row("4: a whole date", 4, "12312016", "12.31.2016");
+    row("5: 2 is separated but not padded", 5, "2", "2.");
+    row("5: a whole date", 5, "242016", "2.4.2016");
+    row("letters can't be typed", 0, "1x2", "12.");
+}
+
+void TestDateEdit::typing()
+{
+    QFETCH(int, format);
+    QFETCH(QString, keys);
+    QFETCH(QString, shown);
+    for (int separator = 0; separator < 3; ++separator) {
+        chooseFormat(format, separator);
+        const Form form;
+        const QChar sign = QLatin1Char(kSeparators[separator]);
+        form.type(QString(keys).replace(QLatin1Char('.'), sign));
+        QCOMPARE(form.text(), QString(shown).replace(QLatin1Char('.'), sign));
+    }
+}
+
+void TestDateEdit::leaving_data()
+{
+    QTest::addColumn<int>("format");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("shown");
+    QTest::addColumn<bool>("valid");
+
+    const auto row = [](const char *name, int format, const char *text, const char *shown, bool valid) {
+        QTest::newRow(name) << format << QString::fromLatin1(text) << QString::fromLatin1(shown) << valid;
+    };
+    row("0: day and month are padded", 0, "1.2.2016", "01.02.2016", true);
+    row("0: only the month is padded", 0, "11.2.2016", "11.02.2016", true);
+    row("1: nothing is padded", 1, "1.2.2016", "1.2.2016", true);
+    row("2: the day is padded", 2, "2016.05.7", "2016.05.07", true);
+    row("2: what is no date is not padded", 2, "2016.02.0", "2016.02.0", false);
+    row("3: nothing is padded", 3, "2016.5.7", "2016.5.7", true);
+    row("4: month and day are padded", 4, "2.1.2016", "02.01.2016", true);
+    row("5: nothing is padded", 5, "2.1.2016", "2.1.2016", true);
+}
+
+void TestDateEdit::leaving()
+{
+    QFETCH(int, format);
+    QFETCH(QString, text);
+    QFETCH(QString, shown);
+    QFETCH(bool, valid);
+    chooseFormat(format);
+    const Form form;
+    form.date->lineEdit()->setText(text);
+    form.leave();
+    QTRY_COMPARE(form.text(), shown);
+    QCOMPARE(form.date->isValid(), valid);
+}
+
+void TestDateEdit::deletingAtTheEndNeverAddsAnythingBack()
+{
+    const Form form;
+    form.type(QStringLiteral("4"));
+    QCOMPARE(form.text(), QStringLiteral("04."));
+    QTest::keyClick(form.date->lineEdit(), Qt::Key_Backspace);
+    QCOMPARE(form.text(), QStringLiteral("04"));
+    QTest::keyClick(form.date->lineEdit(), Qt::Key_Backspace);
+    QCOMPARE(form.text(), QStringLiteral("0"));
+    QTest::keyClick(form.date->lineEdit(), Qt::Key_Backspace);
+    QCOMPARE(form.text(), QString());
+}
+
+void TestDateEdit::typingInsideTheTextIsLeftAlone()
+{
+    const Form form;
+    form.date->lineEdit()->setText(QStringLiteral("1.05.2016"));
+    form.date->lineEdit()->setCursorPosition(0);
+    form.type(QStringLiteral("2"));
+    QCOMPARE(form.text(), QStringLiteral("21.05.2016"));
+}
+
+void TestDateEdit::aDayThatIsNoneTurnsTheFieldPink()
+{
+    const Form form;
+    form.type(QStringLiteral("31022016"));
+    QCOMPARE(form.text(), QStringLiteral("31.02.2016"));
+    QVERIFY(!form.date->isValid());
+    QVERIFY(!form.date->dateTime(false).isValid());
+    QCOMPARE(form.date->lineEdit()->toolTip(), QStringLiteral("Enter valid date"));
+    QCOMPARE(form.date->lineEdit()->styleSheet(), StylePrinter::lineEditStyle(false, false, false));
+}
+
+void TestDateEdit::anEmptyFieldIsShownAsValid()
+{
+    const Form form;
+    form.date->validate();
+    QCOMPARE(form.date->lineEdit()->styleSheet(), StylePrinter::lineEditStyle(true, false, false));
+    QCOMPARE(form.date->lineEdit()->toolTip(), QStringLiteral("DD.MM.YYYY"));
+    QVERIFY(!form.date->isValid());
+    form.date->setInvalid(true);
+    QCOMPARE(form.date->lineEdit()->toolTip(), QStringLiteral("This field is mandatory"));
+}
+
+void TestDateEdit::limits_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<bool>("valid");
+    QTest::newRow("the minimum's day is inside, whatever its time") << QStringLiteral("10.03.2016") << true;
+    QTest::newRow("the day before the minimum is outside") << QStringLiteral("09.03.2016") << false;
+    QTest::newRow("the maximum's day is inside") << QStringLiteral("20.03.2016") << true;
+    QTest::newRow("the day after the maximum is outside") << QStringLiteral("21.03.2016") << false;
+}
+
+void TestDateEdit::limits()
+{
+    QFETCH(QString, text);
+    QFETCH(bool, valid);
+    const Form form;
+    form.date->setMinimum(QDateTime(QDate(2016, 3, 10), QTime(12, 0)));
+    form.date->setMaximum(QDateTime(QDate(2016, 3, 20), QTime(12, 0)));
+    form.date->lineEdit()->setText(text);
+    form.date->validate();
+    QCOMPARE(form.date->isValid(), valid);
+}
+
+void TestDateEdit::limitsWithATimePartCountTheTime()
+{
+    const Form form(true);
+    form.date->setMinimum(QDateTime(QDate(2016, 3, 10), QTime(12, 0)));
+    form.date->setDate(QDate(2016, 3, 10));
+    QVERIFY(!form.date->isValid());
+    form.findChild<QTimeEdit *>()->setTime(QTime(12, 0));
+    QVERIFY(form.date->isValid());
+}
+
+void TestDateEdit::setDateShowsAndStores()
+{
+    const Form form;
+    form.date->setDate(QDate(2016, 2, 1));
+    QCOMPARE(form.text(), QStringLiteral("01.02.2016"));
+    QCOMPARE(form.date->dateTime(false), QDateTime(QDate(2016, 2, 1), QTime(0, 0)));
+    form.date->setDate(QDate());
+    QCOMPARE(form.text(), QString());
+    QVERIFY(!form.date->dateTime(false).isValid());
+    form.date->setDateTime(QDateTime(QDate(2016, 2, 3), QTime(14, 30)));
+    QCOMPARE(form.text(), QStringLiteral("03.02.2016"));
+    form.date->setDateTime(QDateTime());
+    QCOMPARE(form.text(), QString());
+}
+
+void TestDateEdit::calendarFillsTheField()
+{
+    const Form form;
+    form.date->lineEdit()->setText(QStringLiteral("15.06.2016"));
+    auto *calendar = form.findChild<QCalendarWidget *>();
+    QTest::mouseClick(form.date->calendarButton(), Qt::LeftButton);
+    QTRY_VERIFY(calendar->isVisible());
+    QCOMPARE(calendar->selectedDate(), QDate(2016, 6, 15));
+    const QPoint button = form.date->calendarButton()->mapToGlobal(QPoint(0, 0));
+    // The platform of the tests adds a frame of two pixels to every window.
+    const QPoint place(button.x() - calendar->width(), button.y());
+    QVERIFY2((calendar->pos() - place).manhattanLength() <= 4,
+             "its right edge lies at the button's left edge");
+
+    QSignalSpy changed(form.date, &DateEdit::contentChanged);
+    emit calendar->clicked(QDate(2016, 6, 20));
+    QCOMPARE(form.text(), QStringLiteral("20.06.2016"));
+    QCOMPARE(changed.count(), 1);
+    QVERIFY(calendar->isHidden());
+}
+
+void TestDateEdit::autofilledEndsWithTheFirstEdit()
+{
+    const Form form;
+    form.date->setDate(QDate(2016, 2, 1));
+    form.date->setAutofilled(true);
+    QCOMPARE(form.date->lineEdit()->styleSheet(), StylePrinter::lineEditStyle(true, true, false));
+    QTest::keyClick(form.date->lineEdit(), Qt::Key_Backspace);
+    QCOMPARE(form.date->lineEdit()->styleSheet(),
+             StylePrinter::lineEditStyle(form.date->isValid(), false, false));
+}
+
+void TestDateEdit::disabledFieldIsNeverAutofilled()
+{
+    const Form form;
+    form.date->setFieldEnabled(false);
+    form.date->setAutofilled(true);
+    QCOMPARE(form.date->lineEdit()->styleSheet(), StylePrinter::lineEditStyle(true, false, false));
+}
+
+void TestDateEdit::timePartIsStored()
+{
+    const Form form(true);
+    auto *time = form.findChild<QTimeEdit *>();
+    QCOMPARE(time->time(), QTime(0, 0));
+    QCOMPARE(time->displayFormat(), QStringLiteral("hh:mm"));
+    form.date->setDateTime(QDateTime(QDate(2016, 2, 1), QTime(13, 45)));
+    QCOMPARE(time->time(), QTime(13, 45));
+    QCOMPARE(form.date->dateTime(false), QDateTime(QDate(2016, 2, 1), QTime(13, 45)));
+    QSignalSpy changed(form.date, &DateEdit::contentChanged);
+    time->setTime(QTime(14, 0));
+    QCOMPARE(changed.count(), 1);
+    QCOMPARE(form.date->dateTime(false), QDateTime(QDate(2016, 2, 1), QTime(14, 0)));
+}
+
+void TestDateEdit::englishWordsStandInWhereALanguageHasNoAmAndPm()
+{
+    chooseFormat(0, 0, true);
+    const Form form(true);
+    auto *time = form.findChild<QTimeEdit *>();
+    QCOMPARE(time->displayFormat(), QStringLiteral("hh:mm AP"));
+    QVERIFY(!time->sectionText(QDateTimeEdit::AmPmSection).isEmpty());
+}
+
+void TestDateEdit::contentChangedComesWithEachKey()
+{
+    const Form form;
+    QSignalSpy changed(form.date, &DateEdit::contentChanged);
+    form.type(QStringLiteral("12"));
+    QCOMPARE(changed.count(), 2);
+}
+
+void TestDateEdit::currentTimeStandsInForAnEmptyField()
+{
+    const Form form;
+    QVERIFY(qAbs(form.date->dateTime(true).secsTo(QDateTime::currentDateTime())) < 60);
+    QVERIFY(!form.date->dateTime(false).isValid());
+}
+
+QTEST_MAIN(TestDateEdit)
+#include "test_dateedit.moc"

@@ -1,0 +1,266 @@
+#include "CommunicationAndData/settings/settingshandler.h"
+#include "CommunicationAndData/settings/settingskeys.h"
+#include "ZephanShared/widgets/lineedit.h"
+#include "ZephanShared/widgets/suggestionbox.h"
+#include "ZephanShared/widgets/textedit.h"
+#include "support/workstation.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTextEdit>
+#include <QTreeWidget>
+
+namespace {
+
+PersonModel person(const char *first, const char *middle, const char *last, const char *id)
+{
+    PersonModel model(new PersonModelData);
+    model->firstName = QString::fromUtf8(first);
+    model->middleName = QString::fromUtf8(middle);
+    model->lastName = QString::fromUtf8(last);
+    model->personalId = QString::fromUtf8(id);
+    model->birthDate = QDate(1980, 2, 3);
+    model->gender = 2;
+    model->ethnicGroup = 3;
+    return model;
+}
+
+/// A few persons in memory, found by the beginning of their names.
+class Persons : public QObject
+{
+    Q_OBJECT
+
+public:
+    QList<PersonModel> all = {
+        person("Aino", "", "Virtanen", "010280-123A"), person("Aatos", "Olavi", "Korhonen", "020280-123B"),
+        person("Anna", "", "Mäkinen", "030280-123C"), person("Antti", "", "Nieminen", "040280-123D"),
+        person("Arvo", "", "Laine", "050280-123E")};
+    QList<SearchModel> searches;
+
+public slots:
+    void search(SearchModel model)
+    {
+        searches.append(model);
+        QList<PersonModel> found;
+        for (const PersonModel &candidate : qAsConst(all)) {
+            bool fits = true;
+            const QMap<int, QString> parameters = model->searchParameters();
+            for (auto it = parameters.cbegin(); it != parameters.cend(); ++it)
+                fits = fits && (it.key() >= SearchModelData::Gender ||
+                                candidate->text(it.key()).startsWith(it.value(), Qt::CaseInsensitive));
+            if (fits && found.size() < model->searchMaxAmount())
+                found.append(candidate);
+        }
+        model->setPersonSearchResults(ZephanErrors::kNone, found);
+    }
+};
+
+class Field : public QWidget
+{
+public:
+    explicit Field(int key, bool search = true)
+    {
+        edit = new LineEdit(key, search, this);
+        QObject::connect(edit, &LineEdit::searchWithModel, &persons, &Persons::search);
+        resize(400, 40);
+        show();
+        QApplication::setActiveWindow(this);
+    }
+
+    QTreeWidget *popup() const
+    {
+        return edit->suggestionBox()->popup();
+    }
+    void type(const QString &keys) const
+    {
+        QTest::keyClicks(edit->lineEdit(), keys);
+    }
+    QString cell(int row, int column) const
+    {
+        return popup()->topLevelItem(row)->text(column);
+    }
+
+    LineEdit *edit;
+    Persons persons;
+};
+
+}  // namespace
+
+class TestPersonFields : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void typingSuggestsAtMostFourPersons();
+    void detailsAreTheNameInItsOrder();
+    void detailsCanBeSwitchedOff();
+    void choosingASuggestionSelectsThePerson();
+    void emptyTextHidesTheSuggestions();
+    void withoutTheSearchFlagNothingIsSearched();
+    void textOfEachKey_data();
+    void textOfEachKey();
+    void failedSearchChangesNothing();
+    void genderAndEthnicWords();
+    void textEditGrowsWithItsLines();
+
+private:
+    Workstation m_workstation;
+};
+
+void TestPersonFields::initTestCase()
+{
+    SettingsHandler::getInstance()->changeSettingsFile(m_workstation.dataDirectory() +
+                                                       QLatin1String(kSettingsFileName));
+}
+
+void TestPersonFields::typingSuggestsAtMostFourPersons()
+{
+    const Field field(SearchModelData::FirstName);
+    field.type(QStringLiteral("a"));
+    QVERIFY(field.popup()->isVisible());
+    QCOMPARE(field.popup()->topLevelItemCount(), 4);
+    QCOMPARE(field.persons.searches.last()->searchMaxAmount(), 4);
+    QCOMPARE(field.persons.searches.last()->personSearchOrder(), int(SearchModelData::FirstName));
+    QCOMPARE(field.cell(0, 0), QStringLiteral("Aino"));
+    QCOMPARE(field.popup()->width(), field.edit->lineEdit()->width());
+    QCOMPARE(field.popup()->height(), field.popup()->sizeHintForRow(0) * 4 + 3);
+    field.popup()->hide();
+}
+
+void TestPersonFields::detailsAreTheNameInItsOrder()
+{
+    const Field field(SearchModelData::PersonalId);
+    field.type(QStringLiteral("02"));
+    QCOMPARE(field.cell(0, 0), QStringLiteral("020280-123B"));
+    QCOMPARE(field.cell(0, 1), QStringLiteral("(Korhonen Aatos)"));
+    SettingsHandler::getInstance()->setValue(QLatin1String(SettingsKeys::kPersonNameFieldOrder),
+                                             QVariantList{1, 2, 3});
+    field.edit->textChanged();
+    QCOMPARE(field.cell(0, 1), QStringLiteral("(Aatos Olavi Korhonen)"));
+    SettingsHandler::getInstance()->setValue(QLatin1String(SettingsKeys::kPersonNameFieldOrder),
+                                             QVariantList{3, 1, 4});
+    field.popup()->hide();
+}
+
+void TestPersonFields::detailsCanBeSwitchedOff()
+{
+    SettingsHandler::getInstance()->setValue(QLatin1String(SettingsKeys::kShowPersonDetailsSuggestion),
+                                             false);
+    const Field field(SearchModelData::FirstName);
+    field.type(QStringLiteral("a"));
+    QCOMPARE(field.cell(0, 1), QString());
+    SettingsHandler::getInstance()->setValue(QLatin1String(SettingsKeys::kShowPersonDetailsSuggestion), true);
+    field.popup()->hide();
+}
+
+void TestPersonFields::choosingASuggestionSelectsThePerson()
+{
+    const Field field(SearchModelData::LastName);
+    QSignalSpy selected(field.edit, &LineEdit::personSelected);
+    QSignalSpy changed(field.edit, &LineEdit::contentChanged);
+    field.type(QStringLiteral("n"));
+    const int changesWhileTyping = changed.count();
+    QTreeWidgetItem *item = field.popup()->topLevelItem(0);
+    QTest::mouseClick(field.popup()->viewport(), Qt::LeftButton, Qt::NoModifier,
+                      field.popup()->visualItemRect(item).center());
+    QTRY_COMPARE(selected.count(), 1);
+    QCOMPARE(selected.first().first().value<PersonModel>()->firstName, QStringLiteral("Antti"));
+    QCOMPARE(field.edit->value(), QStringLiteral("Nieminen"));
+    QCOMPARE(changed.count(), changesWhileTyping + 1);
+    QVERIFY(!field.popup()->isVisible());
+}
+
+void TestPersonFields::emptyTextHidesTheSuggestions()
+{
+    const Field field(SearchModelData::FirstName);
+    field.type(QStringLiteral("a"));
+    QVERIFY(field.popup()->isVisible());
+    const int searches = field.persons.searches.size();
+    QTest::keyClick(field.edit->lineEdit(), Qt::Key_Backspace);
+    QVERIFY(!field.popup()->isVisible());
+    QCOMPARE(field.persons.searches.size(), searches);
+}
+
+void TestPersonFields::withoutTheSearchFlagNothingIsSearched()
+{
+    const Field field(SearchModelData::FirstName, false);
+    field.type(QStringLiteral("a"));
+    QVERIFY(field.persons.searches.isEmpty());
+}
+
+void TestPersonFields::textOfEachKey_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("first name") << int(SearchModelData::FirstName) << QStringLiteral("Aino");
+    QTest::newRow("birth date in the date format")
+        << int(SearchModelData::Birthdate) << QStringLiteral("03.02.1980");
+    QTest::newRow("gender as a word") << int(SearchModelData::Gender) << QStringLiteral("female");
+    QTest::newRow("ethnic group as a word")
+        << int(SearchModelData::EthnicGroup) << QStringLiteral("Caucasian");
+    QTest::newRow("the flag for deleted persons has no text")
+        << int(SearchModelData::ShowDeleted) << QString();
+}
+
+void TestPersonFields::textOfEachKey()
+{
+    QFETCH(int, key);
+    QFETCH(QString, text);
+    Field field(key);
+    QObject::disconnect(field.edit, &LineEdit::searchWithModel, &field.persons, &Persons::search);
+    QSignalSpy searched(field.edit, &LineEdit::searchWithModel);
+    field.type(QStringLiteral("x"));
+    QCOMPARE(searched.count(), 1);
+    searched.first().first().value<SearchModel>()->setPersonSearchResults(0, {field.persons.all.first()});
+    QCOMPARE(field.cell(0, 0), text);
+    field.popup()->hide();
+}
+
+void TestPersonFields::failedSearchChangesNothing()
+{
+    Field field(SearchModelData::FirstName);
+    QObject::disconnect(field.edit, &LineEdit::searchWithModel, &field.persons, &Persons::search);
+    QSignalSpy searched(field.edit, &LineEdit::searchWithModel);
+    field.type(QStringLiteral("x"));
+    searched.first().first().value<SearchModel>()->setPersonSearchResults(7, field.persons.all);
+    QVERIFY(!field.popup()->isVisible());
+}
+
+void TestPersonFields::genderAndEthnicWords()
+{
+    const FieldEdit field;
+    QCOMPARE(field.genderText(1), QStringLiteral("male"));
+    QCOMPARE(field.genderText(2), QStringLiteral("female"));
+    QCOMPARE(field.genderText(0), QStringLiteral("undefined"));
+    QCOMPARE(field.ethnicText(0), QStringLiteral("No Information"));
+    QCOMPARE(field.ethnicText(8), QStringLiteral("North Indian and Pakistani"));
+    QCOMPARE(field.ethnicText(15), QStringLiteral("Mixed / Other"));
+    QCOMPARE(field.ethnicText(16), QStringLiteral("No Information"));
+}
+
+void TestPersonFields::textEditGrowsWithItsLines()
+{
+    QWidget window;
+    TextEdit text(&window);
+    window.show();
+    QSignalSpy changed(&text, &TextEdit::contentChanged);
+    const int smallest = text.textEdit()->height();
+    text.textEdit()->setPlainText(QString(5, QLatin1Char('\n')));
+    QTRY_VERIFY(text.textEdit()->height() > smallest);
+    QVERIFY(changed.count() > 0);
+    text.textEdit()->setPlainText(QString(13, QLatin1Char('\n')));
+    const int high = text.textEdit()->height();
+    text.textEdit()->setPlainText(QString(100, QLatin1Char('\n')));
+    const int highest = text.textEdit()->height();
+    QVERIFY(highest >= high);
+    text.textEdit()->setPlainText(QString(1000, QLatin1Char('\n')));
+    QCOMPARE(text.textEdit()->height(), highest);
+    text.textEdit()->clear();
+    QTRY_COMPARE(text.textEdit()->height(), smallest);
+}
+
+QTEST_MAIN(TestPersonFields)
+#include "test_personfields.moc"
