@@ -6,6 +6,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QCoreApplication>
+#include <QEvent>
 #include <QFileDialog>
 #include <QFrame>
 #include <QLabel>
@@ -13,22 +14,75 @@
 #include <QPushButton>
 #include <QScrollArea>
 
+namespace {
+
+// Narrow, so that two columns and a scroll bar fit the smallest window.
+constexpr int kFrameMargin = 6;
+constexpr int kPageMargin = 2;
+
+/// A frame with a least size that still grows with what it holds.
+class ColumnFrame : public QFrame
+{
+public:
+    ColumnFrame(const QSize &leastSize, QWidget *parent)
+        : QFrame(parent)
+        , m_leastSize(leastSize)
+    {}
+
+    QSize minimumSizeHint() const override
+    {
+        return QFrame::minimumSizeHint().expandedTo(m_leastSize);
+    }
+
+private:
+    QSize m_leastSize;
+};
+
+/// Leaves the wheel to the page that scrolls: only a widget that has the focus takes it.
+class WheelGuard : public QObject
+{
+public:
+    explicit WheelGuard(QWidget *guarded)
+        : QObject(guarded)
+    {
+        guarded->setFocusPolicy(Qt::StrongFocus);
+        guarded->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() != QEvent::Wheel || static_cast<QWidget *>(watched)->hasFocus())
+            return false;
+        event->ignore();
+        return true;
+    }
+};
+
+}  // namespace
+
 namespace FormParts {
 
 QFrame *makeFrame(int minimumWidth, QWidget *parent)
 {
-    auto *frame = new QFrame(parent);
+    auto *frame = new ColumnFrame(QSize(minimumWidth, kFrameHeight), parent);
     frame->setFrameShape(QFrame::StyledPanel);
-    frame->setMinimumSize(minimumWidth, kFrameHeight);
-    new QVBoxLayout(frame);
+    auto *layout = new QVBoxLayout(frame);
+    layout->setContentsMargins(kFrameMargin, kFrameMargin, kFrameMargin, kFrameMargin);
     return frame;
+}
+
+QHBoxLayout *makeColumns(QWidget *content)
+{
+    auto *columns = new QHBoxLayout(content);
+    columns->setContentsMargins(kPageMargin, kPageMargin, kPageMargin, kPageMargin);
+    columns->setSpacing(2 * kPageMargin);
+    return columns;
 }
 
 QScrollArea *makeScrollable(QWidget *content, QWidget *page)
 {
     auto *area = new QScrollArea(page);
     area->setFrameShape(QFrame::NoFrame);
-    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area->setWidgetResizable(true);
     area->setWidget(content);
     return area;
@@ -62,6 +116,7 @@ QCheckBox *addCheckBox(QBoxLayout *layout, const QString &name)
 QComboBox *addComboBox(QBoxLayout *layout, const QString &name)
 {
     auto *box = new QComboBox;
+    new WheelGuard(box);
     box->setObjectName(name);
     box->setFixedHeight(kFieldHeight);
     layout->addWidget(box);

@@ -9,6 +9,7 @@ class QCheckBox;
 class QComboBox;
 class QFileDialog;
 class QFrame;
+class QHBoxLayout;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -28,7 +29,10 @@ constexpr int kFrameHeight = 410;
 /// A framed column at least `minimumWidth` wide and `kFrameHeight` high, with a vertical layout.
 QFrame *makeFrame(int minimumWidth, QWidget *parent);
 
-/// Puts `content` into a frameless area of `page` that scrolls vertically when the page is too low for it.
+/// The layout of a page's columns.
+QHBoxLayout *makeColumns(QWidget *content);
+
+/// Puts `content` into a frameless area of `page` that scrolls when the page is too small for it.
 QScrollArea *makeScrollable(QWidget *content, QWidget *page);
 
 QLabel *addTitle(QBoxLayout *layout);

@@ -84,7 +84,7 @@ PersonBrowserSettingsView::PersonBrowserSettingsView(QString dataPath, QWidget *
     , m_dataPath(std::move(dataPath))
 {
     auto *content = new QWidget(this);
-    auto *columns = new QHBoxLayout(content);
+    QHBoxLayout *columns = FormParts::makeColumns(content);
     columns->addWidget(buildApplication(content), kNarrowFrame);
     columns->addWidget(buildExchange(content), kWideFrame);
 

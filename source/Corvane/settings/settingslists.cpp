@@ -1,5 +1,7 @@
 #include "Corvane/settings/settingslists.h"
 
+#include <limits>
+
 namespace {
 
 constexpr int kFormatShift = 16;
@@ -15,9 +17,11 @@ QList<int> readNumbers(const QVariant &value)
     QList<int> numbers;
     for (const QVariant &entry : qAsConst(entries)) {
         bool isNumber = false;
-        const int number = entry.toInt(&isNumber);
-        if (isNumber)
-            numbers.append(number);
+        // `toInt` would cut a number that is too large.
+        const qlonglong number = entry.toLongLong(&isNumber);
+        if (isNumber && number >= std::numeric_limits<int>::min() &&
+            number <= std::numeric_limits<int>::max())
+            numbers.append(static_cast<int>(number));
     }
     return numbers;
 }
