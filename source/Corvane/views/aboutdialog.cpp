@@ -16,6 +16,7 @@
 namespace {
 
 constexpr QSize kMinimumTextSize(450, 450);
+constexpr int kMargin = 20;           // pixels, with the frame that the style draws
 constexpr qint64 kNoticeBytes = 512;  // without the zero byte that the device ends a line with
 
 const auto kFamily = QLatin1String("Arial");
@@ -45,6 +46,7 @@ AboutDialog::AboutDialog(const QString &mainTitle, const QString &subtitle, cons
 {
     setWindowFlags(windowFlags() | Qt::FramelessWindowHint);
     setStyleSheet(StylePrinter::dialogStyle());
+    m_layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
 
     m_title->setObjectName(QStringLiteral("title_label"));
     m_title->setAlignment(Qt::AlignHCenter);
@@ -55,6 +57,7 @@ AboutDialog::AboutDialog(const QString &mainTitle, const QString &subtitle, cons
     m_text->setFrameShape(QFrame::NoFrame);
     m_text->setReadOnly(true);
     m_text->setMinimumSize(kMinimumTextSize);
+    m_text->document()->setDefaultFont(m_aboutFont);
     m_layout->addWidget(m_text);
 
     appendTitles(mainTitle, subtitle, version);

@@ -9,7 +9,7 @@
 
 namespace {
 
-void addRow(QVBoxLayout *layout, const QString &text, QLineEdit *field)
+QLabel *addRow(QVBoxLayout *layout, const QString &text, QLineEdit *field)
 {
     auto *label = new QLabel(text);
     label->setBuddy(field);
@@ -17,6 +17,15 @@ void addRow(QVBoxLayout *layout, const QString &text, QLineEdit *field)
     row->addWidget(label);
     row->addWidget(field);
     layout->addLayout(row);
+    return label;
+}
+
+/// Lets the fields behind two labels begin at the same place.
+void align(QLabel *first, QLabel *second)
+{
+    const int width = qMax(first->sizeHint().width(), second->sizeHint().width());
+    first->setMinimumWidth(width);
+    second->setMinimumWidth(width);
 }
 
 }  // namespace
@@ -33,8 +42,9 @@ LoginDialog::LoginDialog(const QString &username, const QString &password, const
 
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(new QLabel(caption));
-    addRow(layout, tr("Username"), m_username);
-    addRow(layout, tr("Password"), m_password);
+    QLabel *nameLabel = addRow(layout, tr("Username"), m_username);
+    QLabel *passwordLabel = addRow(layout, tr("Password"), m_password);
+    align(nameLabel, passwordLabel);
 
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     buttons->setObjectName(QStringLiteral("button_box"));

@@ -178,6 +178,8 @@ void TestAboutDialog::aMissingAboutFileGivesTheBoldLineAndTheDialogStillOpens()
     QCOMPARE(lines.size(), 5);
     QCOMPARE(lines.last().text, QStringLiteral("Cannot fetch about information"));
     QVERIFY(lines.last().bold);
+    const QTextEdit *text = textEdit(dialog);
+    QCOMPARE(text->document()->defaultFont().pointSize(), 8);
     QVERIFY(!lines.last().centred);
     dialog.show();
     QVERIFY(dialog.isVisible());
