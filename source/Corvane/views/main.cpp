@@ -7,6 +7,7 @@
 #include "ZephanShared/toolkit/nativepath.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QLockFile>
 #include <QMainWindow>
 #include <QPixmap>
@@ -43,6 +44,22 @@ bool isOnlyCopy(QLockFile &lock)
 {
     lock.setStaleLockTime(0);
     return lock.tryLock(kLockPatience) || lock.removeStaleLockFile();
+}
+
+/// The splash's background with as many pixels as the screen has.
+QPixmap splashBackground()
+{
+    const bool fine = qApp->devicePixelRatio() > 1;
+    return QPixmap(fine ? QStringLiteral(":/resources/splash_background@2x.png")
+                        : QStringLiteral(":/resources/splash_background.png"));
+}
+
+QIcon programIcon()
+{
+    QIcon icon(QStringLiteral(":/icons/corvane/corvane.png"));
+    for (const int size : {16, 32, 48, 128})
+        icon.addFile(QStringLiteral(":/icons/corvane/corvane_%1.png").arg(size));
+    return icon;
 }
 
 ZephanSplash *createSplash(const QPixmap &background, const QString &versionPath)
@@ -98,7 +115,7 @@ int main(int argc, char *argv[])
 
     SettingsHandler::getInstance()->changeSettingsFile(dataDirectory + kSettingsFileName);
 
-    const QPixmap background(QStringLiteral(":/resources/splash_background.png"));
+    const QPixmap background = splashBackground();
     ZephanSplash *splash = createSplash(background, dataDirectory + QStringLiteral("version"));
 
     const auto localCache = openSettingsFile(dataDirectory + LocalCache::kFileName);
@@ -109,6 +126,7 @@ int main(int argc, char *argv[])
 
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("fusion")));
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Halvorn Corvane"));
+    QGuiApplication::setWindowIcon(programIcon());
 
     QMainWindow window;
     prepareWindow(window);
