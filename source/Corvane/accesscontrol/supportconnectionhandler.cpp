@@ -1,5 +1,6 @@
 #include "Corvane/accesscontrol/supportconnectionhandler.h"
 
+#include "CommunicationAndData/settings/odbcconnection.h"
 #include "CommunicationAndData/settings/settingshandler.h"
 #include "CommunicationAndData/settings/settingskeys.h"
 #include "Corvane/accesscontrol/accesscontroloffline.h"
@@ -15,7 +16,6 @@
 namespace {
 
 const char *const kOnlineConnection = "access.supportdb";
-const char *const kOdbcDriver = "QODBC3";
 const char *const kConnectionInfo = "Corvane access connection";
 
 constexpr int kDialogWidth = 400;
@@ -30,43 +30,10 @@ const QStringList &accessTables()
     return tables;
 }
 
-const QStringList &defaultConnectOptions()
-{
-    static const QStringList options{QStringLiteral("SQL_ATTR_LOGIN_TIMEOUT=2"),
-                                     QStringLiteral("SQL_ATTR_CONNECTION_TIMEOUT=2")};
-    return options;
-}
-
 /// A key of the support database in the connection parameter map.
 QString mapKey(const char *name)
 {
     return QLatin1String(SettingsKeys::kSupportDbGroup) + QLatin1Char('/') + QLatin1String(name);
-}
-
-QVariantMap readParameterArray(QSettings &settings)
-{
-    QVariantMap parameters;
-    const int size = settings.beginReadArray(QLatin1String(SettingsKeys::kParams));
-    for (int i = 0; i < size; ++i) {
-        settings.setArrayIndex(i);
-        parameters.insert(settings.value(QLatin1String(SettingsKeys::kParamKey)).toString(),
-                          settings.value(QLatin1String(SettingsKeys::kParamValue)));
-    }
-    settings.endArray();
-    return parameters;
-}
-
-void writeParameterArray(QSettings &settings, const QVariantMap &parameters)
-{
-    settings.remove(QLatin1String(SettingsKeys::kParams));
-    settings.beginWriteArray(QLatin1String(SettingsKeys::kParams), parameters.size());
-    int index = 0;
-    for (auto parameter = parameters.begin(); parameter != parameters.end(); ++parameter) {
-        settings.setArrayIndex(index++);
-        settings.setValue(QLatin1String(SettingsKeys::kParamKey), parameter.key());
-        settings.setValue(QLatin1String(SettingsKeys::kParamValue), parameter.value());
-    }
-    settings.endArray();
 }
 
 /// Shows that the program waits, for as long as it lives.
@@ -110,9 +77,9 @@ bool SupportConnectionHandler::connectOnline()
 {
     if (m_database.isValid() || QSqlDatabase::contains(QLatin1String(kOnlineConnection)))
         closeConnection();
-    m_database = QSqlDatabase::addDatabase(QLatin1String(kOdbcDriver), QLatin1String(kOnlineConnection));
-    m_database.setDatabaseName(joinedParameters());
-    m_database.setConnectOptions(m_connectOptions.toStringList().join(QLatin1Char(';')));
+    m_database =
+        QSqlDatabase::addDatabase(QLatin1String(OdbcConnection::kDriver), QLatin1String(kOnlineConnection));
+    m_database.setDatabaseName(OdbcConnection::databaseName(parameters()));
     if (openOnline() && hasAccessTables()) {
         logConnection(Actions::Started, Actions::Automatic, QLatin1String(kOnlineConnection));
         updateConnectionState();
@@ -120,7 +87,8 @@ bool SupportConnectionHandler::connectOnline()
     }
     emit logError(
         Actions::Initialize, ZephanErrors::kNoConnection,
-        QStringLiteral("Database: %1 ErrorInfo: %2").arg(joinedParameters(), m_database.lastError().text()));
+        QStringLiteral("Database: %1 ErrorInfo: %2")
+            .arg(OdbcConnection::withoutSecrets(m_database.databaseName()), m_database.lastError().text()));
     forgetConnection();
     updateConnectionState();
     return false;
@@ -225,7 +193,7 @@ void SupportConnectionHandler::readConnectionSettings()
 void SupportConnectionHandler::readParametersOfGroup(QSettings &settings, const QString &group)
 {
     settings.beginGroup(group);
-    m_connectionValues.insert(QLatin1String(SettingsKeys::kParams), readParameterArray(settings));
+    m_connectionValues.insert(QLatin1String(SettingsKeys::kParams), OdbcConnection::readParameters(settings));
     for (const char *name :
          {SettingsKeys::kConnectOptions, SettingsKeys::kDriverParams, SettingsKeys::kSqlType}) {
         const QVariant value = settings.value(QLatin1String(name));
@@ -235,7 +203,8 @@ void SupportConnectionHandler::readParametersOfGroup(QSettings &settings, const 
     settings.endGroup();
     // Without time-outs a silent server would hold up the program for minutes.
     if (!m_connectionValues.contains(mapKey(SettingsKeys::kConnectOptions)))
-        m_connectionValues.insert(mapKey(SettingsKeys::kConnectOptions), defaultConnectOptions());
+        m_connectionValues.insert(mapKey(SettingsKeys::kConnectOptions),
+                                  OdbcConnection::defaultConnectOptions());
 }
 
 void SupportConnectionHandler::readParametersOfStore()
@@ -245,7 +214,7 @@ void SupportConnectionHandler::readParametersOfStore()
     m_connectionValues.insert(
         params, store->databaseSettings(QLatin1String(SettingsKeys::kSupportDbGroup)).value(params).toMap());
     const QString options = mapKey(SettingsKeys::kConnectOptions);
-    m_connectionValues.insert(options, store->value(options, defaultConnectOptions()));
+    m_connectionValues.insert(options, store->value(options, OdbcConnection::defaultConnectOptions()));
     for (const char *name : {SettingsKeys::kDriverParams, SettingsKeys::kSqlType})
         m_connectionValues.insert(mapKey(name), store->value(mapKey(name), QString()));
 }
@@ -267,7 +236,7 @@ void SupportConnectionHandler::readOfflineChoice()
 void SupportConnectionHandler::writeConnectionSettings()
 {
     m_settings->beginGroup(QLatin1String(LocalCache::kSupportDbOnlineGroup));
-    writeParameterArray(*m_settings, m_connectionValues.value(QLatin1String(SettingsKeys::kParams)).toMap());
+    OdbcConnection::writeParameters(*m_settings, parameters());
     for (const char *name :
          {SettingsKeys::kConnectOptions, SettingsKeys::kDriverParams, SettingsKeys::kSqlType})
         m_settings->setValue(QLatin1String(name), m_connectionValues.value(mapKey(name)));
@@ -294,19 +263,15 @@ void SupportConnectionHandler::refreshParameters()
     m_sqlType = m_connectionValues.value(mapKey(SettingsKeys::kSqlType));
 }
 
-QString SupportConnectionHandler::joinedParameters() const
+QVariantMap SupportConnectionHandler::parameters() const
 {
-    const QVariantMap parameters = m_connectionValues.value(QLatin1String(SettingsKeys::kParams)).toMap();
-    QStringList pairs;
-    for (auto parameter = parameters.begin(); parameter != parameters.end(); ++parameter)
-        pairs.append(parameter.key() + QLatin1Char('=') + parameter.value().toString());
-    return pairs.join(QLatin1Char(';'));
+    return m_connectionValues.value(QLatin1String(SettingsKeys::kParams)).toMap();
 }
 
 bool SupportConnectionHandler::openOnline()
 {
     const WaitCursor cursor;
-    return m_database.open(m_username, m_password);
+    return OdbcConnection::open(m_database, m_connectOptions, m_username, m_password);
 }
 
 bool SupportConnectionHandler::hasAccessTables() const
@@ -331,7 +296,7 @@ void SupportConnectionHandler::forgetConnection()
 void SupportConnectionHandler::logConnection(Actions::Action action, Actions::ActionType type,
                                              const QString &key)
 {
-    emit logAction(action, type, UuidString(), key, m_database.databaseName(),
+    emit logAction(action, type, UuidString(), key, OdbcConnection::withoutSecrets(m_database.databaseName()),
                    QLatin1String(kConnectionInfo));
 }
 

@@ -95,7 +95,7 @@ private:
     void refreshCredentials();
     void refreshParameters();
 
-    QString joinedParameters() const;
+    QVariantMap parameters() const;
     bool openOnline();
     bool hasAccessTables() const;
     void forgetConnection();

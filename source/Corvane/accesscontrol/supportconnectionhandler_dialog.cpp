@@ -67,6 +67,7 @@ QHBoxLayout *SupportConnectionHandler::addEditor()
     auto *column = static_cast<QVBoxLayout *>(layout());
     column->addWidget(m_groupEditor);
     column->addLayout(buttonRow);
+    adjustSize();
     m_groupEditor->setFocus();
     return buttonRow;
 }

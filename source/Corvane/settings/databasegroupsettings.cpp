@@ -1,5 +1,6 @@
 #include "Corvane/settings/databasegroupsettings.h"
 
+#include "CommunicationAndData/settings/odbcconnection.h"
 #include "CommunicationAndData/settings/settingshandler.h"
 #include "CommunicationAndData/settings/settingskeys.h"
 #include "ZephanShared/toolkit/nativepath.h"
@@ -48,13 +49,6 @@ const QStringList &databaseGroups()
         QLatin1String(SettingsKeys::kActionDbGroup), QLatin1String(SettingsKeys::kPersonDbGroup),
         QLatin1String(SettingsKeys::kStudyDbGroup), QLatin1String(SettingsKeys::kSupportDbGroup)};
     return groups;
-}
-
-const QStringList &defaultConnectOptions()
-{
-    static const QStringList options{QStringLiteral("SQL_ATTR_LOGIN_TIMEOUT=2"),
-                                     QStringLiteral("SQL_ATTR_CONNECTION_TIMEOUT=2")};
-    return options;
 }
 
 QStringList splitLine(const QString &line)
@@ -271,8 +265,9 @@ QMap<QString, QVariant> DatabaseGroupSettings::storedValues() const
     QMap<QString, QVariant> values = store->databaseSettings(databaseGroups().value(m_shownDatabase));
     for (const char *name : {SettingsKeys::kUsername, SettingsKeys::kPassword})
         values.insert(mapKey(name), store->safeValue(mapKey(name), QString()));
-    values.insert(mapKey(SettingsKeys::kConnectOptions),
-                  store->value(mapKey(SettingsKeys::kConnectOptions), defaultConnectOptions()));
+    values.insert(
+        mapKey(SettingsKeys::kConnectOptions),
+        store->value(mapKey(SettingsKeys::kConnectOptions), OdbcConnection::defaultConnectOptions()));
     for (const char *name : {SettingsKeys::kDriverParams, SettingsKeys::kSqlType})
         values.insert(mapKey(name), store->value(mapKey(name), QString()));
     return values;
@@ -441,6 +436,8 @@ void DatabaseGroupSettings::removeEmptyEditors(LineList &list)
             break;
         QLineEdit *editor = list.editors.takeAt(index);
         editor->disconnect();
+        editor->setObjectName(QString());
+        list.layout->removeWidget(editor);
         editor->hide();
         editor->deleteLater();
     }
