@@ -769,22 +769,6 @@
         <source>Chinese (Taiwan trad.)</source>
         <translation>Chinese (Taiwan trad.)</translation>
     </message>
-    <message>
-        <source>en_US</source>
-        <translation>en_US</translation>
-    </message>
-    <message>
-        <source>zh_Hans_CN</source>
-        <translation>zh_Hans_CN</translation>
-    </message>
-    <message>
-        <source>dn</source>
-        <translation>dn</translation>
-    </message>
-    <message>
-        <source>de-DE</source>
-        <translation>de-DE</translation>
-    </message>
 </context>
 <context>
     <name>PersonBrowserSettingsView</name>
@@ -1067,22 +1051,6 @@
     <message>
         <source>Chinese (Taiwan trad.)</source>
         <translation>Chinese (Taiwan trad.)</translation>
-    </message>
-    <message>
-        <source>en_US</source>
-        <translation>en_US</translation>
-    </message>
-    <message>
-        <source>zh_Hans_CN</source>
-        <translation>zh_Hans_CN</translation>
-    </message>
-    <message>
-        <source>dn</source>
-        <translation>dn</translation>
-    </message>
-    <message>
-        <source>de-DE</source>
-        <translation>de-DE</translation>
     </message>
 </context>
 <context>
