@@ -55,7 +55,7 @@ class Screen:
         # -noreset keeps the root window's properties, where the accessibility bus leaves its address.
         read_end, write_end = os.pipe()
         self._start("Xvfb", "-displayfd", str(write_end), "-screen", "0", "%dx%dx24" % self.size,
-                    "-noreset", "-nolisten", "tcp", pass_fds=(write_end,))
+                    "-dpi", "96", "-noreset", "-nolisten", "tcp", pass_fds=(write_end,))
         os.close(write_end)
         with os.fdopen(read_end) as pipe:
             number = pipe.readline().strip()
@@ -171,6 +171,11 @@ class Widget:
             if child is not None:
                 yield Widget(child)
 
+    def descendants(self):
+        for child in self.children():
+            yield child
+            yield from child.descendants()
+
     def __repr__(self):
         return "<%s %r>" % (self.role, self.name)
 
@@ -248,10 +253,14 @@ class Program:
         return not showing or widget.has("SHOWING")
 
     def choose(self, combo, item):
-        """Opens the combo box with this name and clicks one of its items."""
-        self.find("combo box", combo).click()
-        time.sleep(0.3)
-        self.find("list item", item).click()
+        """Opens the combo box with this name and chooses one of its items from the keyboard."""
+        box = self.find("combo box", combo)
+        names = [entry.name for entry in box.descendants() if entry.role == "list item"]
+        box.click()
+        time.sleep(0.4)
+        press_key("Home", *["Down"] * names.index(item))
+        press_key("Return")
+        time.sleep(0.2)
 
     def menu(self, menu, action):
         """Opens a menu of the menu bar and clicks one of its actions."""
