@@ -70,14 +70,12 @@ QVector<Entry> plainEntries()
         {kHisImportMode, 1},
         {kHisForceMatchDialog, true},
         {kHisImportKeys, 6},
-        {kHisInputFiles,
-         QStringList{QString(), QStringLiteral("C:\\Halvorn\\Datatransfer\\Input.gdt"),
-                     QStringLiteral("C:\\Halvorn\\Datatransfer\\Input.gdt"),
-                     QStringLiteral("C:\\Halvorn\\Datatransfer\\Input.xml")}},
-        {kHisOutputFiles,
-         QStringList{QString(), QStringLiteral("C:\\Halvorn\\Datatransfer\\Output.gdt"),
-                     QStringLiteral("C:\\Halvorn\\Datatransfer\\Output.gdt"),
-                     QStringLiteral("C:\\Halvorn\\Datatransfer\\Output.xml")}},
+        {kHisInputFiles, QStringList{QString(), QStringLiteral("C:\\Halvorn\\Datatransfer\\Input.gdt"),
+                                     QStringLiteral("C:\\Halvorn\\Datatransfer\\Input.gdt"),
+                                     QStringLiteral("C:\\Halvorn\\Datatransfer\\Input.xml")}},
+        {kHisOutputFiles, QStringList{QString(), QStringLiteral("C:\\Halvorn\\Datatransfer\\Output.gdt"),
+                                      QStringLiteral("C:\\Halvorn\\Datatransfer\\Output.gdt"),
+                                      QStringLiteral("C:\\Halvorn\\Datatransfer\\Output.xml")}},
         {kHisAutoExportOption, 0},
         {kHisExportSessionData, 0},
         {kHisProceedMeasurementAutomatically, true},
@@ -90,12 +88,9 @@ QVector<Entry> plainEntries()
 QVector<Entry> safeEntries()
 {
     return {
-        {kAccessMethod, QStringLiteral("Internal users")},
-        {kOfflineAuthentication, true},
-        {kOfflineAuthenticationExpirationTime, 30},
-        {kSingleWorkstationAccessMethodSystem, false},
-        {kSingleWorkstationDbLocation, QString()},
-        {kDefaultRights, 0},
+        {kAccessMethod, QStringLiteral("Internal users")}, {kOfflineAuthentication, true},
+        {kOfflineAuthenticationExpirationTime, 30},        {kSingleWorkstationAccessMethodSystem, false},
+        {kSingleWorkstationDbLocation, QString()},         {kDefaultRights, 0},
     };
 }
 

@@ -29,10 +29,12 @@ int main(int argc, char *argv[])
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Prepares a demonstration workstation."));
     parser.addHelpOption();
-    parser.addPositionalArgument(QStringLiteral("data"), QStringLiteral("The data directory, as \"ProgramData/Halvorn\"."));
+    parser.addPositionalArgument(QStringLiteral("data"),
+                                 QStringLiteral("The data directory, as \"ProgramData/Halvorn\"."));
     parser.addPositionalArgument(QStringLiteral("settings"),
                                  QStringLiteral("The ini file of the local application settings."));
-    parser.addPositionalArgument(QStringLiteral("version"), QStringLiteral("The product version, as \"1.2.3\"."));
+    parser.addPositionalArgument(QStringLiteral("version"),
+                                 QStringLiteral("The product version, as \"1.2.3\"."));
     parser.process(application);
     const QStringList arguments = parser.positionalArguments();
     if (arguments.size() != 3)

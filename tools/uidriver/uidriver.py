@@ -126,6 +126,15 @@ class Widget:
         return self.node.get_name() or ""
 
     @property
+    def label(self):
+        """The text of the label that stands by the widget: a combo box' own name is what it shows."""
+        Atspi = _atspi()
+        for relation in self.node.get_relation_set() or []:
+            if relation.get_relation_type() == Atspi.RelationType.LABELLED_BY and relation.get_n_targets():
+                return relation.get_target(0).get_name() or ""
+        return ""
+
+    @property
     def role(self):
         return self.node.get_role_name()
 
@@ -246,7 +255,8 @@ class Program:
     def _fits(widget, role, name, contains, showing):
         if role is not None and widget.role != role:
             return False
-        if name is not None and widget.name != name:
+        if name is not None and widget.name != name and (
+                widget.role != "combo box" or widget.label != name):
             return False
         if contains is not None and contains not in widget.name and contains not in widget.text:
             return False

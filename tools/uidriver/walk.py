@@ -65,7 +65,7 @@ class Walk:
         program.menu("Manage local application", "Save settings to local application")
         program.find(contains="Saving succeeded.")
         self.picture("settings-saved")
-        program.find("push button", "OK", patience=5).click()
+        program.find("push button", "Ok").click()
         wait_until(lambda: not program.look(contains="Saving succeeded."), "the message to close")
 
     def look_at_about(self):

@@ -1,0 +1,201 @@
+#include "CommunicationAndData/actionlog/actions.h"
+#include "CommunicationAndData/settings/settingshandler.h"
+#include "CommunicationAndData/settings/settingskeys.h"
+#include "CommunicationAndData/sqlcipher/databasekey.h"
+#include "demoworkstation/demosettings.h"
+#include "support/workstation.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QProcess>
+#include <QSettings>
+#include <QSqlDatabase>
+#include <QSqlQuery>
+#include <QTest>
+
+#include <memory>
+
+#include <unistd.h>
+
+namespace {
+
+constexpr int kWalkTime = 180000;  // milliseconds
+const QString kConsole = QStringLiteral("Corvane");
+
+/// What of an audit row tells the road.
+struct Event
+{
+    int action;
+    int type;
+    QString info;
+
+    friend bool operator==(const Event &a, const Event &b)
+    {
+        return a.action == b.action && a.type == b.type && a.info == b.info;
+    }
+};
+
+QByteArray describe(const QVector<Event> &events)
+{
+    QStringList lines;
+    for (const Event &event : events)
+        lines.append(
+            QStringLiteral("%1 %2 %3").arg(Actions::name(event.action)).arg(event.type).arg(event.info));
+    return lines.join(QLatin1Char('\n')).toUtf8();
+}
+
+struct Output
+{
+    int exitCode;
+    QByteArray text;
+};
+
+/// Runs one of the scripts that drive the window, with the system's own Python, which has the bindings.
+Output drive(const QString &script, const QStringList &arguments, const QProcessEnvironment &environment)
+{
+    QProcess process;
+    process.setProcessChannelMode(QProcess::MergedChannels);
+    process.setProcessEnvironment(environment);
+    process.start(QStringLiteral("/usr/bin/python3"),
+                  QStringList{QStringLiteral("-Wignore"), script} + arguments);
+    const bool finished = process.waitForFinished(kWalkTime);
+    if (!finished) {
+        process.terminate();
+        process.waitForFinished(10000);
+    }
+    return {finished ? process.exitCode() : -1, process.readAll()};
+}
+
+}  // namespace
+
+class TestRoad : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void aChangedSettingIsSavedAndFoundRecorded();
+    void anotherAdministratorSignsInWithAPassword();
+
+private:
+    QProcessEnvironment environment() const;
+    QVector<Event> recorded() const;
+    QString localSettingsFile() const;
+    QVariant localSetting(const char *key) const;
+
+    std::unique_ptr<Workstation> m_workstation;
+};
+
+void TestRoad::init()
+{
+    m_workstation.reset();
+    m_workstation = std::make_unique<Workstation>();
+    const QString settings = localSettingsFile();
+    QVERIFY(QDir().mkpath(QFileInfo(settings).path()));
+    QVERIFY(writeDemoSettings(settings));
+    SettingsHandler::getInstance()->changeSettingsFile(m_workstation->path(QStringLiteral("unused.ini")));
+    QVERIFY(writeFile(m_workstation->dataDirectory() + QStringLiteral("version"), "1.2.3"));
+}
+
+QProcessEnvironment TestRoad::environment() const
+{
+    QProcessEnvironment environment = m_workstation->environment();
+    environment.insert(QStringLiteral("CORVANE_HOME"), QStringLiteral(PROGRAM_FOLDER));
+    environment.insert(QStringLiteral("PYTHONPATH"), QStringLiteral(UI_DRIVER));
+    environment.insert(QStringLiteral("PYTHONDONTWRITEBYTECODE"), QStringLiteral("1"));
+    environment.remove(QStringLiteral("QT_QPA_PLATFORM"));
+    return environment;
+}
+
+QVector<Event> TestRoad::recorded() const
+{
+    QVector<Event> events;
+    const QString connection = QStringLiteral("audit");
+    {
+        QSqlDatabase database = QSqlDatabase::addDatabase(QLatin1String(kEncryptedDriver), connection);
+        database.setDatabaseName(m_workstation->dataDirectory() +
+                                 QStringLiteral("CorvaneActions/actionlog.db"));
+        if (database.open()) {
+            QSqlQuery query(database);
+            for (const QString &statement : databaseKeyStatements())
+                query.exec(statement);
+            query.exec(QStringLiteral("SELECT action, action_type, info FROM action_log ORDER BY rowid"));
+            while (query.next())
+                events.append({query.value(0).toInt(), query.value(1).toInt(), query.value(2).toString()});
+        }
+    }
+    QSqlDatabase::removeDatabase(connection);
+    return events;
+}
+
+/// Where the launcher puts the site-wide settings.
+QString TestRoad::localSettingsFile() const
+{
+    return m_workstation->path(QStringLiteral("ProgramData/config/Halvorn/Halvorn.ini"));
+}
+
+QVariant TestRoad::localSetting(const char *key) const
+{
+    return openSettingsFile(localSettingsFile())->value(QLatin1String(key));
+}
+
+void TestRoad::aChangedSettingIsSavedAndFoundRecorded()
+{
+    const QVariant geometry = localSetting(SettingsKeys::kGeometry);
+    const QVariant password = localSetting("persondb/password");
+    QVERIFY(!geometry.toByteArray().isEmpty());
+    QCOMPARE(localSetting(SettingsKeys::kDateFormat).toInt(), 0);
+
+    const Output walk = drive(QStringLiteral(UI_DRIVER "/walk.py"),
+                              {QStringLiteral(LAUNCHER), QStringLiteral(SCREENSHOTS "/road")}, environment());
+    QVERIFY2(walk.exitCode == 0, walk.text.constData());
+
+    // The change is there, the rest is as it was, and nothing of the console's own went along.
+    QCOMPARE(localSetting(SettingsKeys::kDateFormat).toInt(), 2);
+    QCOMPARE(localSetting(SettingsKeys::kDateSeparator).toInt(), 1);
+    QCOMPARE(localSetting("persondb/password"), password);
+    QCOMPARE(localSetting(SettingsKeys::kGeometry), geometry);
+    const auto working = openSettingsFile(m_workstation->dataDirectory() + QLatin1String(kSettingsFileName));
+    QCOMPARE(working->value(QLatin1String(SettingsKeys::kDateFormat)).toInt(), 2);
+    QVERIFY(!working->contains(QLatin1String(SettingsKeys::kGeometry)));
+    QVERIFY(!working->contains(QLatin1String(SettingsKeys::kDefaultRights)));
+
+    const QString settings = QStringLiteral("Corvane Settings Management");
+    const QVector<Event> expected = {
+        {Actions::Started, Actions::Human, kConsole},
+        {Actions::Login, Actions::Human, kConsole},
+        {Actions::Started, Actions::Human, settings},
+        {Actions::LoadSettings, Actions::Human, QStringLiteral("Corvane Settings Local Load")},
+        {Actions::SaveSettings, Actions::Human, QStringLiteral("Corvane Settings Local Save")},
+        {Actions::Stopping, Actions::Automatic, QStringLiteral("Corvane access connection")},
+        {Actions::Stopping, Actions::Human, settings},
+        {Actions::Logout, Actions::Human, kConsole},
+        {Actions::Stopping, Actions::Human, kConsole},
+    };
+    const QVector<Event> events = recorded();
+    QVERIFY2(events == expected, describe(events).constData());
+
+    const QByteArray log = readFile(m_workstation->runtimeLog());
+    for (const char *line : {"\tStarted.\n", "\tInitialized.\n", "\tLogged in.\n", "\tStopping.\n"})
+        QVERIFY2(log.contains(line), log.constData());
+}
+
+void TestRoad::anotherAdministratorSignsInWithAPassword()
+{
+    if (geteuid() != 0)
+        QSKIP("Making an account needs root rights.");
+    const Output signIn =
+        drive(QStringLiteral(E2E_SCRIPTS "/othersignin.py"),
+              {QStringLiteral(LAUNCHER), QStringLiteral(SCREENSHOTS "/othersignin")}, environment());
+    QVERIFY2(signIn.exitCode == 0, signIn.text.constData());
+
+    const QVector<Event> events = recorded();
+    int signIns = 0;
+    for (const Event &event : events)
+        signIns += event.action == Actions::Login ? 1 : 0;
+    QVERIFY2(signIns == 1, describe(events).constData());
+    QVERIFY(!readFile(m_workstation->runtimeLog()).contains("corvane-e2e-secret"));
+}
+
+QTEST_GUILESS_MAIN(TestRoad)
+#include "test_road.moc"
