@@ -91,9 +91,7 @@ QScrollArea *makeScrollable(QWidget *content, QWidget *page)
 QLabel *addTitle(QBoxLayout *layout)
 {
     QLabel *title = addLabel(layout);
-    QFont font = title->font();
-    font.setBold(true);
-    title->setFont(font);
+    setBold(title);
     return title;
 }
 
@@ -116,7 +114,7 @@ QCheckBox *addCheckBox(QBoxLayout *layout, const QString &name)
 QComboBox *addComboBox(QBoxLayout *layout, const QString &name)
 {
     auto *box = new QComboBox;
-    new WheelGuard(box);
+    leaveWheelToPage(box);
     box->setObjectName(name);
     box->setFixedHeight(kFieldHeight);
     layout->addWidget(box);
@@ -142,6 +140,18 @@ QLineEdit *addEditWithButton(QBoxLayout *layout, const QString &name, QPushButto
     row->addWidget(edit);
     button = addButton(row, name + QStringLiteral("_browse"));
     return edit;
+}
+
+void setBold(QLabel *label)
+{
+    QFont font = label->font();
+    font.setBold(true);
+    label->setFont(font);
+}
+
+void leaveWheelToPage(QWidget *widget)
+{
+    new WheelGuard(widget);
 }
 
 void setLabelText(QLabel *label, QWidget *field, const QString &text)

@@ -43,6 +43,11 @@ QPushButton *addButton(QBoxLayout *layout, const QString &name);
 /// A row of an edit and a button.
 QLineEdit *addEditWithButton(QBoxLayout *layout, const QString &name, QPushButton *&button);
 
+void setBold(QLabel *label);
+
+/// Keeps the wheel from changing a widget that doesn't have the focus: the page scrolls instead.
+void leaveWheelToPage(QWidget *widget);
+
 /// Sets a label's text and names the widget that it stands by after it.
 void setLabelText(QLabel *label, QWidget *field, const QString &text);
 

@@ -3,6 +3,7 @@
 #include <QCheckBox>
 #include <QEvent>
 #include <QGridLayout>
+#include <QSignalBlocker>
 
 #include <algorithm>
 #include <iterator>
@@ -52,8 +53,11 @@ void IdentificationBoxes::updateTexts()
 
 void IdentificationBoxes::setNumbers(const QList<int> &numbers)
 {
-    for (int i = 0; i < m_boxes.size(); ++i)
+    for (int i = 0; i < m_boxes.size(); ++i) {
+        // Who watches over what a person checks has no say in what is read.
+        const QSignalBlocker blocker(m_boxes.at(i));
         m_boxes.at(i)->setChecked(numbers.contains(kFields[i].number));
+    }
 }
 
 QList<int> IdentificationBoxes::numbers() const

@@ -21,7 +21,8 @@ public:
 
     void updateTexts();
 
-    /// Checks the boxes of these numbers and unchecks the others. A number without a box is ignored.
+    /// Checks the boxes of these numbers and unchecks the others. A number without a box is ignored. The
+    /// boxes signal nothing.
     void setNumbers(const QList<int> &numbers);
     /// The numbers of the checked boxes in the order of the boxes.
     QList<int> numbers() const;

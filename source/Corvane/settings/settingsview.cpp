@@ -3,6 +3,7 @@
 #include "CommunicationAndData/access/accesscontrol.h"
 #include "CommunicationAndData/settings/settingshandler.h"
 #include "CommunicationAndData/settings/settingskeys.h"
+#include "Corvane/settings/databasesettingsview.h"
 #include "Corvane/settings/personbrowsersettingsview.h"
 #include "Corvane/settings/settingssnapshot.h"
 
@@ -80,6 +81,8 @@ void SettingsView::setAccessControl(AccessControl *access)
 
 void SettingsView::createPages()
 {
+    m_databasePage = new DatabaseSettingsView(m_access->allowedAccessTypes());
+    m_databasePage->setObjectName(QStringLiteral("database_page"));
     m_generalPage = new PersonBrowserSettingsView(m_dataPath);
     m_generalPage->setObjectName(QStringLiteral("general_page"));
 }
@@ -92,6 +95,7 @@ void SettingsView::createTabs()
     m_tabs->setMinimumSize(kTabsMinimumWidth, kTabsMinimumHeight);
     m_tabs->setStyleSheet(QStringLiteral("QTabBar::tab { height: %1px; }").arg(kTabHeight));
     m_tabs->addTab(m_generalPage, QString());
+    m_tabs->addTab(m_databasePage, QString());
 }
 
 void SettingsView::createMenus()
@@ -131,6 +135,8 @@ void SettingsView::buildTransferMenu()
     m_transferMenu = addMenu(QStringLiteral("transfer_menu"));
     m_importAction = addAction(m_transferMenu, QStringLiteral("import_action"), true);
     m_exportAction = addAction(m_transferMenu, QStringLiteral("export_action"), false);
+    connect(m_importAction, &QAction::triggered, this, &SettingsView::importSettings);
+    connect(m_exportAction, &QAction::triggered, this, &SettingsView::exportSettings);
 }
 
 QMenu *SettingsView::addMenu(const QString &name)
@@ -174,15 +180,18 @@ void SettingsView::updateTexts()
 void SettingsView::updateTabTexts()
 {
     m_tabs->setTabText(m_tabs->indexOf(m_generalPage), tr("General"));
+    m_tabs->setTabText(m_tabs->indexOf(m_databasePage), tr("Database"));
 }
 
 void SettingsView::savePages()
 {
+    save(m_databasePage);
     save(m_generalPage);
 }
 
 void SettingsView::reloadPages()
 {
+    reload(m_databasePage);
     reload(m_generalPage);
 }
 
@@ -196,6 +205,7 @@ void SettingsView::showSettings()
     m_saveAction->setEnabled(true);
     m_loadAction->setEnabled(true);
     m_diffAction->setEnabled(true);
+    connect(m_diffAction, &QAction::triggered, this, &SettingsView::diffSettings);
     m_distributeAction->setEnabled(isAllowed(DistributeSettings));
     m_importAction->setEnabled(true);
     m_exportAction->setEnabled(true);

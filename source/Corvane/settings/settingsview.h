@@ -7,6 +7,7 @@
 #include <QStringList>
 
 class AccessControl;
+class DatabaseSettingsView;
 class PersonBrowserSettingsView;
 class QAction;
 class QLabel;
@@ -39,6 +40,14 @@ public slots:
     /// Builds everything; the pages need the operator's rights. A null pointer leaves the view empty.
     void setAccessControl(AccessControl *access);
 
+    /// Takes over an online configuration that the store has fetched. Only `success` is read.
+    void settingsReceived(bool success, bool distributed, QString message);
+    /// Shows what differs between the settings as they are and the sources that were loaded.
+    void diffSettings();
+    /// Replaces the working settings' file by one that the administrator chooses.
+    void importSettings();
+    /// Copies the working settings' file to where the administrator chooses.
+    void exportSettings();
     /// Copies the working settings to the local application settings.
     ///
     /// \param silent  no message is shown, and the audit trail records it as automatic
@@ -71,6 +80,10 @@ private:
     void copyToLocalSettings(QSettings &local, QString &message);
     void replaceByLocalSettings(bool silent);
     bool copyFromLocalSettings();
+    bool exportTo(const QString &target, QString &message);
+    bool copyWorkingFile(const QString &workingFile, const QString &target, QString &message);
+    bool importFrom(const QString &source, QString &message);
+    void acceptOnlineSettings();
 
     void removeRedundantSettings();
     void removeDatabaseGroups();
@@ -84,6 +97,7 @@ private:
     QTabWidget *m_tabs = nullptr;
     QLabel *m_prompt = nullptr;
 
+    DatabaseSettingsView *m_databasePage = nullptr;
     PersonBrowserSettingsView *m_generalPage = nullptr;
 
     QMenuBar *m_menuBar = nullptr;
@@ -102,6 +116,7 @@ private:
     AccessControl *m_access = nullptr;  ///< not owned
     QStringList m_initialSettings;      ///< snapshot of the first source loaded
     QStringList m_previousSettings;     ///< snapshot of the last source loaded
+    QStringList m_currentSettings;      ///< snapshot before a comparison
     QString m_settingsTag;              ///< display name of the last source
     QString m_dataPath;
     bool m_firstLoad = true;

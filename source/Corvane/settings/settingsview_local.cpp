@@ -2,47 +2,14 @@
 
 #include "CommunicationAndData/settings/settingshandler.h"
 #include "CommunicationAndData/settings/settingskeys.h"
+#include "Corvane/settings/settingsparking.h"
 #include "Corvane/settings/settingssnapshot.h"
-#include "ZephanShared/toolkit/nativepath.h"
+#include "ZephanShared/widgets/waitcursor.h"
 
-#include <QApplication>
-#include <QDir>
-#include <QFile>
-#include <QRandomGenerator>
 #include <QSettings>
 #include <QTabWidget>
 
-#include <cstdlib>
-
 namespace {
-
-const char *const kTemporaryDirectory = "tmp_ini/";
-const char *const kParkingFile = "tmp_corvane.ini";
-const char *const kRecoveryFile = "recovery_corvane.ini";
-
-/// The wait cursor while the object lives.
-class WaitCursor
-{
-public:
-    WaitCursor()
-    {
-        QApplication::setOverrideCursor(Qt::WaitCursor);
-    }
-    ~WaitCursor()
-    {
-        QApplication::restoreOverrideCursor();
-    }
-    Q_DISABLE_COPY(WaitCursor)
-};
-
-/// A name in the temporary directory that is free: a file that is stuck there is left alone.
-QString freeName(const QString &path)
-{
-    if (!QFile::exists(path) || QFile::remove(path))
-        return path;
-    const quint32 number = QRandomGenerator::system()->bounded(static_cast<quint32>(RAND_MAX) + 1u);
-    return path + QString::number(number);
-}
 
 void copyAllKeys(const QSettings &from, QSettings &to)
 {
@@ -135,6 +102,9 @@ void SettingsView::loadLocalSettings()
 void SettingsView::replaceByLocalSettings(bool silent)
 {
     logSettingsAction(Actions::LoadSettings, Actions::Human, QStringLiteral("Corvane Settings Local Load"));
+    SettingsParking parking(m_dataPath);
+    parking.park();
+    parking.unpark();
     const bool complete = copyFromLocalSettings();
     if (complete) {
         reloadPages();
@@ -144,7 +114,7 @@ void SettingsView::replaceByLocalSettings(bool silent)
         if (!silent)
             showMessage(tr("Error") + QStringLiteral(": ") + tr("Not all settings were loaded."));
     }
-    QDir(nativePath(m_dataPath + QLatin1String(kTemporaryDirectory))).removeRecursively();
+    parking.clear();
     SettingsHandler::getInstance()->initAuditTrailSetting();
     removeRedundantSettings();
     takeLoadedSnapshots(Actions::LoadSettings);
@@ -155,24 +125,8 @@ void SettingsView::replaceByLocalSettings(bool silent)
 bool SettingsView::copyFromLocalSettings()
 {
     const WaitCursor cursor;
-    const QString directory = nativePath(m_dataPath + QLatin1String(kTemporaryDirectory));
-    QString parking = directory + QLatin1String(kParkingFile);
-    QString recovery = directory + QLatin1String(kRecoveryFile);
-    const QString main = m_dataPath + QLatin1String(kSettingsFileName);
-    if (QDir(directory).exists()) {
-        parking = freeName(parking);
-        recovery = freeName(recovery);
-    } else {
-        QDir().mkpath(directory);
-    }
-
-    SettingsHandler *handler = SettingsHandler::getInstance();
-    handler->changeSettingsFile(parking);
-    QFile::rename(main, recovery);
-    handler->changeSettingsFile(main);
-
     const auto local = openLocalApplicationSettings();
-    QSettings *working = handler->generalSettings();
+    QSettings *working = SettingsHandler::getInstance()->generalSettings();
     copyAllKeys(*local, *working);
     return local->allKeys().size() <= working->allKeys().size();
 }

@@ -6,6 +6,7 @@
 #include "Corvane/views/loginview.h"
 #include "ZephanShared/toolkit/logger.h"
 #include "ZephanShared/widgets/clickablelineedit.h"
+#include "ZephanShared/widgets/waitcursor.h"
 
 #include <QComboBox>
 #include <QGuiApplication>
@@ -31,21 +32,6 @@ const auto kNoMethod = QLatin1String("none");
 const auto kInternalMethod = QLatin1String("Internal users");
 const auto kGroupMethod = QLatin1String("Windows group based");
 const auto kUserMethod = QLatin1String("Windows user based");
-
-/// Shows the wait cursor while it lives.
-class WaitCursor
-{
-public:
-    WaitCursor()
-    {
-        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-    }
-    ~WaitCursor()
-    {
-        QGuiApplication::restoreOverrideCursor();
-    }
-    Q_DISABLE_COPY(WaitCursor)
-};
 
 /// Puts other default rights in force while it lives, and afterwards the stored ones back.
 class TemporaryDefaultRights

@@ -1,0 +1,39 @@
+#ifndef SETTINGSPARKING_H
+#define SETTINGSPARKING_H
+
+#include <QString>
+
+/// Gets the file of the working settings out of the store's hands while it is replaced: the store points at a
+/// parking file in a temporary directory, where the former file is kept for recovery.
+class SettingsParking
+{
+public:
+    /// The temporary directory in the data directory; it exists only during an operation.
+    static constexpr char kDirectory[] = "tmp_ini/";
+
+    /// Makes the temporary directory. What is stuck there from an earlier run is left alone: the files get
+    /// fresh names.
+    ///
+    /// \param dataPath  the data directory with its trailing separator
+    explicit SettingsParking(const QString &dataPath);
+
+    /// Points the store at the parking file and moves the working file aside, if there is one.
+    void park();
+    /// Points the store at whatever is the working file now.
+    void unpark();
+    /// Puts the former working file back in place of what stands there.
+    void recover();
+    /// Removes the temporary directory with all that is in it.
+    void clear();
+
+    /// The file of the working settings.
+    static QString workingFile(const QString &dataPath);
+
+private:
+    QString m_workingFile;
+    QString m_directory;
+    QString m_parkingFile;
+    QString m_recoveryFile;
+};
+
+#endif
