@@ -76,6 +76,9 @@ bool isCurrentUserAdmin(UuidString &id, QString &error);
 
 /// Whether the password is that of the account, and the account an administrator's.
 ///
+/// Elsewhere than on Windows a process without root's rights can have a local account's password checked only
+/// where the account is its own.
+///
 /// \param user    name without the domain
 /// \param domain  empty for an account of this computer
 /// \param error   "Login failure", else those of `isCurrentUserAdmin`

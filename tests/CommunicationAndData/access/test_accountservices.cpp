@@ -33,12 +33,6 @@ QByteArray adminAnswer()
     return (isAdmin ? "yes|" : "no|") + error.toUtf8() + '|' + id.toString().toUtf8();
 }
 
-bool becomeUser(quint32 user, const QVector<gid_t> &groups)
-{
-    return setgroups(size_t(groups.size()), groups.constData()) == 0 && setresgid(user, user, user) == 0 &&
-           setresuid(user, user, user) == 0;
-}
-
 bool enterNameSpaceOfOneId()
 {
     if (unshare(CLONE_NEWUSER) != 0)

@@ -23,6 +23,7 @@ private slots:
     void signIn_data();
     void signIn();
     void theIdIsThatOfTheAccount();
+    void withoutRootsRightsOnlyTheOwnPasswordCanBeAsked();
     void noPasswordIsLogged();
     void theServiceDecides_data();
     void theServiceDecides();
@@ -146,6 +147,22 @@ void TestAccountSignIn::theIdIsThatOfTheAccount()
         QCOMPARE(id, getUuidFromToken(&token, error));
         QVERIFY(!id.isNull());
     }
+}
+
+void TestAccountSignIn::withoutRootsRightsOnlyTheOwnPasswordCanBeAsked()
+{
+    const auto answer = [this](const TestAccount &account) {
+        return inOwnProcess([&] {
+            UuidString id;
+            QString error;
+            if (!becomeUser(m_administrator->user(), {}))
+                return QByteArray("could not become the user");
+            return logonAdmin(account.name(), QString(), account.password(), id, error) ? QByteArray("yes")
+                                                                                        : error.toUtf8();
+        });
+    };
+    QCOMPARE(answer(*m_administrator), QByteArray("yes"));
+    QCOMPARE(answer(*m_clerk), QByteArray("Login failure"));
 }
 
 void TestAccountSignIn::noPasswordIsLogged()

@@ -5,6 +5,7 @@
 #include <QStandardPaths>
 #include <QThread>
 
+#include <grp.h>
 #include <pwd.h>
 #include <sys/wait.h>
 #include <thread>
@@ -132,4 +133,10 @@ QByteArray inOwnProcess(const std::function<QByteArray()> &body)
 void inOwnThread(const std::function<void()> &body)
 {
     std::thread(body).join();
+}
+
+bool becomeUser(quint32 user, const QVector<quint32> &groups)
+{
+    return setgroups(size_t(groups.size()), groups.constData()) == 0 && setresgid(user, user, user) == 0 &&
+           setresuid(user, user, user) == 0;
 }

@@ -3,6 +3,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <QVector>
 
 #include <functional>
 
@@ -34,6 +35,9 @@ private:
 
 /// Runs `body` in a process of its own, which can give up its rights, and returns what the body returned.
 QByteArray inOwnProcess(const std::function<QByteArray()> &body);
+
+/// Gives the process the user's rights alone, with these groups. There is no way back.
+bool becomeUser(quint32 user, const QVector<quint32> &groups);
 
 /// Runs `body` in a thread of its own, which can change what belongs to a thread.
 void inOwnThread(const std::function<void()> &body);
