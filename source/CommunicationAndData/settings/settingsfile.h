@@ -1,13 +1,48 @@
 #ifndef SETTINGSFILE_H
 #define SETTINGSFILE_H
 
+#include <QMap>
+#include <QSettings>
 #include <QString>
+#include <QVariant>
 
 #include <memory>
 
-class QSettings;
+/// Settings files on disk: opening them whatever state they are in, and keeping what would be lost by that.
+///
+/// A file that `QSettings` would read only in part, and overwrite with that part, is first kept: its bytes
+/// stay beside it under its name, the time and the damage, as "corvane.ini.20240229T081500Z.not-utf-8.kept",
+/// and what could be read of it is written in its place. A file that cannot be read or kept is never written:
+/// the settings then live in memory. Both leave a warning in the run-time log.
+namespace SettingsFile {
 
-/// Opens an ini file with the encoding of all settings files, UTF-8.
-std::unique_ptr<QSettings> openIniFile(const QString &path);
+/// Opens an ini file in UTF-8. A file that does not exist gives empty settings.
+std::unique_ptr<QSettings> open(const QString &path);
+
+/// Opens the system-scope ini file of an organisation's application in UTF-8.
+std::unique_ptr<QSettings> openSystemScope(const QString &organisation, const QString &application);
+
+/// Settings that are on no disk. Two objects on one `fileName` share their content, as always.
+std::unique_ptr<QSettings> openInMemory();
+
+/// Another object on the same settings as an open one.
+std::unique_ptr<QSettings> openAgain(const QSettings &settings);
+
+/// Sees to it that the file at `path` can be read whole and be written without a loss, as described above.
+///
+/// \param readable  is set to what could be read of a file that must not be written
+/// \return          false if the file must not be written
+bool secure(const QString &path, QByteArray *readable = nullptr);
+
+/// What an ini file with these bytes says, full key to value.
+QMap<QString, QVariant> content(const QByteArray &bytes);
+
+/// All values of open settings, full key to value.
+QMap<QString, QVariant> content(const QSettings &settings);
+
+/// Makes open settings say exactly this. What is the same already is not written.
+void replaceContent(QSettings &settings, const QMap<QString, QVariant> &content);
+
+}  // namespace SettingsFile
 
 #endif

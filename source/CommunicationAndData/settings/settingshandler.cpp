@@ -27,16 +27,11 @@ QString below(const QString &group, const QString &name)
     return group + QLatin1Char('/') + name;
 }
 
-/// True if nothing would be written differently.
-bool same(const QVariant &left, const QVariant &right)
-{
-    return left.userType() == right.userType() && left == right;
-}
-
 void registerTypes()
 {
     qRegisterMetaType<QMap<QString, QVariant>>("QMap<QString,QVariant>");
     qRegisterMetaType<OnlineSettings::QueryError>("OnlineSettings::QueryError");
+    qRegisterMetaType<OnlineWorker::Notes>("OnlineWorker::Notes");
 }
 
 }  // namespace
@@ -56,29 +51,6 @@ public:
         return working->absolute();
     }
 
-    QMap<QString, QVariant> everything() const
-    {
-        QMap<QString, QVariant> all;
-        const QStringList keys = settings().allKeys();
-        for (const QString &name : keys)
-            all.insert(name, settings().value(name));
-        return all;
-    }
-
-    /// Only what differs is written, so that unchanged settings leave the file alone.
-    void replaceEverything(const QMap<QString, QVariant> &wanted)
-    {
-        const QMap<QString, QVariant> present = everything();
-        for (auto it = present.cbegin(); it != present.cend(); ++it) {
-            if (!wanted.contains(it.key()))
-                settings().remove(it.key());
-        }
-        for (auto it = wanted.cbegin(); it != wanted.cend(); ++it) {
-            if (!present.contains(it.key()) || !same(present.value(it.key()), it.value()))
-                settings().setValue(it.key(), it.value());
-        }
-    }
-
     void reportUnreadable(const QString &name, const QByteArray &form)
     {
         const QByteArray mark = name.toUtf8() + form;
@@ -88,6 +60,31 @@ public:
         CORVANE_LOG(
             Logger::Warning, Logger::Console, "SettingsHandler::safeValue",
             QStringLiteral("The stored form of %1 is damaged or foreign and counts as absent").arg(name));
+    }
+
+    /// Looks at the entries that are there and not at every number up to a size that may be damaged.
+    QMap<QString, QVariant> connectionParameters(const QString &group) const
+    {
+        const QString array = below(group, key(SettingsKeys::kParams));
+        const int size = settings().value(below(array, key(kArraySize))).toInt();
+        QMap<QString, QVariant> params;
+        const QStringList indices = childGroups(array);
+        for (const QString &index : indices) {
+            const int number = index.toInt();
+            const QString entry = below(array, index);
+            const QString name = settings().value(below(entry, key(SettingsKeys::kParamKey))).toString();
+            if (number > 0 && number <= size && !name.isEmpty())
+                params.insert(name, settings().value(below(entry, key(SettingsKeys::kParamValue))));
+        }
+        return params;
+    }
+
+    QStringList childGroups(const QString &group) const
+    {
+        settings().beginGroup(group);
+        const QStringList names = settings().childGroups();
+        settings().endGroup();
+        return names;
     }
 
     AuditTrailSetting auditTrailSetting() const
@@ -187,16 +184,14 @@ void SettingsHandler::setSafeValue(const QString &key, const QVariant &value)
 
 QMap<QString, QVariant> SettingsHandler::databaseSettings(const QString &group)
 {
-    const QString array = below(group, key(SettingsKeys::kParams));
-    const int size = d->settings().value(below(array, key(kArraySize))).toInt();
-    QMap<QString, QVariant> params;
-    for (int i = 1; i <= size; ++i) {
-        const QString entry = below(array, QString::number(i));
-        const QString name = d->settings().value(below(entry, key(SettingsKeys::kParamKey))).toString();
-        if (!name.isEmpty())
-            params.insert(name, d->settings().value(below(entry, key(SettingsKeys::kParamValue))));
+    QMap<QString, QVariant> settings{{key(SettingsKeys::kParams), d->connectionParameters(group)}};
+    for (const char *name :
+         {SettingsKeys::kConnectOptions, SettingsKeys::kDriverParams, SettingsKeys::kSqlType}) {
+        const QString full = below(group, key(name));
+        if (d->settings().contains(full))
+            settings.insert(key(name), d->settings().value(full));
     }
-    return {{key(SettingsKeys::kParams), params}};
+    return settings;
 }
 
 void SettingsHandler::setDatabaseSettings(const QString &group, const QMap<QString, QVariant> &settings)
@@ -215,7 +210,7 @@ void SettingsHandler::setDatabaseSettings(const QString &group, const QMap<QStri
 
 bool SettingsHandler::store()
 {
-    d->remembered = d->everything();
+    d->remembered = SettingsFile::content(d->settings());
     return true;
 }
 
@@ -223,7 +218,7 @@ bool SettingsHandler::restore()
 {
     if (!d->remembered)
         return false;
-    d->replaceEverything(*d->remembered);
+    SettingsFile::replaceContent(d->settings(), *d->remembered);
     return true;
 }
 
@@ -266,7 +261,7 @@ bool SettingsHandler::getOnlineSettings(int id)
     d->online.run([&configuration, id](OnlineWorker &worker) { configuration = worker.fetch(id); });
     const bool fetched = configuration.has_value();
     if (fetched)
-        d->replaceEverything(*configuration);
+        SettingsFile::replaceContent(d->settings(), *configuration);
     QMetaObject::invokeMethod(
         this, [this, fetched] { emit onlineSettingsReady(fetched, false, QString()); }, Qt::QueuedConnection);
     return fetched;
@@ -305,14 +300,11 @@ bool SettingsHandler::isAuditTrailSettingEnabled(QString databaseHash)
 
 std::unique_ptr<QSettings> openLocalApplicationSettings()
 {
-    auto settings = std::make_unique<QSettings>(QSettings::IniFormat, QSettings::SystemScope,
-                                                QString::fromLatin1(kSuiteOrganisation),
-                                                QString::fromLatin1(kSuiteApplication));
-    settings->setIniCodec("UTF-8");
-    return settings;
+    return SettingsFile::openSystemScope(QString::fromLatin1(kSuiteOrganisation),
+                                         QString::fromLatin1(kSuiteApplication));
 }
 
 std::unique_ptr<QSettings> openSettingsFile(const QString &path)
 {
-    return openIniFile(path);
+    return SettingsFile::open(path);
 }

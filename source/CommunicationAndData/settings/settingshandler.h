@@ -34,7 +34,8 @@ public:
     /// Writes a value in a form that cannot be read and that stays valid when it is copied between files.
     void setSafeValue(const QString &key, const QVariant &value);
 
-    /// A database group as a map; its entry "params" holds the connection parameters, name to value.
+    /// A database group as a map; its entry "params" holds the connection parameters, name to value. The
+    /// group's other plain keys are in it where they are set; user name and password never are.
     QMap<QString, QVariant> databaseSettings(const QString &group);
     /// Replaces the connection parameters of a database group by the entry "params" of the map.
     void setDatabaseSettings(const QString &group, const QMap<QString, QVariant> &settings);

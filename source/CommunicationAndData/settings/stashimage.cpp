@@ -1,11 +1,10 @@
 #include "CommunicationAndData/settings/stashimage.h"
 
 #include "CommunicationAndData/settings/safevalue.h"
+#include "CommunicationAndData/settings/settingsfile.h"
+#include "CommunicationAndData/settings/variantstream.h"
 
 #include <QDataStream>
-#include <QMap>
-#include <QSettings>
-#include <QVariant>
 
 namespace {
 
@@ -22,12 +21,16 @@ QVariant stashed(const QVariant &value)
 
 QByteArray stashImage(const QSettings &settings)
 {
-    QMap<QString, QVariant> all;
-    const QStringList keys = settings.allKeys();
-    for (const QString &key : keys)
-        all.insert(key, stashed(settings.value(key)));
+    QMap<QString, QVariant> all = SettingsFile::content(settings);
+    for (QVariant &value : all)
+        value = stashed(value);
     QByteArray image;
     QDataStream stream(&image, QIODevice::WriteOnly);
     stream << all;
     return image;
+}
+
+std::optional<QMap<QString, QVariant>> readStashImage(const QByteArray &image)
+{
+    return VariantStream::readMap(image, QDataStream::Qt_DefaultCompiledVersion);
 }

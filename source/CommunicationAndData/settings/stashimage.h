@@ -2,6 +2,11 @@
 #define STASHIMAGE_H
 
 #include <QByteArray>
+#include <QMap>
+#include <QString>
+#include <QVariant>
+
+#include <optional>
 
 class QSettings;
 
@@ -10,5 +15,8 @@ class QSettings;
 ///
 /// A safe value in it is always a byte array, so that it has bytes and no text.
 QByteArray stashImage(const QSettings &settings);
+
+/// The values of such an image; nothing if the bytes are not one, whole and without more behind it.
+std::optional<QMap<QString, QVariant>> readStashImage(const QByteArray &image);
 
 #endif

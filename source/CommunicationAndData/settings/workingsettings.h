@@ -1,6 +1,7 @@
 #ifndef WORKINGSETTINGS_H
 #define WORKINGSETTINGS_H
 
+#include <QDateTime>
 #include <QObject>
 #include <QString>
 
@@ -8,8 +9,19 @@
 
 class QSettings;
 
+/// By what a change of a file is noticed.
+struct FileStamp
+{
+    qint64 size = 0;
+    QDateTime modified;
+
+    static FileStamp of(const QString &path);
+    bool operator==(const FileStamp &other) const;
+};
+
 /// The file that holds the working settings at the moment, open.
 ///
+/// It is written from the event loop soon after a change, by `sync` and at destruction, whole or not at all.
 /// What cannot be written is logged once and stays in memory.
 class WorkingSettings : public QObject
 {
@@ -18,8 +30,8 @@ class WorkingSettings : public QObject
 public:
     /// Working settings that are on no disk, as before a first file is chosen.
     WorkingSettings();
+    /// The file's content as it is on disk now, or nothing where there is no file.
     explicit WorkingSettings(const QString &path);
-    /// Writes what is pending.
     ~WorkingSettings() override;
 
     /// The object that callers work with. They may have entered a group in it.
@@ -27,20 +39,22 @@ public:
     /// The same content, always addressed by full keys.
     QSettings &absolute() const;
 
-    /// Writes what is pending, and takes in what others wrote to the file.
-    void sync();
+    /// Writes what is pending, and takes in what others wrote to the file. False if it could not be written.
+    bool sync();
 
-    /// The events by which the two objects ask to be written.
+    /// Notices the requests of the two objects to be written.
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void open(const QString &path);
+    void watch();
     void reportFailure();
 
-    QString m_path;
+    const QString m_path;
+    bool m_onDisk = false;
     bool m_failureReported = false;
-    std::unique_ptr<QSettings> m_shared;
+    FileStamp m_stamp;
     std::unique_ptr<QSettings> m_absolute;
+    std::unique_ptr<QSettings> m_shared;
 };
 
 #endif

@@ -1,0 +1,97 @@
+#include "CommunicationAndData/settings/keptfile.h"
+
+#include <QCryptographicHash>
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+#include <filesystem>
+#include <system_error>
+
+namespace {
+
+constexpr int kMostNames = 100;  // of one second and reason
+constexpr qint64 kBlockSize = 1 << 20;
+
+std::filesystem::path nativeName(const QString &path)
+{
+#ifdef Q_OS_WIN
+    return std::filesystem::path(path.toStdWString());
+#else
+    return std::filesystem::path(QFile::encodeName(path).toStdString());
+#endif
+}
+
+QByteArray digestOf(const QString &path)
+{
+    QFile file(path);
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    if (!file.open(QIODevice::ReadOnly) || !hash.addData(&file))
+        return QByteArray();
+    return hash.result();
+}
+
+/// The name of a copy that says the same already; empty without one.
+QString formerCopy(const QString &path, const QString &reason)
+{
+    const QFileInfo file(path);
+    const QStringList copies = file.dir().entryList(
+        {QStringLiteral("%1.*.%2.kept").arg(file.fileName(), reason)}, QDir::Files | QDir::Hidden);
+    QByteArray digest;
+    for (const QString &name : copies) {
+        const QString copy = file.dir().filePath(name);
+        if (QFileInfo(copy).size() != file.size())
+            continue;
+        if (digest.isEmpty())
+            digest = digestOf(path);
+        if (!digest.isEmpty() && digestOf(copy) == digest)
+            return copy;
+    }
+    return QString();
+}
+
+QString freeName(const QString &path, const QString &reason)
+{
+    const QString time = QDateTime::currentDateTimeUtc().toString(QStringLiteral("yyyyMMdd'T'hhmmss'Z'"));
+    QString name = QStringLiteral("%1.%2.%3.kept").arg(path, time, reason);
+    for (int i = 2; QFileInfo::exists(name) && i <= kMostNames; ++i)
+        name = QStringLiteral("%1.%2-%3.%4.kept").arg(path, time, QString::number(i), reason);
+    return QFileInfo::exists(name) ? QString() : name;
+}
+
+/// A second name for the same bytes: needs no room, and the first name can then be given to others.
+bool link(const QString &path, const QString &name)
+{
+    std::error_code error;
+    std::filesystem::create_hard_link(nativeName(QFileInfo(path).canonicalFilePath()), nativeName(name),
+                                      error);
+    return !error;
+}
+
+bool copy(const QString &path, const QString &name)
+{
+    QFile source(path);
+    QSaveFile target(name);
+    if (!source.open(QIODevice::ReadOnly) || !target.open(QIODevice::WriteOnly))
+        return false;
+    target.setPermissions(source.permissions());
+    while (!source.atEnd()) {
+        const QByteArray block = source.read(kBlockSize);
+        if (block.isEmpty() || target.write(block) != block.size())
+            return false;
+    }
+    return target.commit();
+}
+
+}  // namespace
+
+QString keepFile(const QString &path, const QString &reason)
+{
+    const QString former = formerCopy(path, reason);
+    if (!former.isEmpty())
+        return former;
+    const QString name = freeName(path, reason);
+    return !name.isEmpty() && (link(path, name) || copy(path, name)) ? name : QString();
+}

@@ -1,0 +1,51 @@
+#include "storechecks.h"
+
+#include "CommunicationAndData/settings/settingshandler.h"
+#include "support/workstation.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace {
+
+constexpr uid_t kNobody = 65534;
+
+}  // namespace
+
+SettingsHandler *store()
+{
+    return SettingsHandler::getInstance();
+}
+
+QString key(const char *name)
+{
+    return QString::fromLatin1(name);
+}
+
+QStringList linesWith(const QString &log, const QString &text)
+{
+    return QString::fromUtf8(readFile(log)).split(QLatin1Char('\n')).filter(text);
+}
+
+QStringList keptCopies(const QString &path)
+{
+    const QFileInfo file(path);
+    QStringList copies;
+    const auto found = file.dir().entryInfoList({file.fileName() + QStringLiteral(".*.kept")});
+    for (const QFileInfo &copy : found)
+        copies.append(copy.filePath());
+    return copies;
+}
+
+WithoutPrivileges::WithoutPrivileges()
+    : m_user(geteuid())
+{
+    if (m_user == 0 && seteuid(kNobody) != 0)
+        qFatal("The privileges cannot be dropped");
+}
+
+WithoutPrivileges::~WithoutPrivileges()
+{
+    if (geteuid() != m_user && seteuid(m_user) != 0)
+        qFatal("The privileges cannot be taken back");
+}

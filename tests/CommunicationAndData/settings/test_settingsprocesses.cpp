@@ -1,0 +1,131 @@
+#include "CommunicationAndData/settings/inirepair.h"
+#include "support/workstation.h"
+
+#include <QElapsedTimer>
+#include <QProcess>
+#include <QRandomGenerator>
+#include <QSettings>
+#include <QTest>
+
+#include <memory>
+
+namespace {
+
+constexpr int kRounds = 25;
+constexpr int kFillers = 200;
+
+std::unique_ptr<QProcess> child(const QStringList &arguments)
+{
+    auto process = std::make_unique<QProcess>();
+    process->setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    process->start(QCoreApplication::applicationDirPath() + QStringLiteral("/settings_child"), arguments);
+    return process;
+}
+
+/// Read under a name of its own, so that no file is remembered from before.
+QMap<QString, QVariant> contentOf(const QString &path, const QString &copy)
+{
+    QFile::remove(copy);
+    QMap<QString, QVariant> content;
+    if (!QFile::copy(path, copy))
+        return content;
+    const QSettings settings(copy, QSettings::IniFormat);
+    const QStringList keys = settings.allKeys();
+    for (const QString &key : keys)
+        content.insert(key, settings.value(key));
+    return content;
+}
+
+int countBelow(const QMap<QString, QVariant> &content, const QString &group)
+{
+    return content.keys().filter(group + QLatin1Char('/')).size();
+}
+
+}  // namespace
+
+class TestSettingsProcesses : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void aKilledProcessLosesNothingThatWasOnDisk();
+    void twoProcessesKeepEachOthersKeys();
+    void whatIsPendingAtTheEndIsWritten();
+    void theWorkersThreadEndsWithTheProcess_data();
+    void theWorkersThreadEndsWithTheProcess();
+
+private:
+    QString file(const QString &name) const
+    {
+        return m_workstation.dataDirectory() + name;
+    }
+
+    Workstation m_workstation;
+};
+
+void TestSettingsProcesses::aKilledProcessLosesNothingThatWasOnDisk()
+{
+    const QString path = file(QStringLiteral("killed.ini"));
+    for (int round = 0; round < kRounds; ++round) {
+        const auto process =
+            child({QStringLiteral("write"), path, QStringLiteral("ui"), QStringLiteral("0")});
+        QVERIFY(process->waitForStarted());
+        QVERIFY(process->waitForReadyRead(30000));
+        QTest::qWait(QRandomGenerator::system()->bounded(40));
+        process->kill();
+        QVERIFY(process->waitForFinished());
+        QByteArray said = process->readAllStandardOutput();
+        said.truncate(said.lastIndexOf('\n'));
+        const int acknowledged = said.split('\n').last().toInt();
+        QVERIFY(acknowledged > 0);
+
+        QVERIFY(repairIni(readFile(path)).isSound());
+        const auto content = contentOf(path, file(QStringLiteral("killed_copy_%1.ini").arg(round)));
+        QVERIFY(content.value(QStringLiteral("ui/number")).toInt() >= acknowledged);
+        QCOMPARE(countBelow(content, QStringLiteral("ui")), kFillers + 1);
+    }
+}
+
+void TestSettingsProcesses::twoProcessesKeepEachOthersKeys()
+{
+    const QString path = file(QStringLiteral("shared.ini"));
+    const QString count = QStringLiteral("100");
+    const auto first = child({QStringLiteral("write"), path, QStringLiteral("his"), count});
+    const auto second = child({QStringLiteral("write"), path, QStringLiteral("ui"), count});
+    QVERIFY(first->waitForFinished(60000));
+    QVERIFY(second->waitForFinished(60000));
+    const auto content = contentOf(path, file(QStringLiteral("shared_copy.ini")));
+    for (const QString &group : {QStringLiteral("his"), QStringLiteral("ui")}) {
+        QCOMPARE(content.value(group + QStringLiteral("/number")).toInt(), 100);
+        QCOMPARE(countBelow(content, group), kFillers + 1);
+    }
+}
+
+void TestSettingsProcesses::whatIsPendingAtTheEndIsWritten()
+{
+    const QString path = file(QStringLiteral("pending.ini"));
+    const auto process = child({QStringLiteral("pending"), path});
+    QVERIFY(process->waitForFinished());
+    QCOMPARE(process->exitCode(), 0);
+    QCOMPARE(readFile(path), QByteArray("[ui]\npending=1\n"));
+}
+
+void TestSettingsProcesses::theWorkersThreadEndsWithTheProcess_data()
+{
+    QTest::addColumn<QString>("end");
+
+    QTest::newRow("when the event loop ends") << QStringLiteral("orderly");
+    QTest::newRow("when exit is called inside the event loop") << QStringLiteral("abruptly");
+}
+
+void TestSettingsProcesses::theWorkersThreadEndsWithTheProcess()
+{
+    QFETCH(QString, end);
+    const auto process = child({QStringLiteral("ask"), end});
+    QVERIFY(process->waitForFinished());
+    QCOMPARE(process->exitStatus(), QProcess::NormalExit);
+    QCOMPARE(process->exitCode(), 7);
+}
+
+QTEST_GUILESS_MAIN(TestSettingsProcesses)
+#include "test_settingsprocesses.moc"
