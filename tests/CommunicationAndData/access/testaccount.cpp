@@ -5,6 +5,7 @@
 #include <QStandardPaths>
 #include <QThread>
 
+#include <fcntl.h>
 #include <grp.h>
 #include <pwd.h>
 #include <sys/wait.h>
@@ -54,6 +55,7 @@ TestAccount::TestAccount(const QStringList &groups)
     : m_name(randomText(QStringLiteral("cvt")))
     , m_password(randomText(QStringLiteral("Pä$ ")))
 {
+    startGuardian();
     QStringList arguments{QStringLiteral("--no-create-home"), QStringLiteral("--user-group")};
     if (!groups.isEmpty())
         arguments << QStringLiteral("--groups") << groups.join(QLatin1Char(','));
@@ -63,7 +65,31 @@ TestAccount::TestAccount(const QStringList &groups)
 
 TestAccount::~TestAccount()
 {
-    run(QStringLiteral("userdel"), {m_name});
+    close(m_guardianInput);
+    waitpid(m_guardian, nullptr, 0);
+}
+
+/// A process that waits until nobody holds the other end of its input, and then removes the account.
+void TestAccount::startGuardian()
+{
+    constexpr const char *script = "PATH=$PATH:/usr/sbin:/sbin; cat; for i in 1 2 3 4 5 6 7 8 9 10; do "
+                                   "userdel \"$1\" && break; sleep 0.2; done";
+    const QByteArray name = m_name.toLatin1();
+    int ends[2];
+    if (pipe2(ends, O_CLOEXEC) != 0)
+        return;
+    m_guardian = fork();
+    if (m_guardian == 0) {
+        setsid();
+        const int nowhere = open("/dev/null", O_WRONLY);
+        dup2(ends[0], STDIN_FILENO);
+        dup2(nowhere, STDOUT_FILENO);
+        dup2(nowhere, STDERR_FILENO);
+        execl("/bin/sh", "sh", "-c", script, "guardian", name.constData(), nullptr);
+        _exit(1);
+    }
+    close(ends[0]);
+    m_guardianInput = ends[1];
 }
 
 QString TestAccount::obstacle()

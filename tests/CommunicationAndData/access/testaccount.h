@@ -7,7 +7,8 @@
 
 #include <functional>
 
-/// An account of this computer with a random name and a group of its own, removed with the object.
+/// An account of this computer with a random name and a group of its own, removed with the object, and also
+/// when the test's process ends in any other way.
 class TestAccount
 {
 public:
@@ -29,8 +30,12 @@ public:
     bool setPassword(const QString &password);
 
 private:
+    void startGuardian();
+
     QString m_name;
     QString m_password;
+    int m_guardianInput = -1;
+    int m_guardian = -1;
 };
 
 /// Runs `body` in a process of its own, which can give up its rights, and returns what the body returned.
