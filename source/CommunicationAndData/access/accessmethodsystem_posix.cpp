@@ -17,6 +17,7 @@
 #endif
 
 #include <cerrno>
+#include <vector>
 
 using namespace AccountServices;
 
@@ -198,11 +199,12 @@ template<typename Call>
 bool readGroups(QVector<gid_t> &groups, Call call)
 {
     constexpr int kMostGroups = 1 << 17;
+    std::vector<gid_t> buffer;
     for (int count = 64; count <= kMostGroups; count *= 2) {
-        groups.resize(count);
-        const int got = call(groups.data(), count);
+        buffer.resize(static_cast<size_t>(count));
+        const int got = call(buffer.data(), count);
         if (got >= 0) {
-            groups.resize(got);
+            groups = QVector<gid_t>(buffer.cbegin(), buffer.cbegin() + got);
             return true;
         }
     }
