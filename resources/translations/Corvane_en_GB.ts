@@ -259,6 +259,45 @@
     </message>
 </context>
 <context>
+    <name>DatabaseSettingsView</name>
+    <message>
+        <source>General storage settings</source>
+        <translation>General storage settings</translation>
+    </message>
+    <message>
+        <source>Offline database</source>
+        <translation>Offline database</translation>
+    </message>
+    <message>
+        <source>Location</source>
+        <translation>Location</translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation>Browse...</translation>
+    </message>
+    <message>
+        <source>Use offline database exclusively</source>
+        <translation>Use offline database exclusively</translation>
+    </message>
+    <message>
+        <source>Synchronisation</source>
+        <translation>Synchronisation</translation>
+    </message>
+    <message>
+        <source>Identification criteria</source>
+        <translation>Identification criteria</translation>
+    </message>
+    <message>
+        <source>Database connection settings</source>
+        <translation>Database connection settings</translation>
+    </message>
+    <message>
+        <source>Select offline database location directory</source>
+        <translation>Select offline database location directory</translation>
+    </message>
+</context>
+<context>
     <name>DateEdit</name>
     <message>
         <source>Open calendar</source>
@@ -271,6 +310,41 @@
     <message>
         <source>Enter valid date</source>
         <translation>Enter valid date</translation>
+    </message>
+</context>
+<context>
+    <name>DiffView</name>
+    <message>
+        <source>Settings changes</source>
+        <translation>Settings changes</translation>
+    </message>
+    <message>
+        <source>Initially loaded settings:</source>
+        <translation>Initially loaded settings:</translation>
+    </message>
+    <message>
+        <source>Current modified settings:</source>
+        <translation>Current modified settings:</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Switch to compare to initially loaded settings</source>
+        <translation>Switch to compare to initially loaded settings</translation>
+    </message>
+    <message>
+        <source>Previously loaded settings:</source>
+        <translation>Previously loaded settings:</translation>
+    </message>
+    <message>
+        <source>Switch to compare to previously loaded settings</source>
+        <translation>Switch to compare to previously loaded settings</translation>
     </message>
 </context>
 <context>
@@ -1192,6 +1266,52 @@
     <message>
         <source>Local settings</source>
         <translation>Local settings</translation>
+    </message>
+    <message>
+        <source>Database</source>
+        <translation>Database</translation>
+    </message>
+    <message>
+        <source>Loading settings failed</source>
+        <translation>Loading settings failed</translation>
+    </message>
+    <message>
+        <source>Loading settings configuration from database was unsuccessful.
+Previous settings restored.</source>
+        <translation>Loading settings configuration from database was unsuccessful.
+Previous settings restored.</translation>
+    </message>
+    <message>
+        <source>INI (*.ini)</source>
+        <translation>INI (*.ini)</translation>
+    </message>
+    <message>
+        <source>Export to a file</source>
+        <translation>Export to a file</translation>
+    </message>
+    <message>
+        <source>File existed and could not be overwritten!</source>
+        <translation>File existed and could not be overwritten!</translation>
+    </message>
+    <message>
+        <source> File copying failed!</source>
+        <translation> File copying failed!</translation>
+    </message>
+    <message>
+        <source>Import from a file</source>
+        <translation>Import from a file</translation>
+    </message>
+    <message>
+        <source>Imported settings</source>
+        <translation>Imported settings</translation>
+    </message>
+    <message>
+        <source>File %1 not found! Please select existing file to import!</source>
+        <translation>File %1 not found! Please select existing file to import!</translation>
+    </message>
+    <message>
+        <source>Importing settings from %1 did not succeed. Please try again.</source>
+        <translation>Importing settings from %1 did not succeed. Please try again.</translation>
     </message>
 </context>
 <context>

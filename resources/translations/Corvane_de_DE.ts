@@ -1,0 +1,1432 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de_DE" sourcelanguage="en_GB">
+<context>
+    <name>AboutDialog</name>
+    <message>
+        <source>About</source>
+        <translation>Info</translation>
+    </message>
+    <message>
+        <source>&amp;Ok</source>
+        <translation>&amp;OK</translation>
+    </message>
+    <message>
+        <source>THIS IS PRE-RELEASE VERSION OF THE SOFTWARE.</source>
+        <translation>DIES IST EINE VORABVERSION DER SOFTWARE.</translation>
+    </message>
+    <message>
+        <source>NOT TO BE USED IN ANY CLINICAL WORK!</source>
+        <translation>NICHT FÜR DEN KLINISCHEN EINSATZ!</translation>
+    </message>
+    <message>
+        <source>Cannot fetch about information</source>
+        <translation>Die Programminformationen können nicht gelesen werden</translation>
+    </message>
+</context>
+<context>
+    <name>AuditTrailQueryModel</name>
+    <message>
+        <source>Unknown</source>
+        <translation>Unbekannt</translation>
+    </message>
+    <message>
+        <source>Access</source>
+        <translation>Zugriff</translation>
+    </message>
+    <message>
+        <source>Database</source>
+        <translation>Datenbank</translation>
+    </message>
+    <message>
+        <source>User</source>
+        <translation>Benutzer</translation>
+    </message>
+    <message>
+        <source>Transfer</source>
+        <translation>Übertragung</translation>
+    </message>
+    <message>
+        <source>System</source>
+        <translation>System</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>Low</source>
+        <translation>Niedrig</translation>
+    </message>
+    <message>
+        <source>Normal</source>
+        <translation>Normal</translation>
+    </message>
+    <message>
+        <source>High</source>
+        <translation>Hoch</translation>
+    </message>
+    <message>
+        <source>Automatic</source>
+        <translation>Automatisch</translation>
+    </message>
+    <message>
+        <source>Human</source>
+        <translation>Person</translation>
+    </message>
+</context>
+<context>
+    <name>AuditTrailQueryString</name>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Category</source>
+        <translation>Kategorie</translation>
+    </message>
+    <message>
+        <source>Level</source>
+        <translation>Stufe</translation>
+    </message>
+    <message>
+        <source>Action</source>
+        <translation>Aktion</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>Operator ID</source>
+        <translation>Bediener-ID</translation>
+    </message>
+    <message>
+        <source>Operator username</source>
+        <translation>Benutzername des Bedieners</translation>
+    </message>
+    <message>
+        <source>System</source>
+        <translation>System</translation>
+    </message>
+    <message>
+        <source>Database key</source>
+        <translation>Datenbankschlüssel</translation>
+    </message>
+    <message>
+        <source>Additional Information</source>
+        <translation>Zusätzliche Informationen</translation>
+    </message>
+    <message>
+        <source>Target Database</source>
+        <translation>Zieldatenbank</translation>
+    </message>
+    <message>
+        <source>Target Server</source>
+        <translation>Zielserver</translation>
+    </message>
+</context>
+<context>
+    <name>AuditTrailView</name>
+    <message>
+        <source>Events of this workstation are recorded in %1</source>
+        <translation>Ereignisse dieses Arbeitsplatzes werden in %1 aufgezeichnet</translation>
+    </message>
+</context>
+<context>
+    <name>CentralElement</name>
+    <message>
+        <source>Critical error</source>
+        <translation>Kritischer Fehler</translation>
+    </message>
+    <message>
+        <source>The program will be closed.</source>
+        <translation>Das Programm wird beendet.</translation>
+    </message>
+    <message>
+        <source>Error code</source>
+        <translation>Fehlercode</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>Application ran into a problem and cannot start.</source>
+        <translation>In der Anwendung ist ein Problem aufgetreten. Sie kann nicht gestartet werden.</translation>
+    </message>
+    <message>
+        <source>Initialisation failed</source>
+        <translation>Initialisierung fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Could not start program. Error code %1</source>
+        <translation>Das Programm konnte nicht gestartet werden. Fehlercode %1</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Home</source>
+        <translation>Startseite</translation>
+    </message>
+    <message>
+        <source>Settings Management</source>
+        <translation>Einstellungsverwaltung</translation>
+    </message>
+    <message>
+        <source>Access Control Management</source>
+        <translation>Zugriffsverwaltung</translation>
+    </message>
+    <message>
+        <source>Audit Trail Viewer</source>
+        <translation>Audit-Trail-Anzeige</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>Info</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>CommunicationAndDataEngine</name>
+    <message>
+        <source>The audit trail can no longer be written.</source>
+        <translation>Der Audit-Trail kann nicht mehr geschrieben werden.</translation>
+    </message>
+</context>
+<context>
+    <name>DatabaseGroupSettings</name>
+    <message>
+        <source>Connection mode</source>
+        <translation>Verbindungsmodus</translation>
+    </message>
+    <message>
+        <source>Database</source>
+        <translation>Datenbank</translation>
+    </message>
+    <message>
+        <source>SQL type</source>
+        <translation>SQL-Typ</translation>
+    </message>
+    <message>
+        <source>Username</source>
+        <translation>Benutzername</translation>
+    </message>
+    <message>
+        <source>Password</source>
+        <translation>Passwort</translation>
+    </message>
+    <message>
+        <source>Connection settings</source>
+        <translation>Verbindungseinstellungen</translation>
+    </message>
+    <message>
+        <source>Connection parameters</source>
+        <translation>Verbindungsparameter</translation>
+    </message>
+    <message>
+        <source>Offline database Location</source>
+        <translation>Speicherort der Offline-Datenbank</translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation>Durchsuchen...</translation>
+    </message>
+    <message>
+        <source>Create new database</source>
+        <translation>Neue Datenbank anlegen</translation>
+    </message>
+    <message>
+        <source>Select offline database location directory</source>
+        <translation>Ordner der Offline-Datenbank auswählen</translation>
+    </message>
+    <message>
+        <source>Select offline database location</source>
+        <translation>Speicherort der Offline-Datenbank auswählen</translation>
+    </message>
+    <message>
+        <source>Select</source>
+        <translation>Auswählen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>DatabaseSettingsView</name>
+    <message>
+        <source>General storage settings</source>
+        <translation>Allgemeine Speichereinstellungen</translation>
+    </message>
+    <message>
+        <source>Offline database</source>
+        <translation>Offline-Datenbank</translation>
+    </message>
+    <message>
+        <source>Location</source>
+        <translation>Speicherort</translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation>Durchsuchen...</translation>
+    </message>
+    <message>
+        <source>Use offline database exclusively</source>
+        <translation>Ausschließlich die Offline-Datenbank verwenden</translation>
+    </message>
+    <message>
+        <source>Synchronisation</source>
+        <translation>Synchronisierung</translation>
+    </message>
+    <message>
+        <source>Identification criteria</source>
+        <translation>Identifikationskriterien</translation>
+    </message>
+    <message>
+        <source>Database connection settings</source>
+        <translation>Datenbankverbindungen</translation>
+    </message>
+    <message>
+        <source>Select offline database location directory</source>
+        <translation>Ordner der Offline-Datenbank auswählen</translation>
+    </message>
+</context>
+<context>
+    <name>DateEdit</name>
+    <message>
+        <source>Open calendar</source>
+        <translation>Kalender öffnen</translation>
+    </message>
+    <message>
+        <source>This field is mandatory</source>
+        <translation>Dieses Feld ist ein Pflichtfeld</translation>
+    </message>
+    <message>
+        <source>Enter valid date</source>
+        <translation>Gültiges Datum eingeben</translation>
+    </message>
+</context>
+<context>
+    <name>DiffView</name>
+    <message>
+        <source>Settings changes</source>
+        <translation>Änderungen an den Einstellungen</translation>
+    </message>
+    <message>
+        <source>Initially loaded settings:</source>
+        <translation>Ursprünglich geladene Einstellungen:</translation>
+    </message>
+    <message>
+        <source>Current modified settings:</source>
+        <translation>Aktuelle geänderte Einstellungen:</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Switch to compare to initially loaded settings</source>
+        <translation>Mit den ursprünglich geladenen Einstellungen vergleichen</translation>
+    </message>
+    <message>
+        <source>Previously loaded settings:</source>
+        <translation>Zuvor geladene Einstellungen:</translation>
+    </message>
+    <message>
+        <source>Switch to compare to previously loaded settings</source>
+        <translation>Mit den zuvor geladenen Einstellungen vergleichen</translation>
+    </message>
+</context>
+<context>
+    <name>FieldEdit</name>
+    <message>
+        <source>male</source>
+        <translation>männlich</translation>
+    </message>
+    <message>
+        <source>female</source>
+        <translation>weiblich</translation>
+    </message>
+    <message>
+        <source>undefined</source>
+        <translation>nicht festgelegt</translation>
+    </message>
+    <message>
+        <source>African American</source>
+        <translation>Afroamerikanisch</translation>
+    </message>
+    <message>
+        <source>Asian</source>
+        <translation>Asiatisch</translation>
+    </message>
+    <message>
+        <source>Caucasian</source>
+        <translation>Kaukasisch</translation>
+    </message>
+    <message>
+        <source>Hispanic</source>
+        <translation>Hispanisch</translation>
+    </message>
+    <message>
+        <source>Hong Kong Chinese</source>
+        <translation>Hongkong-chinesisch</translation>
+    </message>
+    <message>
+        <source>Japanese American</source>
+        <translation>Japanisch-amerikanisch</translation>
+    </message>
+    <message>
+        <source>Polynesian</source>
+        <translation>Polynesisch</translation>
+    </message>
+    <message>
+        <source>North Indian and Pakistani</source>
+        <translation>Nordindisch und pakistanisch</translation>
+    </message>
+    <message>
+        <source>South Indian</source>
+        <translation>Südindisch</translation>
+    </message>
+    <message>
+        <source>African Descent</source>
+        <translation>Afrikanische Abstammung</translation>
+    </message>
+    <message>
+        <source>Japanese</source>
+        <translation>Japanisch</translation>
+    </message>
+    <message>
+        <source>Mexican American</source>
+        <translation>Mexikanisch-amerikanisch</translation>
+    </message>
+    <message>
+        <source>North East Asian</source>
+        <translation>Nordostasiatisch</translation>
+    </message>
+    <message>
+        <source>South East Asian</source>
+        <translation>Südostasiatisch</translation>
+    </message>
+    <message>
+        <source>Mixed / Other</source>
+        <translation>Gemischt / Andere</translation>
+    </message>
+    <message>
+        <source>No Information</source>
+        <translation>Keine Angabe</translation>
+    </message>
+</context>
+<context>
+    <name>FormParts</name>
+    <message>
+        <source>Select</source>
+        <translation>Auswählen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>IdentificationBoxes</name>
+    <message>
+        <source>Personal ID</source>
+        <translation>Personenkennung</translation>
+    </message>
+    <message>
+        <source>Person code</source>
+        <translation>Personencode</translation>
+    </message>
+    <message>
+        <source>Last Name</source>
+        <translation>Nachname</translation>
+    </message>
+    <message>
+        <source>Middle Name</source>
+        <translation>Zweiter Vorname</translation>
+    </message>
+    <message>
+        <source>First Name</source>
+        <translation>Vorname</translation>
+    </message>
+    <message>
+        <source>Birthdate</source>
+        <translation>Geburtsdatum</translation>
+    </message>
+    <message>
+        <source>Gender</source>
+        <translation>Geschlecht</translation>
+    </message>
+    <message>
+        <source>Ethnic Group</source>
+        <translation>Ethnische Gruppe</translation>
+    </message>
+</context>
+<context>
+    <name>ImportExportSettings</name>
+    <message>
+        <source>Automatic Import/Export</source>
+        <translation>Automatischer Import/Export</translation>
+    </message>
+    <message>
+        <source>HIS system file format</source>
+        <translation>KIS-Dateiformat</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Keine</translation>
+    </message>
+    <message>
+        <source>GDT</source>
+        <translation>GDT</translation>
+    </message>
+    <message>
+        <source>GDT 3.0</source>
+        <translation>GDT 3.0</translation>
+    </message>
+    <message>
+        <source>XML</source>
+        <translation>XML</translation>
+    </message>
+    <message>
+        <source>Import mode</source>
+        <translation>Importmodus</translation>
+    </message>
+    <message>
+        <source>Insert</source>
+        <translation>Einfügen</translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation>Aktualisieren</translation>
+    </message>
+    <message>
+        <source>Show dialogue if single matching person found</source>
+        <translation>Dialog anzeigen, wenn genau eine passende Person gefunden wird</translation>
+    </message>
+    <message>
+        <source>Person identification</source>
+        <translation>Personenidentifikation</translation>
+    </message>
+    <message>
+        <source>Identification criteria</source>
+        <translation>Identifikationskriterien</translation>
+    </message>
+    <message>
+        <source>Input file</source>
+        <translation>Eingabedatei</translation>
+    </message>
+    <message>
+        <source>Output file</source>
+        <translation>Ausgabedatei</translation>
+    </message>
+    <message>
+        <source>Export options</source>
+        <translation>Exportoptionen</translation>
+    </message>
+    <message>
+        <source>Autoexport</source>
+        <translation>Automatischer Export</translation>
+    </message>
+    <message>
+        <source>No autoexport</source>
+        <translation>Kein automatischer Export</translation>
+    </message>
+    <message>
+        <source>No Export</source>
+        <translation>Kein Export</translation>
+    </message>
+    <message>
+        <source>Export Study Data</source>
+        <translation>Untersuchungsdaten exportieren</translation>
+    </message>
+    <message>
+        <source>Current study</source>
+        <translation>Aktuelle Untersuchung</translation>
+    </message>
+    <message>
+        <source>All studies</source>
+        <translation>Alle Untersuchungen</translation>
+    </message>
+    <message>
+        <source>Proceed into measurement automatically</source>
+        <translation>Automatisch mit der Messung fortfahren</translation>
+    </message>
+    <message>
+        <source>Default locations:</source>
+        <translation>Standardordner:</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Export</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Import</translation>
+    </message>
+    <message>
+        <source>Default file format</source>
+        <translation>Standarddateiformat</translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation>Durchsuchen...</translation>
+    </message>
+    <message>
+        <source>Select default import location</source>
+        <translation>Standardordner für den Import auswählen</translation>
+    </message>
+    <message>
+        <source>Select default export location</source>
+        <translation>Standardordner für den Export auswählen</translation>
+    </message>
+    <message>
+        <source>GDT File (*.gdt);;Any file (*.*)</source>
+        <translation>GDT-Datei (*.gdt);;Beliebige Datei (*.*)</translation>
+    </message>
+    <message>
+        <source>XML File (*.xml);;Any file (*.*)</source>
+        <translation>XML-Datei (*.xml);;Beliebige Datei (*.*)</translation>
+    </message>
+</context>
+<context>
+    <name>IntroductionView</name>
+    <message>
+        <source>Corvane</source>
+        <translation>Corvane</translation>
+    </message>
+    <message>
+        <source>Settings Management</source>
+        <translation>Einstellungsverwaltung</translation>
+    </message>
+    <message>
+        <source>Database Management</source>
+        <translation>Datenbankverwaltung</translation>
+    </message>
+    <message>
+        <source>Access Control Management</source>
+        <translation>Zugriffsverwaltung</translation>
+    </message>
+    <message>
+        <source>Audit Trail Viewer</source>
+        <translation>Audit-Trail-Anzeige</translation>
+    </message>
+</context>
+<context>
+    <name>LoginDialog</name>
+    <message>
+        <source>Username</source>
+        <translation>Benutzername</translation>
+    </message>
+    <message>
+        <source>Password</source>
+        <translation>Passwort</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>LoginView</name>
+    <message>
+        <source>Corvane</source>
+        <translation>Corvane</translation>
+    </message>
+    <message>
+        <source>Sign in</source>
+        <translation>Anmelden</translation>
+    </message>
+    <message>
+        <source>Enter username</source>
+        <translation>Benutzernamen eingeben</translation>
+    </message>
+    <message>
+        <source>Enter password</source>
+        <translation>Passwort eingeben</translation>
+    </message>
+    <message>
+        <source>Username</source>
+        <translation>Benutzername</translation>
+    </message>
+    <message>
+        <source>Password</source>
+        <translation>Passwort</translation>
+    </message>
+    <message>
+        <source>Go back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Select to login as</source>
+        <translation>Anmelden als</translation>
+    </message>
+    <message>
+        <source>Windows administrator</source>
+        <translation>Windows-Administrator</translation>
+    </message>
+    <message>
+        <source>Current user</source>
+        <translation>Aktueller Benutzer</translation>
+    </message>
+    <message>
+        <source>Other user</source>
+        <translation>Anderer Benutzer</translation>
+    </message>
+    <message>
+        <source>Authenticated user</source>
+        <translation>Authentifizierter Benutzer</translation>
+    </message>
+    <message>
+        <source>Windows user</source>
+        <translation>Windows-Benutzer</translation>
+    </message>
+    <message>
+        <source>Application internal user</source>
+        <translation>Anwendungsinterner Benutzer</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>Sprache</translation>
+    </message>
+    <message>
+        <source>Language:</source>
+        <translation>Sprache:</translation>
+    </message>
+    <message>
+        <source>Username needed.</source>
+        <translation>Ein Benutzername ist erforderlich.</translation>
+    </message>
+    <message>
+        <source>Password needed.</source>
+        <translation>Ein Passwort ist erforderlich.</translation>
+    </message>
+    <message>
+        <source>Signing in.</source>
+        <translation>Anmeldung läuft.</translation>
+    </message>
+    <message>
+        <source>Sign in failed!</source>
+        <translation>Anmeldung fehlgeschlagen!</translation>
+    </message>
+    <message>
+        <source>Czech</source>
+        <translation>Tschechisch</translation>
+    </message>
+    <message>
+        <source>German (Austria)</source>
+        <translation>Deutsch (Österreich)</translation>
+    </message>
+    <message>
+        <source>German</source>
+        <translation>Deutsch</translation>
+    </message>
+    <message>
+        <source>Danish</source>
+        <translation>Dänisch</translation>
+    </message>
+    <message>
+        <source>Greek</source>
+        <translation>Griechisch</translation>
+    </message>
+    <message>
+        <source>English (UK)</source>
+        <translation>Englisch (UK)</translation>
+    </message>
+    <message>
+        <source>English (US)</source>
+        <translation>Englisch (USA)</translation>
+    </message>
+    <message>
+        <source>Estonian</source>
+        <translation>Estnisch</translation>
+    </message>
+    <message>
+        <source>Finnish</source>
+        <translation>Finnisch</translation>
+    </message>
+    <message>
+        <source>French</source>
+        <translation>Französisch</translation>
+    </message>
+    <message>
+        <source>Hungarian</source>
+        <translation>Ungarisch</translation>
+    </message>
+    <message>
+        <source>Italian</source>
+        <translation>Italienisch</translation>
+    </message>
+    <message>
+        <source>Japanese</source>
+        <translation>Japanisch</translation>
+    </message>
+    <message>
+        <source>Norwegian (Bokmål)</source>
+        <translation>Norwegisch (Bokmål)</translation>
+    </message>
+    <message>
+        <source>Dutch</source>
+        <translation>Niederländisch</translation>
+    </message>
+    <message>
+        <source>Flemish</source>
+        <translation>Flämisch</translation>
+    </message>
+    <message>
+        <source>Polish</source>
+        <translation>Polnisch</translation>
+    </message>
+    <message>
+        <source>Portuguese</source>
+        <translation>Portugiesisch</translation>
+    </message>
+    <message>
+        <source>Portuguese (Brazil)</source>
+        <translation>Portugiesisch (Brasilien)</translation>
+    </message>
+    <message>
+        <source>Russian</source>
+        <translation>Russisch</translation>
+    </message>
+    <message>
+        <source>Spanish</source>
+        <translation>Spanisch</translation>
+    </message>
+    <message>
+        <source>Swedish</source>
+        <translation>Schwedisch</translation>
+    </message>
+    <message>
+        <source>Turkish</source>
+        <translation>Türkisch</translation>
+    </message>
+    <message>
+        <source>Thai</source>
+        <translation>Thailändisch</translation>
+    </message>
+    <message>
+        <source>Chinese (PRC Simpl.)</source>
+        <translation>Chinesisch (VR China, vereinf.)</translation>
+    </message>
+    <message>
+        <source>Chinese (Hong Kong Simpl.)</source>
+        <translation>Chinesisch (Hongkong, vereinf.)</translation>
+    </message>
+    <message>
+        <source>Chinese (Taiwan Simpl.)</source>
+        <translation>Chinesisch (Taiwan, vereinf.)</translation>
+    </message>
+    <message>
+        <source>Chinese (PRC Trad.)</source>
+        <translation>Chinesisch (VR China, trad.)</translation>
+    </message>
+    <message>
+        <source>Chinese (Hong Kong trad.)</source>
+        <translation>Chinesisch (Hongkong, trad.)</translation>
+    </message>
+    <message>
+        <source>Chinese (Taiwan trad.)</source>
+        <translation>Chinesisch (Taiwan, trad.)</translation>
+    </message>
+</context>
+<context>
+    <name>PersonBrowserSettingsView</name>
+    <message>
+        <source>Unknown</source>
+        <translation>Unbekannt</translation>
+    </message>
+    <message>
+        <source>Finnish</source>
+        <translation>Finnisch</translation>
+    </message>
+    <message>
+        <source>Swedish</source>
+        <translation>Schwedisch</translation>
+    </message>
+    <message>
+        <source>No Information</source>
+        <translation>Keine Angabe</translation>
+    </message>
+    <message>
+        <source>African American</source>
+        <translation>Afroamerikanisch</translation>
+    </message>
+    <message>
+        <source>Asian</source>
+        <translation>Asiatisch</translation>
+    </message>
+    <message>
+        <source>Caucasian</source>
+        <translation>Kaukasisch</translation>
+    </message>
+    <message>
+        <source>Hispanic</source>
+        <translation>Hispanisch</translation>
+    </message>
+    <message>
+        <source>Hong Kong Chinese</source>
+        <translation>Hongkong-chinesisch</translation>
+    </message>
+    <message>
+        <source>Japanese American</source>
+        <translation>Japanisch-amerikanisch</translation>
+    </message>
+    <message>
+        <source>Polynesian</source>
+        <translation>Polynesisch</translation>
+    </message>
+    <message>
+        <source>North Indian and Pakistani</source>
+        <translation>Nordindisch und pakistanisch</translation>
+    </message>
+    <message>
+        <source>South Indian</source>
+        <translation>Südindisch</translation>
+    </message>
+    <message>
+        <source>African Descent</source>
+        <translation>Afrikanische Abstammung</translation>
+    </message>
+    <message>
+        <source>Japanese</source>
+        <translation>Japanisch</translation>
+    </message>
+    <message>
+        <source>Mexican American</source>
+        <translation>Mexikanisch-amerikanisch</translation>
+    </message>
+    <message>
+        <source>North East Asian</source>
+        <translation>Nordostasiatisch</translation>
+    </message>
+    <message>
+        <source>South East Asian</source>
+        <translation>Südostasiatisch</translation>
+    </message>
+    <message>
+        <source>Mixed / Other</source>
+        <translation>Gemischt / Andere</translation>
+    </message>
+    <message>
+        <source>Import/Export settings</source>
+        <translation>Import-/Exporteinstellungen</translation>
+    </message>
+    <message>
+        <source>Application settings</source>
+        <translation>Anwendungseinstellungen</translation>
+    </message>
+    <message>
+        <source>Update settings when %1 starts</source>
+        <translation>Einstellungen beim Start von %1 aktualisieren</translation>
+    </message>
+    <message>
+        <source>Persons and Studies</source>
+        <translation>Personen und Untersuchungen</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>Sprache</translation>
+    </message>
+    <message>
+        <source>Date format</source>
+        <translation>Datumsformat</translation>
+    </message>
+    <message>
+        <source>12 hour clock</source>
+        <translation>12-Stunden-Format</translation>
+    </message>
+    <message>
+        <source>Units</source>
+        <translation>Einheiten</translation>
+    </message>
+    <message>
+        <source>Metric (kg, cm , °C)</source>
+        <translation>Metrisch (kg, cm, °C)</translation>
+    </message>
+    <message>
+        <source>Imperial (lb, ft, in, °F)</source>
+        <translation>Imperial (lb, ft, in, °F)</translation>
+    </message>
+    <message>
+        <source>Default application size</source>
+        <translation>Standardgröße der Anwendung</translation>
+    </message>
+    <message>
+        <source>Saved</source>
+        <translation>Gespeichert</translation>
+    </message>
+    <message>
+        <source>Standard</source>
+        <translation>Standard</translation>
+    </message>
+    <message>
+        <source>Full</source>
+        <translation>Vollbild</translation>
+    </message>
+    <message>
+        <source>Enable notification messages</source>
+        <translation>Benachrichtigungen aktivieren</translation>
+    </message>
+    <message>
+        <source>Pre-fill study information</source>
+        <translation>Untersuchungsangaben vorausfüllen</translation>
+    </message>
+    <message>
+        <source>Personal ID systems</source>
+        <translation>Systeme für Personenkennungen</translation>
+    </message>
+    <message>
+        <source>Used systems</source>
+        <translation>Verwendete Systeme</translation>
+    </message>
+    <message>
+        <source>Default personal ID system</source>
+        <translation>Standardsystem für Personenkennungen</translation>
+    </message>
+    <message>
+        <source>Ethnic groups</source>
+        <translation>Ethnische Gruppen</translation>
+    </message>
+    <message>
+        <source>Shown ethnic groups</source>
+        <translation>Angezeigte ethnische Gruppen</translation>
+    </message>
+    <message>
+        <source>Default ethnic group</source>
+        <translation>Standardmäßige ethnische Gruppe</translation>
+    </message>
+    <message>
+        <source>System locale</source>
+        <translation>Systemsprache</translation>
+    </message>
+    <message>
+        <source>Select</source>
+        <translation>Auswählen</translation>
+    </message>
+    <message>
+        <source>Czech</source>
+        <translation>Tschechisch</translation>
+    </message>
+    <message>
+        <source>German (Austria)</source>
+        <translation>Deutsch (Österreich)</translation>
+    </message>
+    <message>
+        <source>German</source>
+        <translation>Deutsch</translation>
+    </message>
+    <message>
+        <source>Danish</source>
+        <translation>Dänisch</translation>
+    </message>
+    <message>
+        <source>Greek</source>
+        <translation>Griechisch</translation>
+    </message>
+    <message>
+        <source>English (UK)</source>
+        <translation>Englisch (UK)</translation>
+    </message>
+    <message>
+        <source>English (US)</source>
+        <translation>Englisch (USA)</translation>
+    </message>
+    <message>
+        <source>Estonian</source>
+        <translation>Estnisch</translation>
+    </message>
+    <message>
+        <source>French</source>
+        <translation>Französisch</translation>
+    </message>
+    <message>
+        <source>Hungarian</source>
+        <translation>Ungarisch</translation>
+    </message>
+    <message>
+        <source>Italian</source>
+        <translation>Italienisch</translation>
+    </message>
+    <message>
+        <source>Norwegian (Bokmål)</source>
+        <translation>Norwegisch (Bokmål)</translation>
+    </message>
+    <message>
+        <source>Dutch</source>
+        <translation>Niederländisch</translation>
+    </message>
+    <message>
+        <source>Flemish</source>
+        <translation>Flämisch</translation>
+    </message>
+    <message>
+        <source>Polish</source>
+        <translation>Polnisch</translation>
+    </message>
+    <message>
+        <source>Portuguese</source>
+        <translation>Portugiesisch</translation>
+    </message>
+    <message>
+        <source>Portuguese (Brazil)</source>
+        <translation>Portugiesisch (Brasilien)</translation>
+    </message>
+    <message>
+        <source>Russian</source>
+        <translation>Russisch</translation>
+    </message>
+    <message>
+        <source>Spanish</source>
+        <translation>Spanisch</translation>
+    </message>
+    <message>
+        <source>Turkish</source>
+        <translation>Türkisch</translation>
+    </message>
+    <message>
+        <source>Thai</source>
+        <translation>Thailändisch</translation>
+    </message>
+    <message>
+        <source>Chinese (PRC Simpl.)</source>
+        <translation>Chinesisch (VR China, vereinf.)</translation>
+    </message>
+    <message>
+        <source>Chinese (Hong Kong Simpl.)</source>
+        <translation>Chinesisch (Hongkong, vereinf.)</translation>
+    </message>
+    <message>
+        <source>Chinese (Taiwan Simpl.)</source>
+        <translation>Chinesisch (Taiwan, vereinf.)</translation>
+    </message>
+    <message>
+        <source>Chinese (PRC Trad.)</source>
+        <translation>Chinesisch (VR China, trad.)</translation>
+    </message>
+    <message>
+        <source>Chinese (Hong Kong trad.)</source>
+        <translation>Chinesisch (Hongkong, trad.)</translation>
+    </message>
+    <message>
+        <source>Chinese (Taiwan trad.)</source>
+        <translation>Chinesisch (Taiwan, trad.)</translation>
+    </message>
+</context>
+<context>
+    <name>ProductTexts</name>
+    <message>
+        <source>© 2026 Halvorn. All rights reserved.</source>
+        <translation>© 2026 Halvorn. Alle Rechte vorbehalten.</translation>
+    </message>
+    <message>
+        <source>Using this program means accepting the terms in the file Disclaimer.txt, which is delivered with it.</source>
+        <translation>Mit der Benutzung dieses Programms werden die Bedingungen der mitgelieferten Datei Disclaimer.txt anerkannt.</translation>
+    </message>
+</context>
+<context>
+    <name>RemoveButton</name>
+    <message>
+        <source>Remove custom field</source>
+        <translation>Benutzerdefiniertes Feld entfernen</translation>
+    </message>
+    <message>
+        <source>Removing custom field</source>
+        <translation>Benutzerdefiniertes Feld entfernen</translation>
+    </message>
+    <message>
+        <source>Removing custom field will delete it permanently</source>
+        <translation>Das benutzerdefinierte Feld wird dauerhaft gelöscht</translation>
+    </message>
+    <message>
+        <source>Removing custom field will delete it permanently.</source>
+        <translation>Das benutzerdefinierte Feld wird dauerhaft gelöscht.</translation>
+    </message>
+    <message>
+        <source>Continue?</source>
+        <translation>Fortfahren?</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsView</name>
+    <message>
+        <source>Select settings source from menu below</source>
+        <translation>Wählen Sie unten im Menü die Quelle der Einstellungen</translation>
+    </message>
+    <message>
+        <source>Manage local application</source>
+        <translation>Lokale Anwendung verwalten</translation>
+    </message>
+    <message>
+        <source>Enable autosaving to local application</source>
+        <translation>Automatisches Speichern in die lokale Anwendung aktivieren</translation>
+    </message>
+    <message>
+        <source>Save settings to local application</source>
+        <translation>Einstellungen in der lokalen Anwendung speichern</translation>
+    </message>
+    <message>
+        <source>Load settings from local application</source>
+        <translation>Einstellungen aus der lokalen Anwendung laden</translation>
+    </message>
+    <message>
+        <source>Manage online configurations</source>
+        <translation>Online-Konfigurationen verwalten</translation>
+    </message>
+    <message>
+        <source>See changes made in settings</source>
+        <translation>Änderungen an den Einstellungen anzeigen</translation>
+    </message>
+    <message>
+        <source>Manage settings configurations</source>
+        <translation>Einstellungskonfigurationen verwalten</translation>
+    </message>
+    <message>
+        <source>Distribute settings</source>
+        <translation>Einstellungen verteilen</translation>
+    </message>
+    <message>
+        <source>Transfer settings</source>
+        <translation>Einstellungen übertragen</translation>
+    </message>
+    <message>
+        <source>Import settings</source>
+        <translation>Einstellungen importieren</translation>
+    </message>
+    <message>
+        <source>Export settings</source>
+        <translation>Einstellungen exportieren</translation>
+    </message>
+    <message>
+        <source>General</source>
+        <translation>Allgemein</translation>
+    </message>
+    <message>
+        <source>Lacking privileges to save database settings.</source>
+        <translation>Keine Berechtigung zum Speichern der Datenbankeinstellungen.</translation>
+    </message>
+    <message>
+        <source>Lacking privileges to save local audit trail settings.</source>
+        <translation>Keine Berechtigung zum Speichern der lokalen Audit-Trail-Einstellungen.</translation>
+    </message>
+    <message>
+        <source>Lacking privileges to save local access control settings.</source>
+        <translation>Keine Berechtigung zum Speichern der lokalen Zugriffskontrolleinstellungen.</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Autosaving settings to local application settings file. This message is only shown once.</source>
+        <translation>Die Einstellungen werden automatisch in die Einstellungsdatei der lokalen Anwendung gespeichert. Diese Meldung wird nur einmal angezeigt.</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>Cannot write to local settings file.</source>
+        <translation>Die lokale Einstellungsdatei kann nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>Not all settings were saved.</source>
+        <translation>Es wurden nicht alle Einstellungen gespeichert.</translation>
+    </message>
+    <message>
+        <source>Saving succeeded.</source>
+        <translation>Das Speichern war erfolgreich.</translation>
+    </message>
+    <message>
+        <source>Not all settings were loaded.</source>
+        <translation>Es wurden nicht alle Einstellungen geladen.</translation>
+    </message>
+    <message>
+        <source>Local settings</source>
+        <translation>Lokale Einstellungen</translation>
+    </message>
+    <message>
+        <source>Database</source>
+        <translation>Datenbank</translation>
+    </message>
+    <message>
+        <source>Loading settings failed</source>
+        <translation>Laden der Einstellungen fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Loading settings configuration from database was unsuccessful.
+Previous settings restored.</source>
+        <translation>Die Einstellungskonfiguration konnte nicht aus der Datenbank geladen werden.
+Die vorherigen Einstellungen wurden wiederhergestellt.</translation>
+    </message>
+    <message>
+        <source>INI (*.ini)</source>
+        <translation>INI (*.ini)</translation>
+    </message>
+    <message>
+        <source>Export to a file</source>
+        <translation>In eine Datei exportieren</translation>
+    </message>
+    <message>
+        <source>File existed and could not be overwritten!</source>
+        <translation>Die vorhandene Datei konnte nicht überschrieben werden!</translation>
+    </message>
+    <message>
+        <source> File copying failed!</source>
+        <translation> Das Kopieren der Datei ist fehlgeschlagen!</translation>
+    </message>
+    <message>
+        <source>Import from a file</source>
+        <translation>Aus einer Datei importieren</translation>
+    </message>
+    <message>
+        <source>Imported settings</source>
+        <translation>Importierte Einstellungen</translation>
+    </message>
+    <message>
+        <source>File %1 not found! Please select existing file to import!</source>
+        <translation>Die Datei %1 wurde nicht gefunden! Bitte wählen Sie eine vorhandene Datei für den Import!</translation>
+    </message>
+    <message>
+        <source>Importing settings from %1 did not succeed. Please try again.</source>
+        <translation>Der Import der Einstellungen aus %1 ist fehlgeschlagen. Bitte versuchen Sie es erneut.</translation>
+    </message>
+</context>
+<context>
+    <name>SqlCipherDriver</name>
+    <message>
+        <source>Error opening database</source>
+        <translation>Fehler beim Öffnen der Datenbank</translation>
+    </message>
+    <message>
+        <source>Error closing database</source>
+        <translation>Fehler beim Schließen der Datenbank</translation>
+    </message>
+    <message>
+        <source>Unable to begin transaction</source>
+        <translation>Die Transaktion kann nicht begonnen werden</translation>
+    </message>
+    <message>
+        <source>Unable to commit transaction</source>
+        <translation>Die Transaktion kann nicht abgeschlossen werden</translation>
+    </message>
+    <message>
+        <source>Unable to rollback transaction</source>
+        <translation>Die Transaktion kann nicht zurückgenommen werden</translation>
+    </message>
+</context>
+<context>
+    <name>SqlCipherResult</name>
+    <message>
+        <source>Unable to execute statement</source>
+        <translation>Die Anweisung kann nicht ausgeführt werden</translation>
+    </message>
+    <message>
+        <source>Unable to execute multiple statements at a time</source>
+        <translation>Mehrere Anweisungen können nicht auf einmal ausgeführt werden</translation>
+    </message>
+    <message>
+        <source>Unable to fetch row</source>
+        <translation>Die Zeile kann nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>No query</source>
+        <translation>Keine Abfrage</translation>
+    </message>
+    <message>
+        <source>Parameter count mismatch</source>
+        <translation>Die Anzahl der Parameter stimmt nicht</translation>
+    </message>
+    <message>
+        <source>Unable to bind parameters</source>
+        <translation>Die Parameter können nicht gebunden werden</translation>
+    </message>
+</context>
+<context>
+    <name>SupportConnectionHandler</name>
+    <message>
+        <source>Connected to authentication database</source>
+        <translation>Mit der Authentifizierungsdatenbank verbunden</translation>
+    </message>
+    <message>
+        <source>No connection to authentication database</source>
+        <translation>Keine Verbindung zur Authentifizierungsdatenbank</translation>
+    </message>
+    <message>
+        <source>Connection options</source>
+        <translation>Verbindungsoptionen</translation>
+    </message>
+    <message>
+        <source>Reconnect</source>
+        <translation>Neu verbinden</translation>
+    </message>
+    <message>
+        <source>Connect</source>
+        <translation>Verbinden</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>Connection failed</source>
+        <translation>Verbindung fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>ViewStacker</name>
+    <message>
+        <source>Settings Management</source>
+        <translation>Einstellungsverwaltung</translation>
+    </message>
+    <message>
+        <source>Access Control Management</source>
+        <translation>Zugriffsverwaltung</translation>
+    </message>
+    <message>
+        <source>Audit Trail Viewer</source>
+        <translation>Audit-Trail-Anzeige</translation>
+    </message>
+</context>
+<context>
+    <name>ZephanSplash</name>
+    <message>
+        <source>THIS IS PRE-RELEASE VERSION OF THE SOFTWARE. NOT TO BE USED IN ANY CLINICAL WORK!</source>
+        <translation>DIES IST EINE VORABVERSION DER SOFTWARE. NICHT FÜR DEN KLINISCHEN EINSATZ!</translation>
+    </message>
+    <message>
+        <source>Version %1</source>
+        <translation>Version %1</translation>
+    </message>
+</context>
+</TS>

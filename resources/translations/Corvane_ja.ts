@@ -1,0 +1,1432 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ja" sourcelanguage="en_GB">
+<context>
+    <name>AboutDialog</name>
+    <message>
+        <source>About</source>
+        <translation>バージョン情報</translation>
+    </message>
+    <message>
+        <source>&amp;Ok</source>
+        <translation>OK(&amp;O)</translation>
+    </message>
+    <message>
+        <source>THIS IS PRE-RELEASE VERSION OF THE SOFTWARE.</source>
+        <translation>これはソフトウェアのプレリリース版です。</translation>
+    </message>
+    <message>
+        <source>NOT TO BE USED IN ANY CLINICAL WORK!</source>
+        <translation>臨床業務には使用しないでください！</translation>
+    </message>
+    <message>
+        <source>Cannot fetch about information</source>
+        <translation>バージョン情報を取得できません</translation>
+    </message>
+</context>
+<context>
+    <name>AuditTrailQueryModel</name>
+    <message>
+        <source>Unknown</source>
+        <translation>不明</translation>
+    </message>
+    <message>
+        <source>Access</source>
+        <translation>アクセス</translation>
+    </message>
+    <message>
+        <source>Database</source>
+        <translation>データベース</translation>
+    </message>
+    <message>
+        <source>User</source>
+        <translation>ユーザー</translation>
+    </message>
+    <message>
+        <source>Transfer</source>
+        <translation>転送</translation>
+    </message>
+    <message>
+        <source>System</source>
+        <translation>システム</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>エラー</translation>
+    </message>
+    <message>
+        <source>Low</source>
+        <translation>低</translation>
+    </message>
+    <message>
+        <source>Normal</source>
+        <translation>通常</translation>
+    </message>
+    <message>
+        <source>High</source>
+        <translation>高</translation>
+    </message>
+    <message>
+        <source>Automatic</source>
+        <translation>自動</translation>
+    </message>
+    <message>
+        <source>Human</source>
+        <translation>手動</translation>
+    </message>
+</context>
+<context>
+    <name>AuditTrailQueryString</name>
+    <message>
+        <source>Time</source>
+        <translation>時刻</translation>
+    </message>
+    <message>
+        <source>Category</source>
+        <translation>カテゴリー</translation>
+    </message>
+    <message>
+        <source>Level</source>
+        <translation>レベル</translation>
+    </message>
+    <message>
+        <source>Action</source>
+        <translation>操作</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>種別</translation>
+    </message>
+    <message>
+        <source>Operator ID</source>
+        <translation>操作者ID</translation>
+    </message>
+    <message>
+        <source>Operator username</source>
+        <translation>操作者のユーザー名</translation>
+    </message>
+    <message>
+        <source>System</source>
+        <translation>システム</translation>
+    </message>
+    <message>
+        <source>Database key</source>
+        <translation>データベースキー</translation>
+    </message>
+    <message>
+        <source>Additional Information</source>
+        <translation>追加情報</translation>
+    </message>
+    <message>
+        <source>Target Database</source>
+        <translation>対象データベース</translation>
+    </message>
+    <message>
+        <source>Target Server</source>
+        <translation>対象サーバー</translation>
+    </message>
+</context>
+<context>
+    <name>AuditTrailView</name>
+    <message>
+        <source>Events of this workstation are recorded in %1</source>
+        <translation>このワークステーションのイベントは %1 に記録されます</translation>
+    </message>
+</context>
+<context>
+    <name>CentralElement</name>
+    <message>
+        <source>Critical error</source>
+        <translation>重大なエラー</translation>
+    </message>
+    <message>
+        <source>The program will be closed.</source>
+        <translation>プログラムを終了します。</translation>
+    </message>
+    <message>
+        <source>Error code</source>
+        <translation>エラーコード</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>エラー</translation>
+    </message>
+    <message>
+        <source>Application ran into a problem and cannot start.</source>
+        <translation>問題が発生したため、アプリケーションを起動できません。</translation>
+    </message>
+    <message>
+        <source>Initialisation failed</source>
+        <translation>初期化に失敗しました</translation>
+    </message>
+    <message>
+        <source>Could not start program. Error code %1</source>
+        <translation>プログラムを起動できませんでした。エラーコード %1</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>タイトル</translation>
+    </message>
+    <message>
+        <source>Home</source>
+        <translation>ホーム</translation>
+    </message>
+    <message>
+        <source>Settings Management</source>
+        <translation>設定管理</translation>
+    </message>
+    <message>
+        <source>Access Control Management</source>
+        <translation>アクセス制御管理</translation>
+    </message>
+    <message>
+        <source>Audit Trail Viewer</source>
+        <translation>監査証跡ビューアー</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>バージョン情報</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>CommunicationAndDataEngine</name>
+    <message>
+        <source>The audit trail can no longer be written.</source>
+        <translation>監査証跡を書き込めなくなりました。</translation>
+    </message>
+</context>
+<context>
+    <name>DatabaseGroupSettings</name>
+    <message>
+        <source>Connection mode</source>
+        <translation>接続モード</translation>
+    </message>
+    <message>
+        <source>Database</source>
+        <translation>データベース</translation>
+    </message>
+    <message>
+        <source>SQL type</source>
+        <translation>SQLの種類</translation>
+    </message>
+    <message>
+        <source>Username</source>
+        <translation>ユーザー名</translation>
+    </message>
+    <message>
+        <source>Password</source>
+        <translation>パスワード</translation>
+    </message>
+    <message>
+        <source>Connection settings</source>
+        <translation>接続設定</translation>
+    </message>
+    <message>
+        <source>Connection parameters</source>
+        <translation>接続パラメーター</translation>
+    </message>
+    <message>
+        <source>Offline database Location</source>
+        <translation>オフラインデータベースの場所</translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation>参照...</translation>
+    </message>
+    <message>
+        <source>Create new database</source>
+        <translation>新しいデータベースを作成</translation>
+    </message>
+    <message>
+        <source>Select offline database location directory</source>
+        <translation>オフラインデータベースのフォルダーを選択</translation>
+    </message>
+    <message>
+        <source>Select offline database location</source>
+        <translation>オフラインデータベースの場所を選択</translation>
+    </message>
+    <message>
+        <source>Select</source>
+        <translation>選択</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+</context>
+<context>
+    <name>DatabaseSettingsView</name>
+    <message>
+        <source>General storage settings</source>
+        <translation>全般の保存設定</translation>
+    </message>
+    <message>
+        <source>Offline database</source>
+        <translation>オフラインデータベース</translation>
+    </message>
+    <message>
+        <source>Location</source>
+        <translation>場所</translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation>参照...</translation>
+    </message>
+    <message>
+        <source>Use offline database exclusively</source>
+        <translation>オフラインデータベースのみを使用</translation>
+    </message>
+    <message>
+        <source>Synchronisation</source>
+        <translation>同期</translation>
+    </message>
+    <message>
+        <source>Identification criteria</source>
+        <translation>確認項目</translation>
+    </message>
+    <message>
+        <source>Database connection settings</source>
+        <translation>データベース接続設定</translation>
+    </message>
+    <message>
+        <source>Select offline database location directory</source>
+        <translation>オフラインデータベースのフォルダーを選択</translation>
+    </message>
+</context>
+<context>
+    <name>DateEdit</name>
+    <message>
+        <source>Open calendar</source>
+        <translation>カレンダーを開く</translation>
+    </message>
+    <message>
+        <source>This field is mandatory</source>
+        <translation>この項目は必須です</translation>
+    </message>
+    <message>
+        <source>Enter valid date</source>
+        <translation>有効な日付を入力してください</translation>
+    </message>
+</context>
+<context>
+    <name>DiffView</name>
+    <message>
+        <source>Settings changes</source>
+        <translation>設定の変更</translation>
+    </message>
+    <message>
+        <source>Initially loaded settings:</source>
+        <translation>最初に読み込んだ設定：</translation>
+    </message>
+    <message>
+        <source>Current modified settings:</source>
+        <translation>現在の変更済みの設定：</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Switch to compare to initially loaded settings</source>
+        <translation>最初に読み込んだ設定との比較に切り替え</translation>
+    </message>
+    <message>
+        <source>Previously loaded settings:</source>
+        <translation>前回読み込んだ設定：</translation>
+    </message>
+    <message>
+        <source>Switch to compare to previously loaded settings</source>
+        <translation>前回読み込んだ設定との比較に切り替え</translation>
+    </message>
+</context>
+<context>
+    <name>FieldEdit</name>
+    <message>
+        <source>male</source>
+        <translation>男性</translation>
+    </message>
+    <message>
+        <source>female</source>
+        <translation>女性</translation>
+    </message>
+    <message>
+        <source>undefined</source>
+        <translation>未定義</translation>
+    </message>
+    <message>
+        <source>African American</source>
+        <translation>アフリカ系アメリカ人</translation>
+    </message>
+    <message>
+        <source>Asian</source>
+        <translation>アジア人</translation>
+    </message>
+    <message>
+        <source>Caucasian</source>
+        <translation>コーカソイド</translation>
+    </message>
+    <message>
+        <source>Hispanic</source>
+        <translation>ヒスパニック</translation>
+    </message>
+    <message>
+        <source>Hong Kong Chinese</source>
+        <translation>香港系中国人</translation>
+    </message>
+    <message>
+        <source>Japanese American</source>
+        <translation>日系アメリカ人</translation>
+    </message>
+    <message>
+        <source>Polynesian</source>
+        <translation>ポリネシア人</translation>
+    </message>
+    <message>
+        <source>North Indian and Pakistani</source>
+        <translation>北インド人およびパキスタン人</translation>
+    </message>
+    <message>
+        <source>South Indian</source>
+        <translation>南インド人</translation>
+    </message>
+    <message>
+        <source>African Descent</source>
+        <translation>アフリカ系</translation>
+    </message>
+    <message>
+        <source>Japanese</source>
+        <translation>日本語</translation>
+    </message>
+    <message>
+        <source>Mexican American</source>
+        <translation>メキシコ系アメリカ人</translation>
+    </message>
+    <message>
+        <source>North East Asian</source>
+        <translation>北東アジア人</translation>
+    </message>
+    <message>
+        <source>South East Asian</source>
+        <translation>東南アジア人</translation>
+    </message>
+    <message>
+        <source>Mixed / Other</source>
+        <translation>混血／その他</translation>
+    </message>
+    <message>
+        <source>No Information</source>
+        <translation>情報なし</translation>
+    </message>
+</context>
+<context>
+    <name>FormParts</name>
+    <message>
+        <source>Select</source>
+        <translation>選択</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+</context>
+<context>
+    <name>IdentificationBoxes</name>
+    <message>
+        <source>Personal ID</source>
+        <translation>個人ID</translation>
+    </message>
+    <message>
+        <source>Person code</source>
+        <translation>個人コード</translation>
+    </message>
+    <message>
+        <source>Last Name</source>
+        <translation>姓</translation>
+    </message>
+    <message>
+        <source>Middle Name</source>
+        <translation>ミドルネーム</translation>
+    </message>
+    <message>
+        <source>First Name</source>
+        <translation>名</translation>
+    </message>
+    <message>
+        <source>Birthdate</source>
+        <translation>生年月日</translation>
+    </message>
+    <message>
+        <source>Gender</source>
+        <translation>性別</translation>
+    </message>
+    <message>
+        <source>Ethnic Group</source>
+        <translation>民族グループ</translation>
+    </message>
+</context>
+<context>
+    <name>ImportExportSettings</name>
+    <message>
+        <source>Automatic Import/Export</source>
+        <translation>自動インポート／エクスポート</translation>
+    </message>
+    <message>
+        <source>HIS system file format</source>
+        <translation>病院情報システムのファイル形式</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>なし</translation>
+    </message>
+    <message>
+        <source>GDT</source>
+        <translation>GDT</translation>
+    </message>
+    <message>
+        <source>GDT 3.0</source>
+        <translation>GDT 3.0</translation>
+    </message>
+    <message>
+        <source>XML</source>
+        <translation>XML</translation>
+    </message>
+    <message>
+        <source>Import mode</source>
+        <translation>インポートモード</translation>
+    </message>
+    <message>
+        <source>Insert</source>
+        <translation>挿入</translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation>更新</translation>
+    </message>
+    <message>
+        <source>Show dialogue if single matching person found</source>
+        <translation>一致する人が1人だけ見つかったときにダイアログを表示</translation>
+    </message>
+    <message>
+        <source>Person identification</source>
+        <translation>本人確認</translation>
+    </message>
+    <message>
+        <source>Identification criteria</source>
+        <translation>確認項目</translation>
+    </message>
+    <message>
+        <source>Input file</source>
+        <translation>入力ファイル</translation>
+    </message>
+    <message>
+        <source>Output file</source>
+        <translation>出力ファイル</translation>
+    </message>
+    <message>
+        <source>Export options</source>
+        <translation>エクスポートオプション</translation>
+    </message>
+    <message>
+        <source>Autoexport</source>
+        <translation>自動エクスポート</translation>
+    </message>
+    <message>
+        <source>No autoexport</source>
+        <translation>自動エクスポートしない</translation>
+    </message>
+    <message>
+        <source>No Export</source>
+        <translation>エクスポートしない</translation>
+    </message>
+    <message>
+        <source>Export Study Data</source>
+        <translation>検査データをエクスポート</translation>
+    </message>
+    <message>
+        <source>Current study</source>
+        <translation>現在の検査</translation>
+    </message>
+    <message>
+        <source>All studies</source>
+        <translation>すべての検査</translation>
+    </message>
+    <message>
+        <source>Proceed into measurement automatically</source>
+        <translation>自動的に測定へ進む</translation>
+    </message>
+    <message>
+        <source>Default locations:</source>
+        <translation>既定の場所：</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>エクスポート</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>インポート</translation>
+    </message>
+    <message>
+        <source>Default file format</source>
+        <translation>既定のファイル形式</translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation>参照...</translation>
+    </message>
+    <message>
+        <source>Select default import location</source>
+        <translation>既定のインポート元を選択</translation>
+    </message>
+    <message>
+        <source>Select default export location</source>
+        <translation>既定のエクスポート先を選択</translation>
+    </message>
+    <message>
+        <source>GDT File (*.gdt);;Any file (*.*)</source>
+        <translation>GDTファイル (*.gdt);;すべてのファイル (*.*)</translation>
+    </message>
+    <message>
+        <source>XML File (*.xml);;Any file (*.*)</source>
+        <translation>XMLファイル (*.xml);;すべてのファイル (*.*)</translation>
+    </message>
+</context>
+<context>
+    <name>IntroductionView</name>
+    <message>
+        <source>Corvane</source>
+        <translation>Corvane</translation>
+    </message>
+    <message>
+        <source>Settings Management</source>
+        <translation>設定管理</translation>
+    </message>
+    <message>
+        <source>Database Management</source>
+        <translation>データベース管理</translation>
+    </message>
+    <message>
+        <source>Access Control Management</source>
+        <translation>アクセス制御管理</translation>
+    </message>
+    <message>
+        <source>Audit Trail Viewer</source>
+        <translation>監査証跡ビューアー</translation>
+    </message>
+</context>
+<context>
+    <name>LoginDialog</name>
+    <message>
+        <source>Username</source>
+        <translation>ユーザー名</translation>
+    </message>
+    <message>
+        <source>Password</source>
+        <translation>パスワード</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+</context>
+<context>
+    <name>LoginView</name>
+    <message>
+        <source>Corvane</source>
+        <translation>Corvane</translation>
+    </message>
+    <message>
+        <source>Sign in</source>
+        <translation>サインイン</translation>
+    </message>
+    <message>
+        <source>Enter username</source>
+        <translation>ユーザー名を入力</translation>
+    </message>
+    <message>
+        <source>Enter password</source>
+        <translation>パスワードを入力</translation>
+    </message>
+    <message>
+        <source>Username</source>
+        <translation>ユーザー名</translation>
+    </message>
+    <message>
+        <source>Password</source>
+        <translation>パスワード</translation>
+    </message>
+    <message>
+        <source>Go back</source>
+        <translation>戻る</translation>
+    </message>
+    <message>
+        <source>Select to login as</source>
+        <translation>サインイン方法を選択</translation>
+    </message>
+    <message>
+        <source>Windows administrator</source>
+        <translation>Windows管理者</translation>
+    </message>
+    <message>
+        <source>Current user</source>
+        <translation>現在のユーザー</translation>
+    </message>
+    <message>
+        <source>Other user</source>
+        <translation>別のユーザー</translation>
+    </message>
+    <message>
+        <source>Authenticated user</source>
+        <translation>認証済みユーザー</translation>
+    </message>
+    <message>
+        <source>Windows user</source>
+        <translation>Windowsユーザー</translation>
+    </message>
+    <message>
+        <source>Application internal user</source>
+        <translation>アプリケーション内ユーザー</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>言語</translation>
+    </message>
+    <message>
+        <source>Language:</source>
+        <translation>言語：</translation>
+    </message>
+    <message>
+        <source>Username needed.</source>
+        <translation>ユーザー名が必要です。</translation>
+    </message>
+    <message>
+        <source>Password needed.</source>
+        <translation>パスワードが必要です。</translation>
+    </message>
+    <message>
+        <source>Signing in.</source>
+        <translation>サインインしています。</translation>
+    </message>
+    <message>
+        <source>Sign in failed!</source>
+        <translation>サインインに失敗しました！</translation>
+    </message>
+    <message>
+        <source>Czech</source>
+        <translation>チェコ語</translation>
+    </message>
+    <message>
+        <source>German (Austria)</source>
+        <translation>ドイツ語 (オーストリア)</translation>
+    </message>
+    <message>
+        <source>German</source>
+        <translation>ドイツ語</translation>
+    </message>
+    <message>
+        <source>Danish</source>
+        <translation>デンマーク語</translation>
+    </message>
+    <message>
+        <source>Greek</source>
+        <translation>ギリシャ語</translation>
+    </message>
+    <message>
+        <source>English (UK)</source>
+        <translation>英語 (英国)</translation>
+    </message>
+    <message>
+        <source>English (US)</source>
+        <translation>英語 (米国)</translation>
+    </message>
+    <message>
+        <source>Estonian</source>
+        <translation>エストニア語</translation>
+    </message>
+    <message>
+        <source>Finnish</source>
+        <translation>フィンランド語</translation>
+    </message>
+    <message>
+        <source>French</source>
+        <translation>フランス語</translation>
+    </message>
+    <message>
+        <source>Hungarian</source>
+        <translation>ハンガリー語</translation>
+    </message>
+    <message>
+        <source>Italian</source>
+        <translation>イタリア語</translation>
+    </message>
+    <message>
+        <source>Japanese</source>
+        <translation>日本語</translation>
+    </message>
+    <message>
+        <source>Norwegian (Bokmål)</source>
+        <translation>ノルウェー語 (ブークモール)</translation>
+    </message>
+    <message>
+        <source>Dutch</source>
+        <translation>オランダ語</translation>
+    </message>
+    <message>
+        <source>Flemish</source>
+        <translation>フラマン語</translation>
+    </message>
+    <message>
+        <source>Polish</source>
+        <translation>ポーランド語</translation>
+    </message>
+    <message>
+        <source>Portuguese</source>
+        <translation>ポルトガル語</translation>
+    </message>
+    <message>
+        <source>Portuguese (Brazil)</source>
+        <translation>ポルトガル語 (ブラジル)</translation>
+    </message>
+    <message>
+        <source>Russian</source>
+        <translation>ロシア語</translation>
+    </message>
+    <message>
+        <source>Spanish</source>
+        <translation>スペイン語</translation>
+    </message>
+    <message>
+        <source>Swedish</source>
+        <translation>スウェーデン語</translation>
+    </message>
+    <message>
+        <source>Turkish</source>
+        <translation>トルコ語</translation>
+    </message>
+    <message>
+        <source>Thai</source>
+        <translation>タイ語</translation>
+    </message>
+    <message>
+        <source>Chinese (PRC Simpl.)</source>
+        <translation>中国語 (中国、簡体字)</translation>
+    </message>
+    <message>
+        <source>Chinese (Hong Kong Simpl.)</source>
+        <translation>中国語 (香港、簡体字)</translation>
+    </message>
+    <message>
+        <source>Chinese (Taiwan Simpl.)</source>
+        <translation>中国語 (台湾、簡体字)</translation>
+    </message>
+    <message>
+        <source>Chinese (PRC Trad.)</source>
+        <translation>中国語 (中国、繁体字)</translation>
+    </message>
+    <message>
+        <source>Chinese (Hong Kong trad.)</source>
+        <translation>中国語 (香港、繁体字)</translation>
+    </message>
+    <message>
+        <source>Chinese (Taiwan trad.)</source>
+        <translation>中国語 (台湾、繁体字)</translation>
+    </message>
+</context>
+<context>
+    <name>PersonBrowserSettingsView</name>
+    <message>
+        <source>Unknown</source>
+        <translation>不明</translation>
+    </message>
+    <message>
+        <source>Finnish</source>
+        <translation>フィンランド語</translation>
+    </message>
+    <message>
+        <source>Swedish</source>
+        <translation>スウェーデン語</translation>
+    </message>
+    <message>
+        <source>No Information</source>
+        <translation>情報なし</translation>
+    </message>
+    <message>
+        <source>African American</source>
+        <translation>アフリカ系アメリカ人</translation>
+    </message>
+    <message>
+        <source>Asian</source>
+        <translation>アジア人</translation>
+    </message>
+    <message>
+        <source>Caucasian</source>
+        <translation>コーカソイド</translation>
+    </message>
+    <message>
+        <source>Hispanic</source>
+        <translation>ヒスパニック</translation>
+    </message>
+    <message>
+        <source>Hong Kong Chinese</source>
+        <translation>香港系中国人</translation>
+    </message>
+    <message>
+        <source>Japanese American</source>
+        <translation>日系アメリカ人</translation>
+    </message>
+    <message>
+        <source>Polynesian</source>
+        <translation>ポリネシア人</translation>
+    </message>
+    <message>
+        <source>North Indian and Pakistani</source>
+        <translation>北インド人およびパキスタン人</translation>
+    </message>
+    <message>
+        <source>South Indian</source>
+        <translation>南インド人</translation>
+    </message>
+    <message>
+        <source>African Descent</source>
+        <translation>アフリカ系</translation>
+    </message>
+    <message>
+        <source>Japanese</source>
+        <translation>日本語</translation>
+    </message>
+    <message>
+        <source>Mexican American</source>
+        <translation>メキシコ系アメリカ人</translation>
+    </message>
+    <message>
+        <source>North East Asian</source>
+        <translation>北東アジア人</translation>
+    </message>
+    <message>
+        <source>South East Asian</source>
+        <translation>東南アジア人</translation>
+    </message>
+    <message>
+        <source>Mixed / Other</source>
+        <translation>混血／その他</translation>
+    </message>
+    <message>
+        <source>Import/Export settings</source>
+        <translation>インポート／エクスポート設定</translation>
+    </message>
+    <message>
+        <source>Application settings</source>
+        <translation>アプリケーション設定</translation>
+    </message>
+    <message>
+        <source>Update settings when %1 starts</source>
+        <translation>%1 の起動時に設定を更新</translation>
+    </message>
+    <message>
+        <source>Persons and Studies</source>
+        <translation>個人と検査</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>言語</translation>
+    </message>
+    <message>
+        <source>Date format</source>
+        <translation>日付形式</translation>
+    </message>
+    <message>
+        <source>12 hour clock</source>
+        <translation>12時間制</translation>
+    </message>
+    <message>
+        <source>Units</source>
+        <translation>単位</translation>
+    </message>
+    <message>
+        <source>Metric (kg, cm , °C)</source>
+        <translation>メートル法 (kg、cm、°C)</translation>
+    </message>
+    <message>
+        <source>Imperial (lb, ft, in, °F)</source>
+        <translation>ヤード・ポンド法 (lb、ft、in、°F)</translation>
+    </message>
+    <message>
+        <source>Default application size</source>
+        <translation>アプリケーションの既定サイズ</translation>
+    </message>
+    <message>
+        <source>Saved</source>
+        <translation>保存時のサイズ</translation>
+    </message>
+    <message>
+        <source>Standard</source>
+        <translation>標準</translation>
+    </message>
+    <message>
+        <source>Full</source>
+        <translation>全画面</translation>
+    </message>
+    <message>
+        <source>Enable notification messages</source>
+        <translation>通知メッセージを有効にする</translation>
+    </message>
+    <message>
+        <source>Pre-fill study information</source>
+        <translation>検査情報をあらかじめ入力</translation>
+    </message>
+    <message>
+        <source>Personal ID systems</source>
+        <translation>個人ID体系</translation>
+    </message>
+    <message>
+        <source>Used systems</source>
+        <translation>使用する体系</translation>
+    </message>
+    <message>
+        <source>Default personal ID system</source>
+        <translation>既定の個人ID体系</translation>
+    </message>
+    <message>
+        <source>Ethnic groups</source>
+        <translation>民族グループ</translation>
+    </message>
+    <message>
+        <source>Shown ethnic groups</source>
+        <translation>表示する民族グループ</translation>
+    </message>
+    <message>
+        <source>Default ethnic group</source>
+        <translation>既定の民族グループ</translation>
+    </message>
+    <message>
+        <source>System locale</source>
+        <translation>システムのロケール</translation>
+    </message>
+    <message>
+        <source>Select</source>
+        <translation>選択</translation>
+    </message>
+    <message>
+        <source>Czech</source>
+        <translation>チェコ語</translation>
+    </message>
+    <message>
+        <source>German (Austria)</source>
+        <translation>ドイツ語 (オーストリア)</translation>
+    </message>
+    <message>
+        <source>German</source>
+        <translation>ドイツ語</translation>
+    </message>
+    <message>
+        <source>Danish</source>
+        <translation>デンマーク語</translation>
+    </message>
+    <message>
+        <source>Greek</source>
+        <translation>ギリシャ語</translation>
+    </message>
+    <message>
+        <source>English (UK)</source>
+        <translation>英語 (英国)</translation>
+    </message>
+    <message>
+        <source>English (US)</source>
+        <translation>英語 (米国)</translation>
+    </message>
+    <message>
+        <source>Estonian</source>
+        <translation>エストニア語</translation>
+    </message>
+    <message>
+        <source>French</source>
+        <translation>フランス語</translation>
+    </message>
+    <message>
+        <source>Hungarian</source>
+        <translation>ハンガリー語</translation>
+    </message>
+    <message>
+        <source>Italian</source>
+        <translation>イタリア語</translation>
+    </message>
+    <message>
+        <source>Norwegian (Bokmål)</source>
+        <translation>ノルウェー語 (ブークモール)</translation>
+    </message>
+    <message>
+        <source>Dutch</source>
+        <translation>オランダ語</translation>
+    </message>
+    <message>
+        <source>Flemish</source>
+        <translation>フラマン語</translation>
+    </message>
+    <message>
+        <source>Polish</source>
+        <translation>ポーランド語</translation>
+    </message>
+    <message>
+        <source>Portuguese</source>
+        <translation>ポルトガル語</translation>
+    </message>
+    <message>
+        <source>Portuguese (Brazil)</source>
+        <translation>ポルトガル語 (ブラジル)</translation>
+    </message>
+    <message>
+        <source>Russian</source>
+        <translation>ロシア語</translation>
+    </message>
+    <message>
+        <source>Spanish</source>
+        <translation>スペイン語</translation>
+    </message>
+    <message>
+        <source>Turkish</source>
+        <translation>トルコ語</translation>
+    </message>
+    <message>
+        <source>Thai</source>
+        <translation>タイ語</translation>
+    </message>
+    <message>
+        <source>Chinese (PRC Simpl.)</source>
+        <translation>中国語 (中国、簡体字)</translation>
+    </message>
+    <message>
+        <source>Chinese (Hong Kong Simpl.)</source>
+        <translation>中国語 (香港、簡体字)</translation>
+    </message>
+    <message>
+        <source>Chinese (Taiwan Simpl.)</source>
+        <translation>中国語 (台湾、簡体字)</translation>
+    </message>
+    <message>
+        <source>Chinese (PRC Trad.)</source>
+        <translation>中国語 (中国、繁体字)</translation>
+    </message>
+    <message>
+        <source>Chinese (Hong Kong trad.)</source>
+        <translation>中国語 (香港、繁体字)</translation>
+    </message>
+    <message>
+        <source>Chinese (Taiwan trad.)</source>
+        <translation>中国語 (台湾、繁体字)</translation>
+    </message>
+</context>
+<context>
+    <name>ProductTexts</name>
+    <message>
+        <source>© 2026 Halvorn. All rights reserved.</source>
+        <translation>© 2026 Halvorn. 無断複写・転載を禁じます。</translation>
+    </message>
+    <message>
+        <source>Using this program means accepting the terms in the file Disclaimer.txt, which is delivered with it.</source>
+        <translation>本プログラムの使用により、付属のファイル Disclaimer.txt の条件に同意したものとみなされます。</translation>
+    </message>
+</context>
+<context>
+    <name>RemoveButton</name>
+    <message>
+        <source>Remove custom field</source>
+        <translation>カスタム項目を削除</translation>
+    </message>
+    <message>
+        <source>Removing custom field</source>
+        <translation>カスタム項目の削除</translation>
+    </message>
+    <message>
+        <source>Removing custom field will delete it permanently</source>
+        <translation>カスタム項目は完全に削除されます</translation>
+    </message>
+    <message>
+        <source>Removing custom field will delete it permanently.</source>
+        <translation>カスタム項目は完全に削除されます。</translation>
+    </message>
+    <message>
+        <source>Continue?</source>
+        <translation>続行しますか？</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsView</name>
+    <message>
+        <source>Select settings source from menu below</source>
+        <translation>下のメニューから設定の取得元を選択してください</translation>
+    </message>
+    <message>
+        <source>Manage local application</source>
+        <translation>ローカルアプリケーションの管理</translation>
+    </message>
+    <message>
+        <source>Enable autosaving to local application</source>
+        <translation>ローカルアプリケーションへの自動保存を有効にする</translation>
+    </message>
+    <message>
+        <source>Save settings to local application</source>
+        <translation>設定をローカルアプリケーションに保存</translation>
+    </message>
+    <message>
+        <source>Load settings from local application</source>
+        <translation>ローカルアプリケーションから設定を読み込む</translation>
+    </message>
+    <message>
+        <source>Manage online configurations</source>
+        <translation>オンライン構成の管理</translation>
+    </message>
+    <message>
+        <source>See changes made in settings</source>
+        <translation>設定の変更内容を表示</translation>
+    </message>
+    <message>
+        <source>Manage settings configurations</source>
+        <translation>設定構成の管理</translation>
+    </message>
+    <message>
+        <source>Distribute settings</source>
+        <translation>設定を配布</translation>
+    </message>
+    <message>
+        <source>Transfer settings</source>
+        <translation>設定の転送</translation>
+    </message>
+    <message>
+        <source>Import settings</source>
+        <translation>設定をインポート</translation>
+    </message>
+    <message>
+        <source>Export settings</source>
+        <translation>設定をエクスポート</translation>
+    </message>
+    <message>
+        <source>General</source>
+        <translation>一般</translation>
+    </message>
+    <message>
+        <source>Lacking privileges to save database settings.</source>
+        <translation>データベース設定を保存する権限がありません。</translation>
+    </message>
+    <message>
+        <source>Lacking privileges to save local audit trail settings.</source>
+        <translation>ローカルの監査証跡設定を保存する権限がありません。</translation>
+    </message>
+    <message>
+        <source>Lacking privileges to save local access control settings.</source>
+        <translation>ローカルのアクセス制御設定を保存する権限がありません。</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Autosaving settings to local application settings file. This message is only shown once.</source>
+        <translation>設定をローカルアプリケーションの設定ファイルに自動保存します。このメッセージは一度だけ表示されます。</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>エラー</translation>
+    </message>
+    <message>
+        <source>Cannot write to local settings file.</source>
+        <translation>ローカルの設定ファイルに書き込めません。</translation>
+    </message>
+    <message>
+        <source>Not all settings were saved.</source>
+        <translation>一部の設定が保存されませんでした。</translation>
+    </message>
+    <message>
+        <source>Saving succeeded.</source>
+        <translation>保存しました。</translation>
+    </message>
+    <message>
+        <source>Not all settings were loaded.</source>
+        <translation>一部の設定が読み込まれませんでした。</translation>
+    </message>
+    <message>
+        <source>Local settings</source>
+        <translation>ローカル設定</translation>
+    </message>
+    <message>
+        <source>Database</source>
+        <translation>データベース</translation>
+    </message>
+    <message>
+        <source>Loading settings failed</source>
+        <translation>設定の読み込みに失敗しました</translation>
+    </message>
+    <message>
+        <source>Loading settings configuration from database was unsuccessful.
+Previous settings restored.</source>
+        <translation>データベースから設定構成を読み込めませんでした。
+以前の設定に戻しました。</translation>
+    </message>
+    <message>
+        <source>INI (*.ini)</source>
+        <translation>INI (*.ini)</translation>
+    </message>
+    <message>
+        <source>Export to a file</source>
+        <translation>ファイルにエクスポート</translation>
+    </message>
+    <message>
+        <source>File existed and could not be overwritten!</source>
+        <translation>既存のファイルを上書きできませんでした！</translation>
+    </message>
+    <message>
+        <source> File copying failed!</source>
+        <translation> ファイルのコピーに失敗しました！</translation>
+    </message>
+    <message>
+        <source>Import from a file</source>
+        <translation>ファイルからインポート</translation>
+    </message>
+    <message>
+        <source>Imported settings</source>
+        <translation>インポートした設定</translation>
+    </message>
+    <message>
+        <source>File %1 not found! Please select existing file to import!</source>
+        <translation>ファイル %1 が見つかりません。インポートする既存のファイルを選択してください！</translation>
+    </message>
+    <message>
+        <source>Importing settings from %1 did not succeed. Please try again.</source>
+        <translation>%1 からの設定のインポートに失敗しました。もう一度お試しください。</translation>
+    </message>
+</context>
+<context>
+    <name>SqlCipherDriver</name>
+    <message>
+        <source>Error opening database</source>
+        <translation>データベースを開くときにエラーが発生しました</translation>
+    </message>
+    <message>
+        <source>Error closing database</source>
+        <translation>データベースを閉じるときにエラーが発生しました</translation>
+    </message>
+    <message>
+        <source>Unable to begin transaction</source>
+        <translation>トランザクションを開始できません</translation>
+    </message>
+    <message>
+        <source>Unable to commit transaction</source>
+        <translation>トランザクションをコミットできません</translation>
+    </message>
+    <message>
+        <source>Unable to rollback transaction</source>
+        <translation>トランザクションをロールバックできません</translation>
+    </message>
+</context>
+<context>
+    <name>SqlCipherResult</name>
+    <message>
+        <source>Unable to execute statement</source>
+        <translation>ステートメントを実行できません</translation>
+    </message>
+    <message>
+        <source>Unable to execute multiple statements at a time</source>
+        <translation>複数のステートメントを同時に実行できません</translation>
+    </message>
+    <message>
+        <source>Unable to fetch row</source>
+        <translation>行を取得できません</translation>
+    </message>
+    <message>
+        <source>No query</source>
+        <translation>クエリがありません</translation>
+    </message>
+    <message>
+        <source>Parameter count mismatch</source>
+        <translation>パラメーターの数が一致しません</translation>
+    </message>
+    <message>
+        <source>Unable to bind parameters</source>
+        <translation>パラメーターをバインドできません</translation>
+    </message>
+</context>
+<context>
+    <name>SupportConnectionHandler</name>
+    <message>
+        <source>Connected to authentication database</source>
+        <translation>認証データベースに接続しました</translation>
+    </message>
+    <message>
+        <source>No connection to authentication database</source>
+        <translation>認証データベースに接続していません</translation>
+    </message>
+    <message>
+        <source>Connection options</source>
+        <translation>接続オプション</translation>
+    </message>
+    <message>
+        <source>Reconnect</source>
+        <translation>再接続</translation>
+    </message>
+    <message>
+        <source>Connect</source>
+        <translation>接続</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>エラー</translation>
+    </message>
+    <message>
+        <source>Connection failed</source>
+        <translation>接続に失敗しました</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>ViewStacker</name>
+    <message>
+        <source>Settings Management</source>
+        <translation>設定管理</translation>
+    </message>
+    <message>
+        <source>Access Control Management</source>
+        <translation>アクセス制御管理</translation>
+    </message>
+    <message>
+        <source>Audit Trail Viewer</source>
+        <translation>監査証跡ビューアー</translation>
+    </message>
+</context>
+<context>
+    <name>ZephanSplash</name>
+    <message>
+        <source>THIS IS PRE-RELEASE VERSION OF THE SOFTWARE. NOT TO BE USED IN ANY CLINICAL WORK!</source>
+        <translation>これはソフトウェアのプレリリース版です。臨床業務には使用しないでください！</translation>
+    </message>
+    <message>
+        <source>Version %1</source>
+        <translation>バージョン %1</translation>
+    </message>
+</context>
+</TS>
