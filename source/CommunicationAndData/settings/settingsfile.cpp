@@ -5,12 +5,18 @@
 #include "CommunicationAndData/settings/keptfile.h"
 #include "ZephanShared/toolkit/logger.h"
 
+#include <QDateTime>
+#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QSaveFile>
 #include <QSet>
 #include <QTemporaryFile>
+#include <QThread>
 
 namespace {
+
+constexpr int kLongestLockMaking = 1000;  // milliseconds; it takes some microseconds
+constexpr int kLockInterval = 50;
 
 std::unique_ptr<QSettings> inUtf8(std::unique_ptr<QSettings> settings)
 {
@@ -106,8 +112,24 @@ std::unique_ptr<QSettings> SettingsFile::openAgain(const QSettings &settings)
     return openAt(settings.fileName());
 }
 
+void SettingsFile::clearAbandonedLock(const QString &path)
+{
+    const QString name = path + QLatin1String(".lock");
+    QElapsedTimer waiting;
+    waiting.start();
+    for (QFileInfo lock(name); lock.isFile() && lock.size() == 0; lock.refresh()) {
+        const bool old = lock.lastModified().msecsTo(QDateTime::currentDateTime()) > kLongestLockMaking;
+        if (old || waiting.hasExpired(kLongestLockMaking)) {
+            QFile::remove(name);
+            return;
+        }
+        QThread::msleep(kLockInterval);
+    }
+}
+
 bool SettingsFile::secure(const QString &path, QByteArray *readable)
 {
+    clearAbandonedLock(path);
     if (!QFileInfo::exists(path))
         return true;
     const QByteArray bytes = bytesOf(path);

@@ -34,6 +34,10 @@ std::unique_ptr<QSettings> openAgain(const QSettings &settings);
 /// \return          false if the file must not be written
 bool secure(const QString &path, QByteArray *readable = nullptr);
 
+/// Removes the lock of a process that was killed while it made it. Nobody's name is in such a lock, and
+/// `QSettings` would wait half a minute for its owner.
+void clearAbandonedLock(const QString &path);
+
 /// What an ini file with these bytes says, full key to value.
 QMap<QString, QVariant> content(const QByteArray &bytes);
 

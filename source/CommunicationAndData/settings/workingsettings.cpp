@@ -105,6 +105,8 @@ bool WorkingSettings::sync()
         reportFailure();
         return false;
     }
+    if (m_onDisk)
+        SettingsFile::clearAbandonedLock(m_path);
     m_shared->sync();
     m_absolute->sync();
     m_stamp = FileStamp::of(m_path);

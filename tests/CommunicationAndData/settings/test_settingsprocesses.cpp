@@ -1,7 +1,6 @@
 #include "CommunicationAndData/settings/inirepair.h"
 #include "support/workstation.h"
 
-#include <QElapsedTimer>
 #include <QProcess>
 #include <QRandomGenerator>
 #include <QSettings>
@@ -49,6 +48,7 @@ class TestSettingsProcesses : public QObject
 
 private slots:
     void aKilledProcessLosesNothingThatWasOnDisk();
+    void aLockThatAKilledProcessLeftHoldsNobodyUp();
     void twoProcessesKeepEachOthersKeys();
     void whatIsPendingAtTheEndIsWritten();
     void theWorkersThreadEndsWithTheProcess_data();
@@ -84,6 +84,16 @@ void TestSettingsProcesses::aKilledProcessLosesNothingThatWasOnDisk()
         QVERIFY(content.value(QStringLiteral("ui/number")).toInt() >= acknowledged);
         QCOMPARE(countBelow(content, QStringLiteral("ui")), kFillers + 1);
     }
+}
+
+void TestSettingsProcesses::aLockThatAKilledProcessLeftHoldsNobodyUp()
+{
+    const QString path = file(QStringLiteral("locked.ini"));
+    QVERIFY(writeFile(path + QStringLiteral(".lock"), QByteArray()));
+    const auto process = child({QStringLiteral("write"), path, QStringLiteral("ui"), QStringLiteral("1")});
+    QVERIFY(process->waitForFinished(20000));
+    QCOMPARE(process->exitCode(), 0);
+    QVERIFY(readFile(path).contains("number=1"));
 }
 
 void TestSettingsProcesses::twoProcessesKeepEachOthersKeys()
