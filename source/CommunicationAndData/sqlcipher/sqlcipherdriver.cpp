@@ -59,11 +59,13 @@ OpenOptions readOptions(const QString &text)
     return options;
 }
 
-QString withoutTextQuotes(const QString &defaultValue)
+/// The text of a default that is a text literal; any other expression as it stands.
+QString defaultText(const QString &expression)
 {
     const QLatin1Char quote('\'');
-    const int end = defaultValue.lastIndexOf(quote);
-    return defaultValue.startsWith(quote) && end > 0 ? defaultValue.mid(1, end - 1) : defaultValue;
+    if (expression.size() < 2 || !expression.startsWith(quote) || !expression.endsWith(quote))
+        return expression;
+    return expression.mid(1, expression.size() - 2).replace(QLatin1String("''"), QString(quote));
 }
 
 QSqlField columnOf(const QSqlQuery &info, const QString &tableName)
@@ -71,7 +73,7 @@ QSqlField columnOf(const QSqlQuery &info, const QString &tableName)
     QSqlField column(info.value(kInfoName).toString(), declaredColumnType(info.value(kInfoType).toString()),
                      tableName);
     column.setRequired(info.value(kInfoNotNull).toInt() != 0);
-    column.setDefaultValue(withoutTextQuotes(info.value(kInfoDefault).toString()));
+    column.setDefaultValue(defaultText(info.value(kInfoDefault).toString()));
     return column;
 }
 

@@ -78,7 +78,9 @@ bool SqlCipherResult::reset(const QString &query)
     return prepare(query) && exec();
 }
 
-bool SqlCipherResult::prepare(const QString &query)
+/// Qt hands over a text in which it has made names of question marks. SQLite knows both, so the statement
+/// goes to it as it was written.
+bool SqlCipherResult::prepare(const QString &)
 {
     finalizeStatement();
     setActive(false);
@@ -87,7 +89,7 @@ bool SqlCipherResult::prepare(const QString &query)
     if (!connection())
         return fail(tr("Unable to execute statement"), QSqlError::ConnectionError);
 
-    const QByteArray sql = query.toUtf8();
+    const QByteArray sql = lastQuery().toUtf8();
     const char *rest = nullptr;
     if (sqlite3_prepare_v2(connection(), sql.constData(), sql.size() + 1, &m_statement, &rest) != SQLITE_OK)
         return fail(tr("Unable to execute statement"), QSqlError::StatementError);
@@ -152,7 +154,7 @@ QVariant SqlCipherResult::data(int column)
     case RowStore::Kind::Text:
         return QString::fromUtf8(cell.bytes, cell.length);
     case RowStore::Kind::Blob:
-        return QByteArray(cell.bytes, cell.length);
+        return cell.length > 0 ? QByteArray(cell.bytes, cell.length) : QByteArray("");  // not a null one
     case RowStore::Kind::Null:
         break;
     }
@@ -168,7 +170,11 @@ bool SqlCipherResult::fetch(int row)
 {
     if (row < 0 || !isActive())
         return false;
-    return row == at() || (m_keepsRows ? fetchStored(row) : fetchForward(row));
+    if (row == at())
+        return true;
+    const bool isThere = m_keepsRows ? fetchStored(row) : fetchForward(row);
+    setAt(isThere ? row : static_cast<int>(QSql::AfterLastRow));
+    return isThere;
 }
 
 bool SqlCipherResult::fetchNext()
@@ -194,7 +200,8 @@ bool SqlCipherResult::fetchLast()
         return fetchLastForward();
     while (step())
         storeRow();
-    return m_rows.count() > 0 && fetchStored(m_rows.count() - 1);
+    setAt(m_rows.count() > 0 ? m_rows.count() - 1 : static_cast<int>(QSql::AfterLastRow));
+    return m_rows.count() > 0;
 }
 
 void SqlCipherResult::detachFromResultSet()
@@ -411,10 +418,7 @@ bool SqlCipherResult::fetchStored(int row)
 {
     while (m_rows.count() <= row && step())
         storeRow();
-    if (m_rows.count() <= row)
-        return false;
-    setAt(row);
-    return true;
+    return row < m_rows.count();
 }
 
 bool SqlCipherResult::fetchForward(int row)
@@ -426,15 +430,18 @@ bool SqlCipherResult::fetchForward(int row)
             return false;
         ++m_statementRow;
     }
-    setAt(row);
     return true;
 }
 
 /// The last row is known to be it only when the statement has moved on, so it is kept.
 bool SqlCipherResult::fetchLastForward()
 {
-    if (m_atEnd)
-        return m_statementRow >= 0 && at() == m_statementRow;
+    if (m_atEnd) {
+        if (m_statementRow >= 0 && at() == m_statementRow)
+            return true;
+        setAt(QSql::AfterLastRow);
+        return false;
+    }
     do {
         m_rows.reset(m_columns);
         storeRow();
