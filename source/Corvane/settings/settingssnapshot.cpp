@@ -2,7 +2,6 @@
 
 #include "CommunicationAndData/settings/settingskeys.h"
 
-#include <QDataStream>
 #include <QSettings>
 
 #include <algorithm>
@@ -24,14 +23,6 @@ QString textOfBytes(const QVariant &value)
 }
 
 }  // namespace
-
-QMap<QString, QVariant> readStashImage(const QByteArray &image)
-{
-    QMap<QString, QVariant> settings;
-    QDataStream stream(image);
-    stream >> settings;
-    return settings;
-}
 
 QString settingValueToText(const QVariant &value)
 {

@@ -1,8 +1,6 @@
 #ifndef SETTINGSSNAPSHOT_H
 #define SETTINGSSNAPSHOT_H
 
-#include <QByteArray>
-#include <QMap>
 #include <QStringList>
 #include <QVariant>
 
@@ -10,10 +8,6 @@ class QSettings;
 
 /// What marks a value in a snapshot that has bytes but no text: a safe value.
 constexpr char kEncryptedPrefix[] = "encrypted_";
-
-/// Reads a stash image, a `QDataStream` image of all settings by their full keys. A damaged image gives what
-/// could be read of it.
-QMap<QString, QVariant> readStashImage(const QByteArray &image);
 
 /// The text by which a value is compared: list items joined by ";" in lower case, anything else as it
 /// converts to text. Items of a `QVariantList` that have no text are left out.

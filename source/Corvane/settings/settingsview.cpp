@@ -3,6 +3,7 @@
 #include "CommunicationAndData/access/accesscontrol.h"
 #include "CommunicationAndData/settings/settingshandler.h"
 #include "CommunicationAndData/settings/settingskeys.h"
+#include "CommunicationAndData/settings/stashimage.h"
 #include "Corvane/settings/databasesettingsview.h"
 #include "Corvane/settings/personbrowsersettingsview.h"
 #include "Corvane/settings/settingssnapshot.h"
@@ -241,7 +242,8 @@ QStringList SettingsView::settingsSnapshot(Actions::Action action)
 {
     QByteArray *image = nullptr;
     SettingsHandler::getInstance()->stash(image);
-    const QMap<QString, QVariant> settings = readStashImage(image ? *image : QByteArray());
+    const QMap<QString, QVariant> settings =
+        readStashImage(image ? *image : QByteArray()).value_or(QMap<QString, QVariant>());
 
     QStringList lines;
     for (auto setting = settings.cbegin(); setting != settings.cend(); ++setting) {
