@@ -21,6 +21,11 @@ FileDialogs::FileDialogs(QStringList paths)
     timer->start(kPollInterval);
 }
 
+void FileDialogs::whenChosen(std::function<void(const QString &)> action)
+{
+    m_whenChosen = std::move(action);
+}
+
 void FileDialogs::answer()
 {
     auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
@@ -37,6 +42,8 @@ void FileDialogs::answer()
         dialog->reject();
         return;
     }
+    if (m_whenChosen)
+        connect(dialog, &QFileDialog::fileSelected, this, m_whenChosen);
     edit->setText(path);
     const bool saving = dialog->acceptMode() == QFileDialog::AcceptSave;
     QTest::mouseClick(buttons->button(saving ? QDialogButtonBox::Save : QDialogButtonBox::Open),

@@ -6,6 +6,8 @@
 #include <QObject>
 #include <QString>
 
+#include <functional>
+
 /// What a file dialog offered when it was answered.
 struct SeenFileDialog
 {
@@ -30,6 +32,9 @@ class FileDialogs : public QObject
 public:
     explicit FileDialogs(QStringList paths = {});
 
+    /// Runs with each file that is chosen, before the program goes on with it.
+    void whenChosen(std::function<void(const QString &)> action);
+
     const QList<SeenFileDialog> &seen() const
     {
         return m_seen;
@@ -40,6 +45,7 @@ private slots:
 
 private:
     QStringList m_paths;
+    std::function<void(const QString &)> m_whenChosen;
     QList<SeenFileDialog> m_seen;
 };
 

@@ -1,0 +1,230 @@
+#include "settingsbench.h"
+#include "settingstest.h"
+#include "support/messageboxes.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTest>
+
+using namespace SettingsTest;
+
+namespace {
+
+bool receive(SettingsView &view, bool success)
+{
+    return QMetaObject::invokeMethod(&view, "settingsReceived", Q_ARG(bool, success), Q_ARG(bool, false),
+                                     Q_ARG(QString, QString()));
+}
+
+QString leftPane(const DiffView &dialog)
+{
+    return child<QPlainTextEdit>(dialog, "left_pane")->toPlainText();
+}
+
+QString rightPane(const DiffView &dialog)
+{
+    return child<QPlainTextEdit>(dialog, "right_pane")->toPlainText();
+}
+
+}  // namespace
+
+/// Comparisons with loaded sources, and online configurations that arrive, on the real menus and dialogs.
+class TestSettingsComparison : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void showingTheSettingsTwiceConnectsOnce();
+    void aFirstLoadOfAnyKindMakesInitialAndPreviousSettingsEqual_data();
+    void aFirstLoadOfAnyKindMakesInitialAndPreviousSettingsEqual();
+    void aChangedSecretIsMaskedInTheComparison();
+    void theComparisonIsNotAnAuditEvent();
+    void theTagNamesTheLastSource();
+    void aFirstOnlineLoadShowsNoDifferenceDialogAndTheLaterOnesDo();
+    void aRejectedOnlineLoadIsUndone();
+    void anAcceptedOnlineLoadReachesThePages();
+    void aFailedOnlineLoadIsToldAndThePagesStay();
+
+private:
+    Workstation m_workstation;
+    SettingsFiles m_files{m_workstation};
+};
+
+void TestSettingsComparison::init()
+{
+    m_files.reset();
+}
+
+void TestSettingsComparison::cleanup()
+{
+    QVERIFY(!QApplication::overrideCursor());
+    QVERIFY(!QDir(m_files.temporaryDirectory()).exists());
+}
+
+void TestSettingsComparison::showingTheSettingsTwiceConnectsOnce()
+{
+    SettingsBench bench(m_workstation, kAllRights);
+    QVERIFY(QMetaObject::invokeMethod(&bench.view(), "showSettings"));
+    QVERIFY(QMetaObject::invokeMethod(&bench.view(), "showSettings"));
+    bench.seeChanges([](DiffView &) {});
+}
+
+void TestSettingsComparison::aFirstLoadOfAnyKindMakesInitialAndPreviousSettingsEqual_data()
+{
+    QTest::addColumn<QString>("kind");
+    QTest::newRow("from the local application") << "local";
+    QTest::newRow("online") << "online";
+}
+
+void TestSettingsComparison::aFirstLoadOfAnyKindMakesInitialAndPreviousSettingsEqual()
+{
+    QFETCH(QString, kind);
+    m_files.setLocal({{"site/own", "first"}});
+    SettingsBench bench(m_workstation, kAllRights);
+    if (kind == QLatin1String("local")) {
+        bench.choose("local_menu", "load_action");
+    } else {
+        setStored("site/own", "first");
+        QVERIFY(receive(bench.view(), true));
+        QVERIFY(QMetaObject::invokeMethod(&bench.view(), "showSettings"));
+    }
+    setStored("site/own", "second");
+    bench.seeChanges([](DiffView &dialog) {
+        const QString left = leftPane(dialog);
+        const QString right = rightPane(dialog);
+        QCOMPARE(left, QStringLiteral("site/own=first"));
+        QVERIFY(right.contains("site/own=second"));
+        QTest::mouseClick(child<QPushButton>(dialog, "toggle_button"), Qt::LeftButton);
+        QCOMPARE(leftPane(dialog), left);
+        QCOMPARE(rightPane(dialog), right);
+    });
+
+    // A second load moves the previous settings on and leaves the initial ones.
+    m_files.setLocal({{"site/own", "third"}});
+    bench.choose("local_menu", "load_action");
+    setStored("site/own", "fourth");
+    bench.seeChanges([](DiffView &dialog) {
+        QCOMPARE(leftPane(dialog), QStringLiteral("site/own=third"));
+        QTest::mouseClick(child<QPushButton>(dialog, "toggle_button"), Qt::LeftButton);
+        QCOMPARE(leftPane(dialog), QStringLiteral("site/own=first"));
+    });
+}
+
+void TestSettingsComparison::aChangedSecretIsMaskedInTheComparison()
+{
+    store()->setSafeValue(QStringLiteral("persondb/password"), QStringLiteral("before"));
+    m_files.setLocal({{"persondb/password", store()->generalSettings()->value("persondb/password")},
+                      {"persondb/driverparams", "encoded"}});
+    SettingsBench bench(m_workstation, kAllRights);
+    bench.choose("local_menu", "load_action");
+    child<QLineEdit>(bench.view(), "password_edit")->setText(QStringLiteral("after"));
+    bench.seeChanges([](DiffView &dialog) {
+        QVERIFY(leftPane(dialog).split('\n').contains("persondb/password=*****"));
+        QVERIFY(rightPane(dialog).split('\n').contains("persondb/password=*****"));
+        QVERIFY(leftPane(dialog).split('\n').contains("persondb/driverparams=encoded"));
+        QVERIFY(!(leftPane(dialog) + rightPane(dialog)).contains("encrypted_"));
+    });
+}
+
+void TestSettingsComparison::theComparisonIsNotAnAuditEvent()
+{
+    SettingsBench bench(m_workstation, kAllRights);
+    bench.choose("local_menu", "load_action");
+    bench.takeEvents();
+    bench.seeChanges([](DiffView &) {});
+    QVERIFY(bench.takeEvents().isEmpty());
+}
+
+void TestSettingsComparison::theTagNamesTheLastSource()
+{
+    SettingsBench bench(m_workstation, kAllRights);
+    m_files.setLocal({{"site/own", "first"}});
+    bench.choose("local_menu", "load_action");
+    bench.seeChanges([](DiffView &dialog) {
+        QCOMPARE(child<QLabel>(dialog, "left_label")->text(), QStringLiteral("Local settings"));
+    });
+    QVERIFY(QMetaObject::invokeMethod(&bench.view(), "loadTag", Q_ARG(QString, "Configuration 7")));
+    bench.seeChanges([](DiffView &dialog) {
+        QCOMPARE(child<QLabel>(dialog, "left_label")->text(), QStringLiteral("Configuration 7"));
+    });
+}
+
+void TestSettingsComparison::aFirstOnlineLoadShowsNoDifferenceDialogAndTheLaterOnesDo()
+{
+    SettingsBench bench(m_workstation, kAllRights);
+    int shown = 0;
+    const DiffAnswers answers(
+        [&shown](DiffView &dialog) {
+            ++shown;
+            QVERIFY(child<QPushButton>(dialog, "toggle_button")->isHidden());
+            QVERIFY(dialog.findChild<QPushButton *>("cancel_button"));
+        },
+        true);
+    QVERIFY(receive(bench.view(), true));
+    QCOMPARE(shown, 0);
+    QVERIFY(receive(bench.view(), true));
+    QCOMPARE(shown, 1);
+    QVERIFY(receive(bench.view(), true));
+    QCOMPARE(shown, 2);
+    QVERIFY(bench.takeEvents().isEmpty());
+}
+
+void TestSettingsComparison::aRejectedOnlineLoadIsUndone()
+{
+    SettingsBench bench(m_workstation, kAllRights);
+    setStored("ui/measurement_units", 0);
+    QVERIFY(receive(bench.view(), true));
+    store()->store();
+    setStored("ui/measurement_units", 1);
+    const DiffAnswers answers([](DiffView &) {}, false);
+    QVERIFY(receive(bench.view(), true));
+    QCOMPARE(answers.count(), 1);
+    QCOMPARE(stored("ui/measurement_units").toInt(), 0);
+    QCOMPARE(child<QComboBox>(bench.view(), "measurement_units")->currentIndex(), 0);
+}
+
+void TestSettingsComparison::anAcceptedOnlineLoadReachesThePages()
+{
+    SettingsBench bench(m_workstation, kAllRights);
+    QVERIFY(receive(bench.view(), true));
+    store()->store();
+    setStored("ui/measurement_units", 1);
+    setStored("ui/geometry", "elsewhere");
+    const DiffAnswers answers([](DiffView &) {}, true);
+    QVERIFY(receive(bench.view(), true));
+    QCOMPARE(child<QComboBox>(bench.view(), "measurement_units")->currentIndex(), 1);
+    QVERIFY(!m_files.workingKeys().contains("ui/geometry"));
+}
+
+void TestSettingsComparison::aFailedOnlineLoadIsToldAndThePagesStay()
+{
+    SettingsBench bench(m_workstation, kAllRights);
+    setStored("ui/measurement_units", 1);
+    MessageBoxes boxes;
+    QVERIFY(receive(bench.view(), false));
+    QCOMPARE(boxes.seen().size(), 1);
+    QCOMPARE(boxes.seen().first().title, QStringLiteral("Loading settings failed"));
+    QCOMPARE(boxes.seen().first().text,
+             QStringLiteral("Loading settings configuration from database was unsuccessful.\n"
+                            "Previous settings restored."));
+    QCOMPARE(boxes.seen().first().icon, QMessageBox::Warning);
+    QCOMPARE(boxes.seen().first().buttons, QStringList{"Ok"});
+    QCOMPARE(bench.takeEvents(),
+             QList<AuditEvent>{settingsError(
+                 Actions::LoadSettings, 0x14200003,
+                 QStringLiteral("Loading settings configuration from database was unsuccessful"))});
+    QCOMPARE(child<QComboBox>(bench.view(), "measurement_units")->currentIndex(), 0);
+    // It was no load: the next one is the first.
+    const DiffAnswers answers([](DiffView &) {}, true);
+    QVERIFY(receive(bench.view(), true));
+    QCOMPARE(answers.count(), 0);
+}
+
+QTEST_MAIN(TestSettingsComparison)
+#include "test_settingscomparison.moc"

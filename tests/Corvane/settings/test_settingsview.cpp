@@ -1,0 +1,477 @@
+#include "settingsbench.h"
+#include "settingstest.h"
+#include "support/messageboxes.h"
+
+#include <QComboBox>
+#include <QDir>
+#include <QLabel>
+#include <QLayout>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QPlainTextEdit>
+#include <QTabWidget>
+#include <QTest>
+
+using namespace SettingsTest;
+
+namespace {
+
+const QString kNoDatabaseNote = QStringLiteral(" Lacking privileges to save database settings.");
+const QString kNoAuditNote = QStringLiteral(" Lacking privileges to save local audit trail settings.");
+const QString kNoAccessNote = QStringLiteral(" Lacking privileges to save local access control settings.");
+
+/// Two keys that differ in the file and are one when they are written: a file like this can't be copied
+/// whole.
+const QByteArray kCollapsingKeys = "[odd]\nb=1\n\\b=2\n\\\\b=3\n";
+
+QAction *action(SettingsView &view, const char *name)
+{
+    return child<QAction>(view, name);
+}
+
+QTabWidget *tabs(SettingsView &view)
+{
+    return child<QTabWidget>(view, "settings_tabs");
+}
+
+AuditEvent saved(Actions::ActionType type = Actions::Human)
+{
+    return settingsEvent(Actions::SaveSettings, QStringLiteral("Corvane Settings Local Save"), type);
+}
+
+AuditEvent loaded()
+{
+    return settingsEvent(Actions::LoadSettings, QStringLiteral("Corvane Settings Local Load"));
+}
+
+QString leftPane(const DiffView &dialog)
+{
+    return child<QPlainTextEdit>(dialog, "left_pane")->toPlainText();
+}
+
+QString rightPane(const DiffView &dialog)
+{
+    return child<QPlainTextEdit>(dialog, "right_pane")->toPlainText();
+}
+
+}  // namespace
+
+/// The workbench on its real menus, tabs and message boxes: construction, loading and saving.
+class TestSettingsView : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void withoutRightsTheViewIsAnEmptyBox();
+    void afterSignInThePromptAndTheMenusAreThere();
+    void theTabsStandInTheirOrder();
+    void actionsAtTheStartAndAfterALoad_data();
+    void actionsAtTheStartAndAfterALoad();
+    void whatMustNotTravelIsRemovedAtSignIn();
+    void staleParametersAreRemoved();
+    void loadingReplacesTheWorkingSettingsAndShowsTheTabs();
+    void loadingIsWholesaleAlsoOnDisk();
+    void aStuckTemporaryFileGetsAFreshName();
+    void notAllSettingsLoadedIsToldAndTheTabsAreShown();
+    void anInvalidValueIsSkippedInTheSnapshotAndLogged();
+    void loadingALocalFileThatIsNotThereGivesEmptySettings();
+    void savingCopiesEverythingAndKeepsForeignKeys();
+    void workstationKeysNeverReachTheLocalApplication();
+    void staleParametersAreRemovedFromTheLocalSettingsToo();
+    void missingRightsAreNoted_data();
+    void missingRightsAreNoted();
+    void withoutTheDatabaseRightTheLocalGroupsStayAndComeBackIntoThePages();
+    void unwritableLocalSettingsAreTold();
+    void unwritableLocalSettingsAndAMissingRightReadThemAgain();
+    void notAllSettingsSavedIsTold();
+
+private:
+    Workstation m_workstation;
+    SettingsFiles m_files{m_workstation};
+};
+
+void TestSettingsView::init()
+{
+    m_files.reset();
+}
+
+void TestSettingsView::cleanup()
+{
+    QVERIFY(!QApplication::overrideCursor());
+    QVERIFY(!QDir(m_files.temporaryDirectory()).exists());
+}
+
+void TestSettingsView::withoutRightsTheViewIsAnEmptyBox()
+{
+    SettingsView view(m_workstation.dataDirectory(), nullptr);
+    QVERIFY(view.children().size() == 1 && view.layout() && view.layout()->count() == 0);
+    QCOMPARE(view.layout()->contentsMargins(), QMargins(0, 0, 0, 0));
+    view.setAccessControl(nullptr);
+    QCOMPARE(view.layout()->count(), 0);
+    QVERIFY(QMetaObject::invokeMethod(&view, "showSettings"));
+    view.updateTexts();
+}
+
+void TestSettingsView::afterSignInThePromptAndTheMenusAreThere()
+{
+    SettingsBench bench(m_workstation, kAllRights);
+    SettingsView &view = bench.view();
+    const auto *prompt = child<QLabel>(view, "settings_prompt");
+    QCOMPARE(prompt->text(), QStringLiteral("Select settings source from menu below"));
+    QVERIFY(prompt->isVisible());
+    QVERIFY(tabs(view)->isHidden());
+    QCOMPARE(tabs(view)->minimumSize(), QSize(765, 490));
+    QCOMPARE(tabs(view)->styleSheet(), QStringLiteral("QTabBar::tab { height: 35px; }"));
+
+    auto *bar = child<QMenuBar>(view, "settings_menus");
+    QVERIFY(bar->isDefaultUp());
+    QVERIFY(bar->styleSheet().startsWith(
+        QStringLiteral("QMenuBar { border: none; }QMenuBar::item { background: ")));
+    QList<QStringList> menus;
+    for (const QAction *menu : bar->actions()) {
+        QStringList texts{menu->text()};
+        for (const QAction *entry : menu->menu()->actions())
+            texts.append(entry->text());
+        menus.append(texts);
+    }
+    const QList<QStringList> expected = {
+        {"Manage local application", "Enable autosaving to local application",
+         "Save settings to local application", "Load settings from local application"},
+        {"Manage online configurations", "See changes made in settings", "Manage settings configurations",
+         "Distribute settings"},
+        {"Transfer settings", "Import settings", "Export settings"}};
+    QCOMPARE(menus, expected);
+    QVERIFY(bench.takeEvents().isEmpty());
+}
+
+void TestSettingsView::theTabsStandInTheirOrder()
+{
+    SettingsBench bench(m_workstation, kAllRights);
+    const QStringList all = {"General",       "Database",     "Search",
+                             "Person fields", "Study fields", "Access control and\nAudit trail"};
+    QStringList shown;
+    for (int i = 0; i < tabs(bench.view())->count(); ++i)
+        shown.append(tabs(bench.view())->tabText(i));
+    QVERIFY(shown.size() >= 2);
+    // Those that are there, in the order of all.
+    QStringList expected;
+    for (const QString &text : all) {
+        if (shown.contains(text))
+            expected.append(text);
+    }
+    QCOMPARE(shown, expected);
+    QCOMPARE(tabs(bench.view())->currentIndex(), 0);
+}
+
+void TestSettingsView::actionsAtTheStartAndAfterALoad_data()
+{
+    QTest::addColumn<int>("rights");
+    QTest::addColumn<bool>("manage");
+    QTest::addColumn<bool>("distribute");
+    QTest::newRow("all rights") << kAllRights << true << true;
+    QTest::newRow("no rights") << 0 << false << false;
+    QTest::newRow("without right 16 distributing stays disabled") << (kAllRights & ~16) << true << false;
+    QTest::newRow("without right 32 managing stays disabled") << (kAllRights & ~32) << false << true;
+}
+
+void TestSettingsView::actionsAtTheStartAndAfterALoad()
+{
+    QFETCH(int, rights);
+    QFETCH(bool, manage);
+    QFETCH(bool, distribute);
+    SettingsBench bench(m_workstation, rights);
+    SettingsView &view = bench.view();
+    const auto enabled = [&view] {
+        QList<bool> states;
+        for (const char *name : {"autosave_action", "save_action", "load_action", "diff_action",
+                                 "manage_action", "distribute_action", "import_action", "export_action"})
+            states.append(action(view, name)->isEnabled());
+        return states;
+    };
+    QVERIFY(action(view, "autosave_action")->isCheckable());
+    QCOMPARE(enabled(), QList<bool>({false, false, true, false, manage, false, true, false}));
+    QVERIFY(QMetaObject::invokeMethod(&view, "showSettings"));
+    QCOMPARE(enabled(), QList<bool>({true, true, true, true, manage, distribute, true, true}));
+    QVERIFY(child<QLabel>(view, "settings_prompt")->isHidden());
+    QVERIFY(tabs(view)->isVisible());
+}
+
+void TestSettingsView::whatMustNotTravelIsRemovedAtSignIn()
+{
+    setStored("ui/geometry", "here");
+    setStored("ui/default_geometry", 2);
+    SettingsBench bench(m_workstation, kAllRights);
+    QCOMPARE(m_files.workingKeys(), QStringList{"ui/default_geometry"});
+}
+
+void TestSettingsView::staleParametersAreRemoved()
+{
+    setStored("persondb/params/size", 2);
+    setStored("persondb/params/2/key", "stays");
+    setStored("persondb/params/3/key", "goes");
+    setStored("persondb/params/3/value", "goes");
+    SettingsBench bench(m_workstation, kAllRights);
+    QCOMPARE(m_files.workingKeys(), QStringList({"persondb/params/2/key", "persondb/params/size"}));
+    QCOMPARE(m_files.workingValue("persondb/params/size").toInt(), 2);
+}
+
+void TestSettingsView::loadingReplacesTheWorkingSettingsAndShowsTheTabs()
+{
+    setStored("application/language", "fi");
+    setStored("site/own", "old");
+    m_files.setLocal({{"application/language", "sv"}, {"ui/measurement_units", 1}, {"ui/geometry", "x"}});
+    SettingsBench bench(m_workstation, kAllRights);
+    QCOMPARE(child<QComboBox>(bench.view(), "language")->currentData().toString(), QStringLiteral("fi"));
+
+    MessageBoxes boxes;
+    bench.choose("local_menu", "load_action");
+    QVERIFY(boxes.seen().isEmpty());
+    QCOMPARE(bench.takeEvents(), QList<AuditEvent>{loaded()});
+    QVERIFY(tabs(bench.view())->isVisible());
+    QCOMPARE(child<QComboBox>(bench.view(), "language")->currentData().toString(), QStringLiteral("sv"));
+    QCOMPARE(child<QComboBox>(bench.view(), "measurement_units")->currentIndex(), 1);
+    QCOMPARE(m_files.workingKeys(), QStringList({"application/language", "ui/measurement_units"}));
+}
+
+void TestSettingsView::loadingIsWholesaleAlsoOnDisk()
+{
+    setStored("site/own", "old");
+    m_files.setLocal({{"application/language", "sv"}});
+    SettingsBench bench(m_workstation, kAllRights);
+    bench.choose("local_menu", "load_action");
+    store()->generalSettings()->sync();
+    QCOMPARE(openSettingsFile(m_files.working())->allKeys(), QStringList{"application/language"});
+    QVERIFY(!QDir(m_files.temporaryDirectory()).exists());
+}
+
+void TestSettingsView::aStuckTemporaryFileGetsAFreshName()
+{
+    // A directory with something in it can't be removed as a file.
+    QVERIFY(writeFile(m_files.temporaryDirectory() + "/tmp_corvane.ini/stuck", "x"));
+    QVERIFY(writeFile(m_files.temporaryDirectory() + "/recovery_corvane.ini/stuck", "x"));
+    setStored("site/own", "old");
+    m_files.setLocal({{"application/language", "sv"}});
+    SettingsBench bench(m_workstation, kAllRights);
+    MessageBoxes boxes;
+    bench.choose("local_menu", "load_action");
+    QVERIFY(boxes.seen().isEmpty());
+    QCOMPARE(bench.takeEvents(), QList<AuditEvent>{loaded()});
+    QCOMPARE(m_files.workingKeys(), QStringList{"application/language"});
+}
+
+void TestSettingsView::notAllSettingsLoadedIsToldAndTheTabsAreShown()
+{
+    QVERIFY(writeFile(m_files.local(), kCollapsingKeys + "[application]\nlanguage=sv\n"));
+    SettingsBench bench(m_workstation, kAllRights);
+    MessageBoxes boxes;
+    bench.choose("local_menu", "load_action");
+    QCOMPARE(boxes.seen().size(), 1);
+    QCOMPARE(boxes.seen().first().text, QStringLiteral("Error: Not all settings were loaded."));
+    QCOMPARE(boxes.seen().first().buttons, QStringList{"Ok"});
+    QCOMPARE(bench.takeEvents(),
+             QList<AuditEvent>({loaded(), settingsError(Actions::LoadSettings, 0x14100000,
+                                                        QStringLiteral("Not all settings were loaded"))}));
+    QVERIFY(tabs(bench.view())->isVisible());
+    // The working settings keep what arrived, the pages their old contents.
+    QCOMPARE(m_files.workingKeys(), QStringList({"application/language", "odd/b"}));
+    QCOMPARE(child<QComboBox>(bench.view(), "language")->currentData().toString(), QStringLiteral("en_GB"));
+}
+
+void TestSettingsView::anInvalidValueIsSkippedInTheSnapshotAndLogged()
+{
+    QVERIFY(writeFile(m_files.local(), "[site]\nbroken=@Invalid()\nwhole=1\n"));
+    SettingsBench bench(m_workstation, kAllRights);
+    bench.choose("local_menu", "load_action");
+    const AuditEvent skipped =
+        settingsError(Actions::LoadSettings, 0x14100000, QStringLiteral("Invalid setting was skipped"));
+    // The first load takes two snapshots.
+    QCOMPARE(bench.takeEvents(), QList<AuditEvent>({loaded(), skipped, skipped}));
+    bench.seeChanges([](DiffView &dialog) {
+        QVERIFY(!leftPane(dialog).contains("site/"));
+        QVERIFY(!rightPane(dialog).contains("site/"));
+    });
+    const QList<AuditEvent> events = bench.takeEvents();
+    QCOMPARE(events.size(), 1);
+    QCOMPARE(events.first(), settingsError(Actions::ViewSettingsDiff, 0x14100000,
+                                           QStringLiteral("Invalid setting was skipped")));
+}
+
+void TestSettingsView::loadingALocalFileThatIsNotThereGivesEmptySettings()
+{
+    setStored("site/own", "old");
+    SettingsBench bench(m_workstation, kAllRights);
+    MessageBoxes boxes;
+    bench.choose("local_menu", "load_action");
+    QVERIFY(boxes.seen().isEmpty());
+    QVERIFY(m_files.workingKeys().isEmpty());
+    QVERIFY(tabs(bench.view())->isVisible());
+}
+
+void TestSettingsView::savingCopiesEverythingAndKeepsForeignKeys()
+{
+    m_files.setLocal({{"application/language", "sv"}});
+    SettingsBench bench(m_workstation, kAllRights);
+    bench.choose("local_menu", "load_action");
+    bench.takeEvents();
+    m_files.setLocal({{"other/program", "kept"}});
+    child<QComboBox>(bench.view(), "measurement_units")->setCurrentIndex(1);
+    store()->setSafeValue(QStringLiteral("accesscontrol/method"), QStringLiteral("none"));
+
+    MessageBoxes boxes;
+    bench.choose("local_menu", "save_action");
+    QCOMPARE(boxes.seen().size(), 1);
+    QCOMPARE(boxes.seen().first().text, QStringLiteral("Saving succeeded."));
+    QCOMPARE(boxes.seen().first().icon, QMessageBox::NoIcon);
+    QCOMPARE(boxes.seen().first().buttons, QStringList{"Ok"});
+    QCOMPARE(bench.takeEvents(), QList<AuditEvent>{saved()});
+    QCOMPARE(m_files.localValue("ui/measurement_units").toInt(), 1);
+    QCOMPARE(m_files.localValue("other/program").toString(), QStringLiteral("kept"));
+    for (const QString &key : m_files.workingKeys())
+        QCOMPARE(m_files.localValue(qPrintable(key)), store()->generalSettings()->value(key));
+    QVERIFY(m_files.localKeys().contains("accesscontrol/method"));
+}
+
+void TestSettingsView::workstationKeysNeverReachTheLocalApplication()
+{
+    SettingsBench bench(m_workstation, kAllRights);
+    bench.choose("local_menu", "load_action");
+    setStored("ui/geometry", "here");
+    store()->setSafeValue(QStringLiteral("accesscontrol/defaultrights"), 7);
+    MessageBoxes boxes;
+    bench.choose("local_menu", "save_action");
+    QVERIFY(!m_files.localKeys().contains("ui/geometry"));
+    QVERIFY(!m_files.localKeys().contains("accesscontrol/defaultrights"));
+    QVERIFY(m_files.localKeys().contains("ui/default_geometry"));
+}
+
+void TestSettingsView::staleParametersAreRemovedFromTheLocalSettingsToo()
+{
+    SettingsBench bench(m_workstation, kAllRights);
+    bench.choose("local_menu", "load_action");
+    store()->setDatabaseSettings(QStringLiteral("studydb"), {{"params", QVariantMap{{"A", "1"}}}});
+    m_files.setLocal({{"studydb/params/2/key", "B"}, {"studydb/params/2/value", "2"}});
+    MessageBoxes boxes;
+    bench.choose("local_menu", "save_action");
+    QCOMPARE(boxes.seen().value(0).text, QStringLiteral("Saving succeeded."));
+    QCOMPARE(m_files.localValue("studydb/params/1/key").toString(), QStringLiteral("A"));
+    QVERIFY(!m_files.localKeys().contains("studydb/params/2/key"));
+    QCOMPARE(m_files.localValue("studydb/params/size").toInt(), 1);
+}
+
+void TestSettingsView::missingRightsAreNoted_data()
+{
+    QTest::addColumn<int>("rights");
+    QTest::addColumn<QString>("text");
+    const QString done = QStringLiteral("Saving succeeded.");
+    QTest::newRow("all rights, no note") << kAllRights << done;
+    QTest::newRow("without right 2") << (kAllRights & ~2) << done + kNoDatabaseNote;
+    QTest::newRow("without right 4") << (kAllRights & ~4) << done + kNoAuditNote;
+    QTest::newRow("without right 1") << (kAllRights & ~1) << done + kNoAccessNote;
+    QTest::newRow("without any") << 0 << done + kNoDatabaseNote + kNoAuditNote + kNoAccessNote;
+}
+
+void TestSettingsView::missingRightsAreNoted()
+{
+    QFETCH(int, rights);
+    QFETCH(QString, text);
+    SettingsBench bench(m_workstation, rights);
+    bench.choose("local_menu", "load_action");
+    MessageBoxes boxes;
+    bench.choose("local_menu", "save_action");
+    QCOMPARE(boxes.seen().size(), 1);
+    QCOMPARE(boxes.seen().first().text, text);
+}
+
+void TestSettingsView::withoutTheDatabaseRightTheLocalGroupsStayAndComeBackIntoThePages()
+{
+    store()->setSafeValue(QStringLiteral("persondb/username"), QStringLiteral("local_user"));
+    const QVariant safeForm = store()->generalSettings()->value("persondb/username");
+    const QMap<QString, QVariant> groups = {{"persondb/username", safeForm},
+                                            {"persondb/params/size", 1},
+                                            {"persondb/params/1/key", "Server"},
+                                            {"persondb/params/1/value", "db.example"},
+                                            {"actiondb/sqltype", 2}};
+    m_files.setLocal(groups);
+    SettingsBench bench(m_workstation, kAllRights & ~WriteLocalDbSettings);
+    bench.choose("local_menu", "load_action");
+    bench.takeEvents();
+    setStored("persondb/params/1/value", "other.example");
+    setStored("supportdb/sqltype", 1);
+    child<QComboBox>(bench.view(), "measurement_units")->setCurrentIndex(1);
+
+    MessageBoxes boxes;
+    bench.choose("local_menu", "save_action");
+    QCOMPARE(boxes.seen().value(0).text, QStringLiteral("Saving succeeded.") + kNoDatabaseNote);
+    QCOMPARE(bench.takeEvents(), QList<AuditEvent>({saved(), loaded()}));
+    for (auto group = groups.cbegin(); group != groups.cend(); ++group)
+        QCOMPARE(m_files.localValue(qPrintable(group.key())).toString(), group->toString());
+    QVERIFY(!m_files.localKeys().contains("supportdb/sqltype"));
+    QCOMPARE(m_files.localValue("ui/measurement_units").toInt(), 1);
+
+    QCOMPARE(m_files.workingValue("persondb/params/1/value").toString(), QStringLiteral("db.example"));
+    QCOMPARE(child<QLineEdit>(bench.view(), "username_edit")->text(), QStringLiteral("local_user"));
+    QCOMPARE(child<QLineEdit>(bench.view(), "connection_setting_1")->text(),
+             QStringLiteral("Server=db.example"));
+    QCOMPARE(child<QComboBox>(bench.view(), "measurement_units")->currentIndex(), 1);
+}
+
+void TestSettingsView::unwritableLocalSettingsAreTold()
+{
+    SettingsBench bench(m_workstation, kAllRights);
+    bench.choose("local_menu", "load_action");
+    bench.takeEvents();
+    QVERIFY(QDir().mkpath(m_files.local()));  // a directory in the place of the file
+    child<QComboBox>(bench.view(), "measurement_units")->setCurrentIndex(1);
+
+    MessageBoxes boxes;
+    bench.choose("local_menu", "save_action");
+    QCOMPARE(boxes.seen().size(), 1);
+    QCOMPARE(boxes.seen().first().text, QStringLiteral("Error: Cannot write to local settings file."));
+    QCOMPARE(bench.takeEvents(),
+             QList<AuditEvent>{settingsError(Actions::SaveSettings, 0x14200002,
+                                             QStringLiteral("Settings are not writable"))});
+    // Nothing was saved, not even into the working settings.
+    QVERIFY(!m_files.workingKeys().contains("ui/measurement_units"));
+}
+
+void TestSettingsView::unwritableLocalSettingsAndAMissingRightReadThemAgain()
+{
+    SettingsBench bench(m_workstation, 0);
+    bench.choose("local_menu", "load_action");
+    bench.takeEvents();
+    QVERIFY(QDir().mkpath(m_files.local()));
+    MessageBoxes boxes;
+    bench.choose("local_menu", "save_action");
+    QCOMPARE(boxes.seen().size(), 1);
+    QCOMPARE(boxes.seen().first().text, QStringLiteral("Error: Cannot write to local settings file.") +
+                                            kNoDatabaseNote + kNoAuditNote + kNoAccessNote);
+    QCOMPARE(bench.takeEvents(),
+             QList<AuditEvent>({settingsError(Actions::SaveSettings, 0x14200002,
+                                              QStringLiteral("Settings are not writable")),
+                                loaded()}));
+}
+
+void TestSettingsView::notAllSettingsSavedIsTold()
+{
+    store()->changeSettingsFile(m_workstation.path("aside.ini"));
+    QVERIFY(writeFile(m_files.working(), kCollapsingKeys));
+    store()->changeSettingsFile(m_files.working());
+    SettingsBench bench(m_workstation, kAllRights & ~AuditTrailManagement);
+    QVERIFY(QMetaObject::invokeMethod(&bench.view(), "showSettings"));
+    QVERIFY(m_files.workingKeys().contains("odd//b"));
+    MessageBoxes boxes;
+    bench.choose("local_menu", "save_action");
+    QCOMPARE(boxes.seen().size(), 1);
+    QCOMPARE(boxes.seen().first().text, QStringLiteral("Error: Not all settings were saved.") + kNoAuditNote);
+    QCOMPARE(bench.takeEvents(), QList<AuditEvent>({saved(), settingsError(Actions::SaveSettings, 0x14100000,
+                                                                           "Not all settings were saved")}));
+    // What was copied stays.
+    QVERIFY(m_files.localKeys().contains("odd/b"));
+    QVERIFY(m_files.localKeys().contains("ui/measurement_units"));
+}
+
+QTEST_MAIN(TestSettingsView)
+#include "test_settingsview.moc"
