@@ -847,10 +847,6 @@
 <context>
     <name>PersonBrowserSettingsView</name>
     <message>
-        <source>Unknown</source>
-        <translation>Unbekannt</translation>
-    </message>
-    <message>
         <source>Finnish</source>
         <translation>Finnisch</translation>
     </message>
@@ -859,68 +855,8 @@
         <translation>Schwedisch</translation>
     </message>
     <message>
-        <source>No Information</source>
-        <translation>Keine Angabe</translation>
-    </message>
-    <message>
-        <source>African American</source>
-        <translation>Afroamerikanisch</translation>
-    </message>
-    <message>
-        <source>Asian</source>
-        <translation>Asiatisch</translation>
-    </message>
-    <message>
-        <source>Caucasian</source>
-        <translation>Kaukasisch</translation>
-    </message>
-    <message>
-        <source>Hispanic</source>
-        <translation>Hispanisch</translation>
-    </message>
-    <message>
-        <source>Hong Kong Chinese</source>
-        <translation>Hongkong-chinesisch</translation>
-    </message>
-    <message>
-        <source>Japanese American</source>
-        <translation>Japanisch-amerikanisch</translation>
-    </message>
-    <message>
-        <source>Polynesian</source>
-        <translation>Polynesisch</translation>
-    </message>
-    <message>
-        <source>North Indian and Pakistani</source>
-        <translation>Nordindisch und pakistanisch</translation>
-    </message>
-    <message>
-        <source>South Indian</source>
-        <translation>Südindisch</translation>
-    </message>
-    <message>
-        <source>African Descent</source>
-        <translation>Afrikanische Abstammung</translation>
-    </message>
-    <message>
         <source>Japanese</source>
         <translation>Japanisch</translation>
-    </message>
-    <message>
-        <source>Mexican American</source>
-        <translation>Mexikanisch-amerikanisch</translation>
-    </message>
-    <message>
-        <source>North East Asian</source>
-        <translation>Nordostasiatisch</translation>
-    </message>
-    <message>
-        <source>South East Asian</source>
-        <translation>Südostasiatisch</translation>
-    </message>
-    <message>
-        <source>Mixed / Other</source>
-        <translation>Gemischt / Andere</translation>
     </message>
     <message>
         <source>Import/Export settings</source>
@@ -1125,6 +1061,101 @@
     <message>
         <source>Chinese (Taiwan trad.)</source>
         <translation>Chinesisch (Taiwan, trad.)</translation>
+    </message>
+    <message>
+        <source>Unknown</source>
+        <comment>personal ID system</comment>
+        <translation>Unbekannt</translation>
+    </message>
+    <message>
+        <source>Finnish</source>
+        <comment>personal ID system</comment>
+        <translation>Finnisch</translation>
+    </message>
+    <message>
+        <source>Swedish</source>
+        <comment>personal ID system</comment>
+        <translation>Schwedisch</translation>
+    </message>
+    <message>
+        <source>No Information</source>
+        <comment>ethnic group</comment>
+        <translation>Keine Angabe</translation>
+    </message>
+    <message>
+        <source>African American</source>
+        <comment>ethnic group</comment>
+        <translation>Afroamerikanisch</translation>
+    </message>
+    <message>
+        <source>Asian</source>
+        <comment>ethnic group</comment>
+        <translation>Asiatisch</translation>
+    </message>
+    <message>
+        <source>Caucasian</source>
+        <comment>ethnic group</comment>
+        <translation>Kaukasisch</translation>
+    </message>
+    <message>
+        <source>Hispanic</source>
+        <comment>ethnic group</comment>
+        <translation>Hispanisch</translation>
+    </message>
+    <message>
+        <source>Hong Kong Chinese</source>
+        <comment>ethnic group</comment>
+        <translation>Hongkong-chinesisch</translation>
+    </message>
+    <message>
+        <source>Japanese American</source>
+        <comment>ethnic group</comment>
+        <translation>Japanisch-amerikanisch</translation>
+    </message>
+    <message>
+        <source>Polynesian</source>
+        <comment>ethnic group</comment>
+        <translation>Polynesisch</translation>
+    </message>
+    <message>
+        <source>North Indian and Pakistani</source>
+        <comment>ethnic group</comment>
+        <translation>Nordindisch und pakistanisch</translation>
+    </message>
+    <message>
+        <source>South Indian</source>
+        <comment>ethnic group</comment>
+        <translation>Südindisch</translation>
+    </message>
+    <message>
+        <source>African Descent</source>
+        <comment>ethnic group</comment>
+        <translation>Afrikanische Abstammung</translation>
+    </message>
+    <message>
+        <source>Japanese</source>
+        <comment>ethnic group</comment>
+        <translation>Japanisch</translation>
+    </message>
+    <message>
+        <source>Mexican American</source>
+        <comment>ethnic group</comment>
+        <translation>Mexikanisch-amerikanisch</translation>
+    </message>
+    <message>
+        <source>North East Asian</source>
+        <comment>ethnic group</comment>
+        <translation>Nordostasiatisch</translation>
+    </message>
+    <message>
+        <source>South East Asian</source>
+        <comment>ethnic group</comment>
+        <translation>Südostasiatisch</translation>
+    </message>
+    <message>
+        <source>Mixed / Other</source>
+        <comment>ethnic group</comment>
+        <translation>Gemischt / Andere</translation>
     </message>
 </context>
 <context>

@@ -847,10 +847,6 @@
 <context>
     <name>PersonBrowserSettingsView</name>
     <message>
-        <source>Unknown</source>
-        <translation>Unknown</translation>
-    </message>
-    <message>
         <source>Finnish</source>
         <translation>Finnish</translation>
     </message>
@@ -859,68 +855,8 @@
         <translation>Swedish</translation>
     </message>
     <message>
-        <source>No Information</source>
-        <translation>No Information</translation>
-    </message>
-    <message>
-        <source>African American</source>
-        <translation>African American</translation>
-    </message>
-    <message>
-        <source>Asian</source>
-        <translation>Asian</translation>
-    </message>
-    <message>
-        <source>Caucasian</source>
-        <translation>Caucasian</translation>
-    </message>
-    <message>
-        <source>Hispanic</source>
-        <translation>Hispanic</translation>
-    </message>
-    <message>
-        <source>Hong Kong Chinese</source>
-        <translation>Hong Kong Chinese</translation>
-    </message>
-    <message>
-        <source>Japanese American</source>
-        <translation>Japanese American</translation>
-    </message>
-    <message>
-        <source>Polynesian</source>
-        <translation>Polynesian</translation>
-    </message>
-    <message>
-        <source>North Indian and Pakistani</source>
-        <translation>North Indian and Pakistani</translation>
-    </message>
-    <message>
-        <source>South Indian</source>
-        <translation>South Indian</translation>
-    </message>
-    <message>
-        <source>African Descent</source>
-        <translation>African Descent</translation>
-    </message>
-    <message>
         <source>Japanese</source>
         <translation>Japanese</translation>
-    </message>
-    <message>
-        <source>Mexican American</source>
-        <translation>Mexican American</translation>
-    </message>
-    <message>
-        <source>North East Asian</source>
-        <translation>North East Asian</translation>
-    </message>
-    <message>
-        <source>South East Asian</source>
-        <translation>South East Asian</translation>
-    </message>
-    <message>
-        <source>Mixed / Other</source>
-        <translation>Mixed / Other</translation>
     </message>
     <message>
         <source>Import/Export settings</source>
@@ -1125,6 +1061,101 @@
     <message>
         <source>Chinese (Taiwan trad.)</source>
         <translation>Chinese (Taiwan trad.)</translation>
+    </message>
+    <message>
+        <source>Unknown</source>
+        <comment>personal ID system</comment>
+        <translation>Unknown</translation>
+    </message>
+    <message>
+        <source>Finnish</source>
+        <comment>personal ID system</comment>
+        <translation>Finnish</translation>
+    </message>
+    <message>
+        <source>Swedish</source>
+        <comment>personal ID system</comment>
+        <translation>Swedish</translation>
+    </message>
+    <message>
+        <source>No Information</source>
+        <comment>ethnic group</comment>
+        <translation>No Information</translation>
+    </message>
+    <message>
+        <source>African American</source>
+        <comment>ethnic group</comment>
+        <translation>African American</translation>
+    </message>
+    <message>
+        <source>Asian</source>
+        <comment>ethnic group</comment>
+        <translation>Asian</translation>
+    </message>
+    <message>
+        <source>Caucasian</source>
+        <comment>ethnic group</comment>
+        <translation>Caucasian</translation>
+    </message>
+    <message>
+        <source>Hispanic</source>
+        <comment>ethnic group</comment>
+        <translation>Hispanic</translation>
+    </message>
+    <message>
+        <source>Hong Kong Chinese</source>
+        <comment>ethnic group</comment>
+        <translation>Hong Kong Chinese</translation>
+    </message>
+    <message>
+        <source>Japanese American</source>
+        <comment>ethnic group</comment>
+        <translation>Japanese American</translation>
+    </message>
+    <message>
+        <source>Polynesian</source>
+        <comment>ethnic group</comment>
+        <translation>Polynesian</translation>
+    </message>
+    <message>
+        <source>North Indian and Pakistani</source>
+        <comment>ethnic group</comment>
+        <translation>North Indian and Pakistani</translation>
+    </message>
+    <message>
+        <source>South Indian</source>
+        <comment>ethnic group</comment>
+        <translation>South Indian</translation>
+    </message>
+    <message>
+        <source>African Descent</source>
+        <comment>ethnic group</comment>
+        <translation>African Descent</translation>
+    </message>
+    <message>
+        <source>Japanese</source>
+        <comment>ethnic group</comment>
+        <translation>Japanese</translation>
+    </message>
+    <message>
+        <source>Mexican American</source>
+        <comment>ethnic group</comment>
+        <translation>Mexican American</translation>
+    </message>
+    <message>
+        <source>North East Asian</source>
+        <comment>ethnic group</comment>
+        <translation>North East Asian</translation>
+    </message>
+    <message>
+        <source>South East Asian</source>
+        <comment>ethnic group</comment>
+        <translation>South East Asian</translation>
+    </message>
+    <message>
+        <source>Mixed / Other</source>
+        <comment>ethnic group</comment>
+        <translation>Mixed / Other</translation>
     </message>
 </context>
 <context>

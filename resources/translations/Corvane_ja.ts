@@ -403,7 +403,7 @@
     </message>
     <message>
         <source>Japanese</source>
-        <translation>日本語</translation>
+        <translation>日本人</translation>
     </message>
     <message>
         <source>Mexican American</source>
@@ -847,10 +847,6 @@
 <context>
     <name>PersonBrowserSettingsView</name>
     <message>
-        <source>Unknown</source>
-        <translation>不明</translation>
-    </message>
-    <message>
         <source>Finnish</source>
         <translation>フィンランド語</translation>
     </message>
@@ -859,68 +855,8 @@
         <translation>スウェーデン語</translation>
     </message>
     <message>
-        <source>No Information</source>
-        <translation>情報なし</translation>
-    </message>
-    <message>
-        <source>African American</source>
-        <translation>アフリカ系アメリカ人</translation>
-    </message>
-    <message>
-        <source>Asian</source>
-        <translation>アジア人</translation>
-    </message>
-    <message>
-        <source>Caucasian</source>
-        <translation>コーカソイド</translation>
-    </message>
-    <message>
-        <source>Hispanic</source>
-        <translation>ヒスパニック</translation>
-    </message>
-    <message>
-        <source>Hong Kong Chinese</source>
-        <translation>香港系中国人</translation>
-    </message>
-    <message>
-        <source>Japanese American</source>
-        <translation>日系アメリカ人</translation>
-    </message>
-    <message>
-        <source>Polynesian</source>
-        <translation>ポリネシア人</translation>
-    </message>
-    <message>
-        <source>North Indian and Pakistani</source>
-        <translation>北インド人およびパキスタン人</translation>
-    </message>
-    <message>
-        <source>South Indian</source>
-        <translation>南インド人</translation>
-    </message>
-    <message>
-        <source>African Descent</source>
-        <translation>アフリカ系</translation>
-    </message>
-    <message>
         <source>Japanese</source>
         <translation>日本語</translation>
-    </message>
-    <message>
-        <source>Mexican American</source>
-        <translation>メキシコ系アメリカ人</translation>
-    </message>
-    <message>
-        <source>North East Asian</source>
-        <translation>北東アジア人</translation>
-    </message>
-    <message>
-        <source>South East Asian</source>
-        <translation>東南アジア人</translation>
-    </message>
-    <message>
-        <source>Mixed / Other</source>
-        <translation>混血／その他</translation>
     </message>
     <message>
         <source>Import/Export settings</source>
@@ -1125,6 +1061,101 @@
     <message>
         <source>Chinese (Taiwan trad.)</source>
         <translation>中国語 (台湾、繁体字)</translation>
+    </message>
+    <message>
+        <source>Unknown</source>
+        <comment>personal ID system</comment>
+        <translation>不明</translation>
+    </message>
+    <message>
+        <source>Finnish</source>
+        <comment>personal ID system</comment>
+        <translation>フィンランド</translation>
+    </message>
+    <message>
+        <source>Swedish</source>
+        <comment>personal ID system</comment>
+        <translation>スウェーデン</translation>
+    </message>
+    <message>
+        <source>No Information</source>
+        <comment>ethnic group</comment>
+        <translation>情報なし</translation>
+    </message>
+    <message>
+        <source>African American</source>
+        <comment>ethnic group</comment>
+        <translation>アフリカ系アメリカ人</translation>
+    </message>
+    <message>
+        <source>Asian</source>
+        <comment>ethnic group</comment>
+        <translation>アジア人</translation>
+    </message>
+    <message>
+        <source>Caucasian</source>
+        <comment>ethnic group</comment>
+        <translation>コーカソイド</translation>
+    </message>
+    <message>
+        <source>Hispanic</source>
+        <comment>ethnic group</comment>
+        <translation>ヒスパニック</translation>
+    </message>
+    <message>
+        <source>Hong Kong Chinese</source>
+        <comment>ethnic group</comment>
+        <translation>香港系中国人</translation>
+    </message>
+    <message>
+        <source>Japanese American</source>
+        <comment>ethnic group</comment>
+        <translation>日系アメリカ人</translation>
+    </message>
+    <message>
+        <source>Polynesian</source>
+        <comment>ethnic group</comment>
+        <translation>ポリネシア人</translation>
+    </message>
+    <message>
+        <source>North Indian and Pakistani</source>
+        <comment>ethnic group</comment>
+        <translation>北インド人およびパキスタン人</translation>
+    </message>
+    <message>
+        <source>South Indian</source>
+        <comment>ethnic group</comment>
+        <translation>南インド人</translation>
+    </message>
+    <message>
+        <source>African Descent</source>
+        <comment>ethnic group</comment>
+        <translation>アフリカ系</translation>
+    </message>
+    <message>
+        <source>Japanese</source>
+        <comment>ethnic group</comment>
+        <translation>日本人</translation>
+    </message>
+    <message>
+        <source>Mexican American</source>
+        <comment>ethnic group</comment>
+        <translation>メキシコ系アメリカ人</translation>
+    </message>
+    <message>
+        <source>North East Asian</source>
+        <comment>ethnic group</comment>
+        <translation>北東アジア人</translation>
+    </message>
+    <message>
+        <source>South East Asian</source>
+        <comment>ethnic group</comment>
+        <translation>東南アジア人</translation>
+    </message>
+    <message>
+        <source>Mixed / Other</source>
+        <comment>ethnic group</comment>
+        <translation>混血／その他</translation>
     </message>
 </context>
 <context>

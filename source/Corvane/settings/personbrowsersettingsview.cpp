@@ -34,32 +34,44 @@ const char *const kSystemLanguage = "system";
 
 constexpr int kStandardSize = 1;
 
-const char *const kIdSystems[] = {
-    QT_TRANSLATE_NOOP("PersonBrowserSettingsView", "Unknown"),
-    QT_TRANSLATE_NOOP("PersonBrowserSettingsView", "Finnish"),
-    QT_TRANSLATE_NOOP("PersonBrowserSettingsView", "Swedish"),
+/// A text with a mark for translators: "Japanese" is the name of a language on this page, too.
+struct MarkedText
+{
+    const char *source;
+    const char *mark;
+};
+
+const MarkedText kIdSystems[] = {
+    QT_TRANSLATE_NOOP3("PersonBrowserSettingsView", "Unknown", "personal ID system"),
+    QT_TRANSLATE_NOOP3("PersonBrowserSettingsView", "Finnish", "personal ID system"),
+    QT_TRANSLATE_NOOP3("PersonBrowserSettingsView", "Swedish", "personal ID system"),
 };
 constexpr int kUnknownIdSystem = 0;
 constexpr int kDefaultIdSystem = 1;
 
-const char *const kEthnicGroups[] = {
-    QT_TRANSLATE_NOOP("PersonBrowserSettingsView", "No Information"),
-    QT_TRANSLATE_NOOP("PersonBrowserSettingsView", "African American"),
-    QT_TRANSLATE_NOOP("PersonBrowserSettingsView", "Asian"),
-    QT_TRANSLATE_NOOP("PersonBrowserSettingsView", "Caucasian"),
-    QT_TRANSLATE_NOOP("PersonBrowserSettingsView", "Hispanic"),
-    QT_TRANSLATE_NOOP("PersonBrowserSettingsView", "Hong Kong Chinese"),
-    QT_TRANSLATE_NOOP("PersonBrowserSettingsView", "Japanese American"),
-    QT_TRANSLATE_NOOP("PersonBrowserSettingsView", "Polynesian"),
-    QT_TRANSLATE_NOOP("PersonBrowserSettingsView", "North Indian and Pakistani"),
-    QT_TRANSLATE_NOOP("PersonBrowserSettingsView", "South Indian"),
-    QT_TRANSLATE_NOOP("PersonBrowserSettingsView", "African Descent"),
-    QT_TRANSLATE_NOOP("PersonBrowserSettingsView", "Japanese"),
-    QT_TRANSLATE_NOOP("PersonBrowserSettingsView", "Mexican American"),
-    QT_TRANSLATE_NOOP("PersonBrowserSettingsView", "North East Asian"),
-    QT_TRANSLATE_NOOP("PersonBrowserSettingsView", "South East Asian"),
-    QT_TRANSLATE_NOOP("PersonBrowserSettingsView", "Mixed / Other"),
+const MarkedText kEthnicGroups[] = {
+    QT_TRANSLATE_NOOP3("PersonBrowserSettingsView", "No Information", "ethnic group"),
+    QT_TRANSLATE_NOOP3("PersonBrowserSettingsView", "African American", "ethnic group"),
+    QT_TRANSLATE_NOOP3("PersonBrowserSettingsView", "Asian", "ethnic group"),
+    QT_TRANSLATE_NOOP3("PersonBrowserSettingsView", "Caucasian", "ethnic group"),
+    QT_TRANSLATE_NOOP3("PersonBrowserSettingsView", "Hispanic", "ethnic group"),
+    QT_TRANSLATE_NOOP3("PersonBrowserSettingsView", "Hong Kong Chinese", "ethnic group"),
+    QT_TRANSLATE_NOOP3("PersonBrowserSettingsView", "Japanese American", "ethnic group"),
+    QT_TRANSLATE_NOOP3("PersonBrowserSettingsView", "Polynesian", "ethnic group"),
+    QT_TRANSLATE_NOOP3("PersonBrowserSettingsView", "North Indian and Pakistani", "ethnic group"),
+    QT_TRANSLATE_NOOP3("PersonBrowserSettingsView", "South Indian", "ethnic group"),
+    QT_TRANSLATE_NOOP3("PersonBrowserSettingsView", "African Descent", "ethnic group"),
+    QT_TRANSLATE_NOOP3("PersonBrowserSettingsView", "Japanese", "ethnic group"),
+    QT_TRANSLATE_NOOP3("PersonBrowserSettingsView", "Mexican American", "ethnic group"),
+    QT_TRANSLATE_NOOP3("PersonBrowserSettingsView", "North East Asian", "ethnic group"),
+    QT_TRANSLATE_NOOP3("PersonBrowserSettingsView", "South East Asian", "ethnic group"),
+    QT_TRANSLATE_NOOP3("PersonBrowserSettingsView", "Mixed / Other", "ethnic group"),
 };
+
+QString translated(const MarkedText &text)
+{
+    return PersonBrowserSettingsView::tr(text.source, text.mark);
+}
 
 QVariant read(const char *key, const QVariant &defaultValue)
 {
@@ -206,18 +218,18 @@ void PersonBrowserSettingsView::updatePersonTexts()
     m_idSystemsTitle->setText(tr("Personal ID systems"));
     m_usedSystemsLabel->setText(tr("Used systems"));
     for (auto box = m_idSystemBoxes.cbegin(); box != m_idSystemBoxes.cend(); ++box)
-        (*box)->setText(tr(kIdSystems[box.key()]));
+        (*box)->setText(translated(kIdSystems[box.key()]));
     FormParts::setLabelText(m_defaultIdSystemLabel, m_defaultIdSystem, tr("Default personal ID system"));
     for (int number = 0; number < m_defaultIdSystem->count(); ++number)
-        m_defaultIdSystem->setItemText(number, tr(kIdSystems[number]));
+        m_defaultIdSystem->setItemText(number, translated(kIdSystems[number]));
 
     m_ethnicGroupsTitle->setText(tr("Ethnic groups"));
     FormParts::setLabelText(m_shownEthnicsLabel, m_ethnicsButton, tr("Shown ethnic groups"));
     m_ethnics->setAccessibleName(tr("Shown ethnic groups"));
     FormParts::setLabelText(m_defaultEthnicLabel, m_defaultEthnic, tr("Default ethnic group"));
     for (int number = 0; number < m_ethnics->count(); ++number) {
-        m_ethnics->item(number)->setText(tr(kEthnicGroups[number]));
-        m_defaultEthnic->setItemText(number, tr(kEthnicGroups[number]));
+        m_ethnics->item(number)->setText(translated(kEthnicGroups[number]));
+        m_defaultEthnic->setItemText(number, translated(kEthnicGroups[number]));
     }
     handleSelectedEthnicsChange();
 }
