@@ -35,10 +35,12 @@ struct FormerState
 
 /// `QSettings` remembers files that were closed. It would bring back what could not be written, and would
 /// not read a file again that was replaced by one of the same size within the clock's resolution.
+///
+/// The last settings are let go of while the process ends, so the table is never destroyed.
 QHash<QString, FormerState> &formerStates()
 {
-    static QHash<QString, FormerState> states;
-    return states;
+    static auto *const states = new QHash<QString, FormerState>;
+    return *states;
 }
 
 bool mayBeRememberedWrongly(const QString &path)
