@@ -4,8 +4,8 @@
 #include "CommunicationAndData/settings/settingshandler.h"
 #include "CommunicationAndData/settings/settingskeys.h"
 #include "Corvane/accesscontrol/accesscontroloffline.h"
+#include "ZephanShared/widgets/waitcursor.h"
 
-#include <QApplication>
 #include <QEvent>
 #include <QLabel>
 #include <QPushButton>
@@ -35,21 +35,6 @@ QString mapKey(const char *name)
 {
     return QLatin1String(SettingsKeys::kSupportDbGroup) + QLatin1Char('/') + QLatin1String(name);
 }
-
-/// Shows that the program waits, for as long as it lives.
-class WaitCursor
-{
-public:
-    WaitCursor()
-    {
-        QApplication::setOverrideCursor(Qt::WaitCursor);
-    }
-    ~WaitCursor()
-    {
-        QApplication::restoreOverrideCursor();
-    }
-    Q_DISABLE_COPY(WaitCursor)
-};
 
 }  // namespace
 

@@ -9,7 +9,6 @@
 #include "ZephanShared/widgets/waitcursor.h"
 
 #include <QComboBox>
-#include <QGuiApplication>
 #include <QHostInfo>
 #include <QLabel>
 #include <QPushButton>

@@ -4,7 +4,13 @@
 
 BaseView::BaseView(QWidget *parent)
     : QWidget(parent)
-{}
+{
+    // So that the signals can be queued.
+    qRegisterMetaType<Actions::Action>("Actions::Action");
+    qRegisterMetaType<Actions::ActionType>("Actions::ActionType");
+    qRegisterMetaType<UuidString>("UuidString");
+    qRegisterMetaType<ZephanError>("ZephanError");
+}
 
 void BaseView::updateTexts() {}
 
