@@ -12,11 +12,14 @@ namespace {
 
 const auto kTooLarge = QLatin1String("too-large");
 const auto kUtf16 = QLatin1String("utf-16");
+const auto kUtf8Mark = QLatin1String("utf-8-mark");
 const auto kNulBytes = QLatin1String("nul-bytes");
 const auto kNotUtf8 = QLatin1String("not-utf-8");
 const auto kOpenQuote = QLatin1String("open-quote");
 const auto kUnreadableLine = QLatin1String("unreadable-line");
 const auto kUnreadableValue = QLatin1String("unreadable-value");
+
+constexpr char kByteOrderMark[] = "\xef\xbb\xbf";
 
 /// How `QSettings` marks the values that it streams, and in which version of the stream.
 struct StreamedForm
@@ -79,6 +82,13 @@ QByteArray keyNotation(QString name)
     return notation;
 }
 
+QByteArray withoutBlanksBehind(QByteArray key)
+{
+    while (key.endsWith(' ') || key.endsWith('\t'))
+        key.chop(1);
+    return key;
+}
+
 bool isUnreadable(const QString &item)
 {
     return std::any_of(std::begin(kStreamedForms), std::end(kStreamedForms), [&](const StreamedForm &form) {
@@ -129,9 +139,11 @@ private:
         if (QTextCodec *codec = utf16Codec(bytes)) {
             note(kUtf16);
             bytes = codec->toUnicode(bytes).toUtf8();
+        } else if (bytes.startsWith(kByteOrderMark)) {
+            note(kUtf8Mark);
         }
-        if (bytes.startsWith("\xef\xbb\xbf"))
-            bytes.remove(0, 3);
+        if (bytes.startsWith(kByteOrderMark))
+            bytes.remove(0, sizeof kByteOrderMark - 1);
         if (bytes.contains('\0')) {
             note(kNulBytes);
             bytes.replace(QByteArray(1, '\0'), QByteArray());
@@ -148,7 +160,7 @@ private:
         if (line.text.startsWith('['))
             takeSection(line.text);
         else if (line.equals > 0)
-            takeValue(line.text.left(line.equals).trimmed(),
+            takeValue(withoutBlanksBehind(line.text.left(line.equals)),
                       line.text.mid(line.equals + 1) + (line.openQuote ? "\"" : ""));
         else
             note(kUnreadableLine);

@@ -8,8 +8,8 @@
 struct RepairedIni
 {
     /// Why the bytes cannot be used as they are, in short words that can stand in a file name: "too-large",
-    /// "utf-16", "nul-bytes", "not-utf-8", "open-quote", "unreadable-line", "unreadable-value". Empty if
-    /// `QSettings` reads everything in them.
+    /// "utf-16", "utf-8-mark", "nul-bytes", "not-utf-8", "open-quote", "unreadable-line", "unreadable-value".
+    /// Empty if `QSettings` reads everything in them.
     QStringList damage;
     /// Everything that could be read, as an ini file in UTF-8 without damage. Empty if there is no damage.
     QByteArray text;
@@ -27,7 +27,8 @@ constexpr qint64 kLargestIni = 4 * 1024 * 1024;
 ///
 /// UTF-16 is read as such, a line that is not UTF-8 is read as Latin-1, NUL bytes are left out, a quote ends
 /// with its line at the latest, a line that is neither key nor section is left out, and so is a value that
-/// claims to be a typed one and is not. Byte order marks of UTF-8 and line ends of every kind are no damage.
+/// claims to be a typed one and is not. `QSettings` stumbles over a byte order mark, so that one in front of
+/// UTF-8 is damage as well. Line ends of every kind are none.
 ///
 /// \param bytes  if there are more than `kLargestIni`, the lines that are whole up to there are used
 RepairedIni repairIni(const QByteArray &bytes);

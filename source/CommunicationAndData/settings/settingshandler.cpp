@@ -1,6 +1,7 @@
 #include "CommunicationAndData/settings/settingshandler.h"
 
 #include "CommunicationAndData/settings/audittrailsetting.h"
+#include "CommunicationAndData/settings/odbcconnection.h"
 #include "CommunicationAndData/settings/onlinethread.h"
 #include "CommunicationAndData/settings/safevalue.h"
 #include "CommunicationAndData/settings/settingsfile.h"
@@ -15,16 +16,9 @@
 
 namespace {
 
-constexpr char kArraySize[] = "size";
-
 QString key(const char *name)
 {
     return QString::fromLatin1(name);
-}
-
-QString below(const QString &group, const QString &name)
-{
-    return group + QLatin1Char('/') + name;
 }
 
 void registerTypes()
@@ -60,31 +54,6 @@ public:
         CORVANE_LOG(
             Logger::Warning, Logger::Console, "SettingsHandler::safeValue",
             QStringLiteral("The stored form of %1 is damaged or foreign and counts as absent").arg(name));
-    }
-
-    /// Looks at the entries that are there and not at every number up to a size that may be damaged.
-    QMap<QString, QVariant> connectionParameters(const QString &group) const
-    {
-        const QString array = below(group, key(SettingsKeys::kParams));
-        const int size = settings().value(below(array, key(kArraySize))).toInt();
-        QMap<QString, QVariant> params;
-        const QStringList indices = childGroups(array);
-        for (const QString &index : indices) {
-            const int number = index.toInt();
-            const QString entry = below(array, index);
-            const QString name = settings().value(below(entry, key(SettingsKeys::kParamKey))).toString();
-            if (number > 0 && number <= size && !name.isEmpty())
-                params.insert(name, settings().value(below(entry, key(SettingsKeys::kParamValue))));
-        }
-        return params;
-    }
-
-    QStringList childGroups(const QString &group) const
-    {
-        settings().beginGroup(group);
-        const QStringList names = settings().childGroups();
-        settings().endGroup();
-        return names;
     }
 
     AuditTrailSetting auditTrailSetting() const
@@ -184,28 +153,23 @@ void SettingsHandler::setSafeValue(const QString &key, const QVariant &value)
 
 QMap<QString, QVariant> SettingsHandler::databaseSettings(const QString &group)
 {
-    QMap<QString, QVariant> settings{{key(SettingsKeys::kParams), d->connectionParameters(group)}};
+    QMap<QString, QVariant> values;
+    d->settings().beginGroup(group);
+    values.insert(key(SettingsKeys::kParams), OdbcConnection::readParameters(d->settings()));
     for (const char *name :
          {SettingsKeys::kConnectOptions, SettingsKeys::kDriverParams, SettingsKeys::kSqlType}) {
-        const QString full = below(group, key(name));
-        if (d->settings().contains(full))
-            settings.insert(key(name), d->settings().value(full));
+        if (d->settings().contains(key(name)))
+            values.insert(key(name), d->settings().value(key(name)));
     }
-    return settings;
+    d->settings().endGroup();
+    return values;
 }
 
 void SettingsHandler::setDatabaseSettings(const QString &group, const QMap<QString, QVariant> &settings)
 {
-    const QString array = below(group, key(SettingsKeys::kParams));
-    const QMap<QString, QVariant> params = settings.value(key(SettingsKeys::kParams)).toMap();
-    d->settings().remove(array);
-    d->settings().setValue(below(array, key(kArraySize)), params.size());
-    int index = 0;
-    for (auto it = params.cbegin(); it != params.cend(); ++it) {
-        const QString entry = below(array, QString::number(++index));
-        d->settings().setValue(below(entry, key(SettingsKeys::kParamKey)), it.key());
-        d->settings().setValue(below(entry, key(SettingsKeys::kParamValue)), it.value());
-    }
+    d->settings().beginGroup(group);
+    OdbcConnection::writeParameters(d->settings(), settings.value(key(SettingsKeys::kParams)).toMap());
+    d->settings().endGroup();
 }
 
 bool SettingsHandler::store()

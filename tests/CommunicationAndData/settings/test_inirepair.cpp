@@ -25,7 +25,6 @@ void TestIniRepair::whatNeedsNoRepairIsSound_data()
     QTest::newRow("comments") << QByteArray("; one \"quote\n[a];two\n;three\r;four = \\\nb=1;five \"");
     QTest::newRow("no line end at the end") << QByteArray("[a]\nb=1");
     QTest::newRow("line ends of every kind") << QByteArray("[a]\r\nb=1\rc=2\n\rd=3\n\n");
-    QTest::newRow("a byte order mark of UTF-8") << QByteArray("\xef\xbb\xbf[a]\nb=1\n");
     QTest::newRow("letters in UTF-8") << QByteArray("[a]\nb=ö€𝄞\n");
     QTest::newRow("a quoted line end character") << QByteArray("[a]\nb=\"x\\ny\"\n");
     QTest::newRow("an escaped quote") << QByteArray("[a]\nb=x\\\"y\n");
@@ -76,6 +75,8 @@ void TestIniRepair::damageIsNamedAndTheRestIsRead_data()
         << utf16(simple, false, false) << "utf-16" << QByteArray(simple);
     QTest::newRow("UTF-16 without a mark, big end first")
         << utf16(simple, true, false) << "utf-16" << QByteArray(simple);
+    QTest::newRow("a byte order mark in front of UTF-8")
+        << QByteArray("\xef\xbb\xbf[a]\nb=ö\n") << "utf-8-mark" << QByteArray("[a]\nb=ö\n");
     QTest::newRow("UTF-16 cut in the middle of a character")
         << utf16("[a]\nb=1\n", false, true).chopped(1) << "utf-16" << QByteArray("[a]\nb=1\n");
     QTest::newRow("zero bytes between the lines")
@@ -92,6 +93,8 @@ void TestIniRepair::damageIsNamedAndTheRestIsRead_data()
         << QByteArray("[a]\nnonsense\nb=1\n") << "unreadable-line" << QByteArray("[a]\nb=1\n");
     QTest::newRow("a line without a key is left out")
         << QByteArray("[a]\n=5\nb=1\n") << "unreadable-line" << QByteArray("[a]\nb=1\n");
+    QTest::newRow("a key of control characters alone is a key")
+        << QByteArray("[a]\nnonsense\n\x0b =1\n") << "unreadable-line" << QByteArray("[a]\n%0B=1\n");
     QTest::newRow("a section that is not closed ends with its line")
         << QByteArray("[a\nb=1\n") << "unreadable-line" << QByteArray("[a]\nb=1\n");
     QTest::newRow("what follows a section in its line is left out")

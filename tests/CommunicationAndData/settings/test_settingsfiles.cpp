@@ -92,7 +92,6 @@ void TestSettingsFiles::aSoundFileIsLeftAlone_data()
 
     QTest::newRow("an empty file") << QByteArray();
     QTest::newRow("mixed line ends") << QByteArray("[ui]\r\ngood=1\rother=2\n\rthird=3");
-    QTest::newRow("a byte order mark of UTF-8") << QByteArray("\xef\xbb\xbf[ui]\ngood=ö\n");
     QTest::newRow("as other programs of the suite write it") << QByteArray("[ui]\ngood=\\xf6\\x20ac\n");
 }
 
@@ -120,6 +119,8 @@ void TestSettingsFiles::aDamagedFileIsKeptAndReadAsFarAsItCanBe_data()
 
     const QString good = QStringLiteral("1");
     QTest::newRow("Latin-1") << QByteArray("[ui]\ngood=\xe4\xf6\n") << "not-utf-8" << QString::fromUtf8("äö");
+    QTest::newRow("a byte order mark in front of UTF-8")
+        << QByteArray("\xef\xbb\xbf[ui]\r\ngood=1\r\n") << "utf-8-mark" << good;
     QTest::newRow("UTF-16, little end first") << utf16("[ui]\r\ngood=1\r\n", false) << "utf-16" << good;
     QTest::newRow("UTF-16, big end first") << utf16("[ui]\r\ngood=1\r\n", true) << "utf-16" << good;
     QTest::newRow("zero bytes after a power failure")
