@@ -33,7 +33,7 @@ void FileDialogs::answer()
         return;
     m_seen.append({dialog->windowTitle(), dialog->directory().path(), dialog->nameFilters(),
                    dialog->labelText(QFileDialog::Accept), dialog->labelText(QFileDialog::Reject),
-                   dialog->fileMode(), dialog->acceptMode()});
+                   dialog->fileMode(), dialog->acceptMode(), dialog->testOption(QFileDialog::ShowDirsOnly)});
 
     const QString path = m_paths.isEmpty() ? QString() : m_paths.takeFirst();
     auto *buttons = dialog->findChild<QDialogButtonBox *>(QStringLiteral("buttonBox"));

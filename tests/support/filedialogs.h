@@ -18,6 +18,7 @@ struct SeenFileDialog
     QString rejectLabel;
     QFileDialog::FileMode fileMode;
     QFileDialog::AcceptMode acceptMode;
+    bool showsDirectoriesOnly;
 };
 
 /// Answers the real file dialogs of the program from a timer and remembers what they offered.

@@ -22,8 +22,9 @@ QString braced(QString value)
 }
 
 /// Seconds that the connect options allow for a login; 0 when they set no limit.
-uint loginTimeout(const QStringList &options)
+uint loginTimeout(const QString &connectOptions)
 {
+    const QStringList options = connectOptions.split(QLatin1Char(';'));
     for (const QString &option : options) {
         if (option.section(QLatin1Char('='), 0, 0).trimmed() == QLatin1String(kLoginTimeout))
             return option.section(QLatin1Char('='), 1).toUInt();
@@ -57,6 +58,15 @@ int lastEntry(QSettings &settings)
     return last;
 }
 
+/// A driver's name cut to a length that no driver has: the driver manager of Unix ends the program at one of
+/// more than a thousand characters.
+QString withoutEndlessDriver(QString databaseName)
+{
+    static const QRegularExpression endless(QStringLiteral("((?:^|;)\\s*driver\\s*=[^;]{255})[^;]*"),
+                                            QRegularExpression::CaseInsensitiveOption);
+    return databaseName.replace(endless, QStringLiteral("\\1"));
+}
+
 }  // namespace
 
 const QStringList &OdbcConnection::defaultConnectOptions()
@@ -85,11 +95,10 @@ QString OdbcConnection::withoutSecrets(QString databaseName)
 bool OdbcConnection::open(QSqlDatabase &database, const QVariant &connectOptions, const QString &username,
                           const QString &password)
 {
-    const QStringList options = connectOptions.toStringList();
+    const QString options = connectOptions.toStringList().join(QLatin1Char(';'));
     const QString name = database.databaseName();
-    database.setConnectOptions(options.join(QLatin1Char(';')));
-    database.setDatabaseName(
-        name + ownLoginTimeout(name, loginTimeout(options.join(QLatin1Char(';')).split(QLatin1Char(';')))));
+    database.setConnectOptions(options);
+    database.setDatabaseName(withoutEndlessDriver(name) + ownLoginTimeout(name, loginTimeout(options)));
     const bool isOpen = database.open(braced(username), braced(password));
     database.setDatabaseName(name);
     return isOpen;

@@ -6,6 +6,7 @@
 #include "Corvane/accesscontrol/accesscontroloffline.h"
 #include "ZephanShared/widgets/waitcursor.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QLabel>
 #include <QPushButton>
@@ -19,8 +20,10 @@ const char *const kOnlineConnection = "access.supportdb";
 const char *const kConnectionInfo = "Corvane access connection";
 
 constexpr int kDialogWidth = 400;
+constexpr int kFormSpacing = 12;  // between the editor and the buttons
 constexpr int kRowHeight = 30;
 constexpr int kRowWidth = 250;
+constexpr int kSmallestLetters = 9;
 
 const QStringList &accessTables()
 {
@@ -36,6 +39,21 @@ QString mapKey(const char *name)
     return QLatin1String(SettingsKeys::kSupportDbGroup) + QLatin1Char('/') + QLatin1String(name);
 }
 
+/// Shows a text in a label of fixed size, in letters small enough for all of it. Some languages need two
+/// lines.
+void showState(QLabel &label, const QString &text)
+{
+    QFont font = QApplication::font(&label);
+    const QRect room(0, 0, label.width(), label.height());
+    const auto fits = [&] {
+        return room.contains(QFontMetrics(font).boundingRect(room, Qt::TextWordWrap, text));
+    };
+    for (int size = QFontInfo(font).pixelSize(); size > kSmallestLetters && !fits(); --size)
+        font.setPixelSize(size - 1);
+    label.setFont(font);
+    label.setText(text);
+}
+
 }  // namespace
 
 SupportConnectionHandler::SupportConnectionHandler(QString dataPath, QWidget *parent)
@@ -43,7 +61,8 @@ SupportConnectionHandler::SupportConnectionHandler(QString dataPath, QWidget *pa
     , m_settings(openSettingsFile(dataPath + QLatin1String(LocalCache::kFileName)))
     , m_dataPath(std::move(dataPath))
 {
-    new QVBoxLayout(this);
+    auto *column = new QVBoxLayout(this);
+    column->setSpacing(kFormSpacing);
     setMinimumWidth(kDialogWidth);
     readConnectionSettings();
     refreshCredentials();
@@ -105,6 +124,7 @@ QVBoxLayout *SupportConnectionHandler::createConnectionRow()
     auto *label = new QLabel;
     label->setObjectName(QStringLiteral("connection_state_label"));
     label->setFixedSize(kRowWidth, kRowHeight);
+    label->setWordWrap(true);
     m_connectionRows.append({button, label});
 
     auto *layout = new QVBoxLayout;
@@ -293,7 +313,7 @@ void SupportConnectionHandler::updateConnectionState()
         if (row.first)
             row.first->setText(tr("Connection options"));
         if (row.second)
-            row.second->setText(state);
+            showState(*row.second, state);
     }
 }
 

@@ -83,6 +83,7 @@ DatabaseGroupSettings::DatabaseGroupSettings(int databaseIndex, bool editable, b
     , m_layout(new QVBoxLayout(this))
 {
     m_layout->setSizeConstraint(QLayout::SetMinAndMaxSize);
+    m_layout->setContentsMargins(0, 0, 0, 0);
     buildModeAndSelector();
     buildConnection();
     buildOffline();
@@ -367,6 +368,7 @@ QVariant DatabaseGroupSettings::editedOptions() const
 QLineEdit *DatabaseGroupSettings::addEditor(LineList &list, const QString &text)
 {
     auto *editor = new QLineEdit(text, this);
+    editor->setCursorPosition(0);
     editor->setFixedHeight(kEditHeight);
     editor->setEnabled(m_editable);
     editor->setVisible(!isOffline());
@@ -403,6 +405,7 @@ void DatabaseGroupSettings::addEmptyEditors(bool setFocus)
     if (finished) {
         moveFocus = finished->hasFocus();
         finished->setText(finished->text().trimmed());
+        finished->setCursorPosition(0);
     }
     keepEmptyEditor(m_paramEditors, moveFocus);
     keepEmptyEditor(m_optionEditors, moveFocus);
@@ -461,10 +464,11 @@ void DatabaseGroupSettings::onlineModeChanged(int index)
 {
     const bool online = index == kOnlineIndex;
     m_selector->setVisible(online && m_databaseIndex == kSelectorShown);
-    for (QWidget *control : onlineControls())
-        control->setVisible(online);
-    for (QWidget *control : offlineControls())
-        control->setVisible(!online);
+    // First hiding keeps the two forms from both taking room, be it for a moment.
+    for (QWidget *control : online ? offlineControls() : onlineControls())
+        control->hide();
+    for (QWidget *control : online ? onlineControls() : offlineControls())
+        control->show();
     setFocusProxy(online ? m_usernameEdit : m_locationEdit);
     adjustParent();
 }
@@ -512,6 +516,7 @@ void DatabaseGroupSettings::offlineClicked()
 
 void DatabaseGroupSettings::adjustParent()
 {
+    m_layout->activate();
     if (parentWidget())
         parentWidget()->adjustSize();
 }

@@ -1,20 +1,19 @@
 #include "CommunicationAndData/settings/settingshandler.h"
 #include "CommunicationAndData/settings/settingskeys.h"
 #include "Corvane/settings/databasegroupsettings.h"
+#include "support/filedialogs.h"
 #include "support/workstation.h"
 
 #include <QApplication>
 #include <QComboBox>
 #include <QDialog>
 #include <QDir>
-#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSettings>
 #include <QSignalSpy>
 #include <QTest>
-#include <QTimer>
 #include <QVBoxLayout>
 
 namespace {
@@ -56,54 +55,6 @@ QVariantMap supportMap(const QVariantMap &params, const QVariant &options)
             {text("supportdb/driverparams"), QString()},
             {text("supportdb/sqltype"), 2}};
 }
-
-/// Answers the next file dialog: looks at it, then accepts with a selection or cancels it.
-class FileDialogAnswer : public QObject
-{
-public:
-    explicit FileDialogAnswer(QString selection)
-        : m_selection(std::move(selection))
-    {
-        m_timer.setInterval(10);
-        connect(&m_timer, &QTimer::timeout, this, &FileDialogAnswer::answer);
-        m_timer.start();
-    }
-
-    bool isSeen = false;
-    QString caption;
-    QString directory;
-    QString acceptLabel;
-    QString rejectLabel;
-    QFileDialog::FileMode mode = QFileDialog::ExistingFile;
-    bool dirsOnly = false;
-
-private:
-    void answer()
-    {
-        auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
-        if (!dialog || !dialog->isVisible())
-            return;
-        m_timer.stop();
-        isSeen = true;
-        caption = dialog->windowTitle();
-        directory = dialog->directory().absolutePath();
-        acceptLabel = dialog->labelText(QFileDialog::Accept);
-        rejectLabel = dialog->labelText(QFileDialog::Reject);
-        mode = dialog->fileMode();
-        dirsOnly = dialog->testOption(QFileDialog::ShowDirsOnly);
-        if (m_selection.isEmpty()) {
-            dialog->reject();
-            return;
-        }
-        auto *name = dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
-        QVERIFY(name);
-        name->setText(m_selection);
-        QTest::keyClick(name, Qt::Key_Return);
-    }
-
-    QString m_selection;
-    QTimer m_timer;
-};
 
 }  // namespace
 
@@ -716,12 +667,13 @@ void TestDatabaseGroupSettings::browsingPutsAFileIntoTheLocation()
     const QString file = folder + text("/offline.access.db");
     find<QLineEdit>("offline_location_edit")->setText(folder + text("/before.db"));
 
-    FileDialogAnswer answer(file);
+    FileDialogs dialogs({file});
     QTest::mouseClick(find<QPushButton>("browse_offline_button"), Qt::LeftButton);
-    QVERIFY(answer.isSeen);
-    QCOMPARE(answer.caption, text("Select offline database location"));
-    QCOMPARE(answer.mode, QFileDialog::AnyFile);
-    QVERIFY(answer.dirsOnly);
+    QCOMPARE(dialogs.seen().size(), 1);
+    const SeenFileDialog answer = dialogs.seen().first();
+    QCOMPARE(answer.title, text("Select offline database location"));
+    QCOMPARE(answer.fileMode, QFileDialog::AnyFile);
+    QVERIFY(answer.showsDirectoriesOnly);
     QCOMPARE(answer.acceptLabel, text("Select"));
     QCOMPARE(answer.rejectLabel, text("Cancel"));
     QCOMPARE(answer.directory, folder);
@@ -738,12 +690,13 @@ void TestDatabaseGroupSettings::creatingPutsTheFileNameBehindTheDirectory()
     QVERIFY(QDir().mkpath(folder));
     find<QLineEdit>("offline_location_edit")->setText(folder + text("/offline.access.db"));
 
-    FileDialogAnswer answer(folder);
+    FileDialogs dialogs({folder});
     QTest::mouseClick(find<QPushButton>("create_offline_button"), Qt::LeftButton);
-    QVERIFY(answer.isSeen);
-    QCOMPARE(answer.caption, text("Select offline database location directory"));
-    QCOMPARE(answer.mode, QFileDialog::Directory);
-    QVERIFY(answer.dirsOnly);
+    QCOMPARE(dialogs.seen().size(), 1);
+    const SeenFileDialog answer = dialogs.seen().first();
+    QCOMPARE(answer.title, text("Select offline database location directory"));
+    QCOMPARE(answer.fileMode, QFileDialog::Directory);
+    QVERIFY(answer.showsDirectoriesOnly);
     QCOMPARE(answer.directory, folder);
     QCOMPARE(editor->offlineLocation(), QDir::toNativeSeparators(folder + text("/offline.access.db")));
     QVERIFY(QDir(folder).isEmpty());
@@ -759,12 +712,12 @@ void TestDatabaseGroupSettings::theFileDialogStartsAtTheStoredLocation()
     store()->setSafeValue(text("accesscontrol/single_workstation_db_location"),
                           QDir::toNativeSeparators(folder + text("/offline.access.db")));
 
-    FileDialogAnswer browsed{QString()};
+    FileDialogs dialogs;
     QTest::mouseClick(find<QPushButton>("browse_offline_button"), Qt::LeftButton);
-    QCOMPARE(browsed.directory, folder);
-    FileDialogAnswer created{QString()};
     QTest::mouseClick(find<QPushButton>("create_offline_button"), Qt::LeftButton);
-    QCOMPARE(created.directory, folder);
+    QCOMPARE(dialogs.seen().size(), 2);
+    QCOMPARE(dialogs.seen().first().directory, folder);
+    QCOMPARE(dialogs.seen().last().directory, folder);
 }
 
 void TestDatabaseGroupSettings::aCancelledFileDialogLeavesTheLocation()
@@ -773,9 +726,9 @@ void TestDatabaseGroupSettings::aCancelledFileDialogLeavesTheLocation()
     DatabaseGroupSettings *editor = show(Support, kEditable, false, kOnlineModeShown, &map);
     find<QComboBox>("online_mode_combo")->setCurrentIndex(1);
     for (const char *button : {"browse_offline_button", "create_offline_button"}) {
-        FileDialogAnswer answer{QString()};
+        FileDialogs dialogs;
         QTest::mouseClick(find<QPushButton>(button), Qt::LeftButton);
-        QVERIFY(answer.isSeen);
+        QCOMPARE(dialogs.seen().size(), 1);
         QCOMPARE(editor->offlineLocation(), text("/srv/offline.access.db"));
     }
 }
@@ -826,5 +779,12 @@ void TestDatabaseGroupSettings::namesInManyScriptsSurviveTheStore()
     QCOMPARE(find<QLineEdit>("username_edit")->text(), QString::fromUtf8("Ääkkönen"));
 }
 
-QTEST_MAIN(TestDatabaseGroupSettings)
+int main(int argc, char **argv)
+{
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    QApplication application(argc, argv);
+    TestDatabaseGroupSettings test;
+    return QTest::qExec(&test, argc, argv);
+}
+
 #include "test_databasegroupsettings.moc"

@@ -1,0 +1,558 @@
+#include "CommunicationAndData/sqlcipher/databasekey.h"
+#include "Corvane/accesscontrol/accesscontroloffline.h"
+#include "support/qtwarnings.h"
+#include "support/workstation.h"
+
+#include <QDir>
+#include <QFile>
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QTest>
+
+#ifdef Q_OS_UNIX
+#include <unistd.h>
+#endif
+
+namespace {
+
+const QString kConnection = QStringLiteral("test.offline");
+const QString kTools = QStringLiteral("test.tools");
+const QStringList kTables{QStringLiteral("department"), QStringLiteral("operator"),
+                          QStringLiteral("operator_roles"), QStringLiteral("organization"),
+                          QStringLiteral("roles")};
+
+const QString kTableFailure = QStringLiteral("Failed to create offline access control table");
+const QString kLocationFailure =
+    QStringLiteral("Offline access control Database location cannot be created.");
+const QString kOpenFailure = QStringLiteral("Failed to open offline access control database");
+
+QStringList sorted(QStringList list)
+{
+    list.sort();
+    return list;
+}
+
+QStringList tables(QSqlDatabase &database)
+{
+    QStringList names = database.tables(QSql::Tables);
+    names.removeAll(QStringLiteral("sqlite_sequence"));
+    return sorted(names);
+}
+
+/// The rows of a query, their columns joined by "|".
+QStringList rows(const QSqlDatabase &database, const QString &statement)
+{
+    QSqlQuery query(database);
+    query.setForwardOnly(true);
+    if (!query.exec(statement))
+        return {query.lastError().text()};
+    QStringList lines;
+    while (query.next()) {
+        QStringList columns;
+        for (int i = 0; query.value(i).isValid(); ++i)
+            columns.append(query.value(i).toString());
+        lines.append(columns.join(QLatin1Char('|')));
+    }
+    return lines;
+}
+
+/// Runs statements on an encrypted file, as another program of the suite would.
+bool prepare(const QString &file, const QStringList &statements,
+             const QStringList &keys = databaseKeyStatements())
+{
+    bool done = true;
+    {
+        QSqlDatabase database = QSqlDatabase::addDatabase(QLatin1String(kEncryptedDriver), kTools);
+        database.setDatabaseName(file);
+        done = database.open();
+        QSqlQuery query(database);
+        for (const QString &statement : keys + statements)
+            done = query.exec(statement) && done;
+    }
+    QSqlDatabase::removeDatabase(kTools);
+    return done;
+}
+
+/// File permissions mean nothing to root: a test that needs them steps down for as long as this lives.
+class OrdinaryUser
+{
+public:
+#ifdef Q_OS_UNIX
+    OrdinaryUser()
+    {
+        if (m_wasRoot)
+            m_isOrdinary = seteuid(65534) == 0;
+    }
+    ~OrdinaryUser()
+    {
+        if (m_wasRoot && m_isOrdinary && seteuid(0) != 0)
+            qFatal("The former user does not come back");
+    }
+    bool isOrdinary() const
+    {
+        return m_isOrdinary;
+    }
+
+private:
+    bool m_wasRoot = geteuid() == 0;
+    bool m_isOrdinary = geteuid() != 0;
+#else
+    bool isOrdinary() const
+    {
+        return true;
+    }
+#endif
+};
+
+}  // namespace
+
+class TestAccessControlOffline : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void aFirstOpenInAnEmptyDirectoryLeavesFiveTablesAndThreeRoles();
+    void anExistingFileGetsNoDefaultRolesEvenWhenItsTableIsEmpty();
+    void aMissingOperatorTableIsCreatedWithoutAddingRoles();
+    void eachMissingTableIsCompletedAndNothingElseTouched_data();
+    void eachMissingTableIsCompletedAndNothingElseTouched();
+    void theStatementsAreTheSchema();
+    void theDefaultRolesHaveTheirRights();
+    void theFileOnDiskIsUnreadableWithoutTheKey();
+    void aMissingDirectoryIsMade();
+    void anEmptyLocationIsTheDefaultOne();
+    void theDefaultLocationIsBelowProgramData();
+    void closingAndOpeningAgainFindsTheRows();
+    void closingFreesTheConnectionName();
+    void twoConnectionNamesAreApart();
+    void aLocationThatIsAFileIsRefused();
+    void aLocationBelowAFileIsRefused();
+    void aLocationThatIsALinkIsFollowed();
+    void aDanglingLinkIsRefused();
+    void aLocationInManyScriptsWorks();
+    void aReadOnlyDirectoryWithoutAFileIsRefused();
+    void aReadOnlyFileCanBeReadAndIsNotChanged();
+    void aFileOfAnotherKeyIsRefusedAndNotChanged();
+    void aFileThatIsNoDatabaseIsRefusedAndNotChanged();
+    void aTruncatedFileIsRefusedAndNotChanged();
+    void anEmptyFileBecomesADatabase();
+    void aNewerSchemaStaysAsItIs();
+    void longAndForeignNamesComeBack();
+    void aFailedTableLeavesTheConnectionOpenUntilItIsClosed();
+
+private:
+    QString folder(const QString &name = QStringLiteral("access"))
+    {
+        return m_workstation.path(QStringLiteral("%1_%2").arg(name).arg(m_count));
+    }
+    static QString fileIn(const QString &folder)
+    {
+        return folder + QStringLiteral("/offline.access.db");
+    }
+    bool open(const QString &location)
+    {
+        m_error.clear();
+        return m_offline->openOfflineDatabase(location, m_error);
+    }
+
+    Workstation m_workstation;
+    std::unique_ptr<QtWarnings> m_warnings;
+    std::unique_ptr<AccessControlOffline> m_offline;
+    QString m_error;
+    int m_count = 0;
+};
+
+void TestAccessControlOffline::init()
+{
+    ++m_count;
+    m_offline = std::make_unique<AccessControlOffline>(kConnection, nullptr);
+    m_warnings = std::make_unique<QtWarnings>();
+}
+
+void TestAccessControlOffline::cleanup()
+{
+    m_offline.reset();
+    QVERIFY(!QSqlDatabase::contains(kConnection));
+    QCOMPARE(m_warnings->seen(), QStringList());
+    m_warnings.reset();
+}
+
+void TestAccessControlOffline::aFirstOpenInAnEmptyDirectoryLeavesFiveTablesAndThreeRoles()
+{
+    const QString location = folder();
+    QVERIFY(QDir().mkpath(location));
+    QVERIFY2(open(location), qPrintable(m_error));
+    QVERIFY(m_error.isEmpty());
+    QCOMPARE(m_offline->database().connectionName(), kConnection);
+    QCOMPARE(m_offline->database().driverName(), QStringLiteral("QSQLCIPHER"));
+    QCOMPARE(m_offline->database().databaseName(), QDir::toNativeSeparators(fileIn(location)));
+    QCOMPARE(tables(m_offline->database()), kTables);
+    QCOMPARE(rows(m_offline->database(), QStringLiteral("SELECT title FROM roles ORDER BY role_id")),
+             (QStringList{QStringLiteral("Nurse"), QStringLiteral("Doctor"), QStringLiteral("Admin")}));
+}
+
+void TestAccessControlOffline::anExistingFileGetsNoDefaultRolesEvenWhenItsTableIsEmpty()
+{
+    const QString location = folder();
+    QVERIFY(open(location));
+    rows(m_offline->database(), QStringLiteral("DELETE FROM roles"));
+    m_offline->closeOfflineDatabase();
+    QVERIFY(open(location));
+    QCOMPARE(rows(m_offline->database(), QStringLiteral("SELECT count(*) FROM roles")),
+             QStringList{QStringLiteral("0")});
+}
+
+void TestAccessControlOffline::aMissingOperatorTableIsCreatedWithoutAddingRoles()
+{
+    const QString location = folder();
+    QVERIFY(open(location));
+    rows(m_offline->database(), QStringLiteral("DROP TABLE operator"));
+    rows(m_offline->database(), QStringLiteral("DELETE FROM roles WHERE title = 'Doctor'"));
+    m_offline->closeOfflineDatabase();
+    QVERIFY(open(location));
+    QCOMPARE(tables(m_offline->database()), kTables);
+    QCOMPARE(rows(m_offline->database(), QStringLiteral("SELECT title FROM roles ORDER BY role_id")),
+             (QStringList{QStringLiteral("Nurse"), QStringLiteral("Admin")}));
+}
+
+void TestAccessControlOffline::eachMissingTableIsCompletedAndNothingElseTouched_data()
+{
+    QTest::addColumn<QString>("missing");
+    for (const QString &table : kTables)
+        QTest::newRow(qPrintable(table)) << table;
+}
+
+void TestAccessControlOffline::eachMissingTableIsCompletedAndNothingElseTouched()
+{
+    QFETCH(QString, missing);
+    const QString location = folder();
+    QVERIFY(open(location));
+    const QStringList schema =
+        rows(m_offline->database(), QStringLiteral("SELECT name, sql FROM sqlite_master ORDER BY name"));
+    rows(m_offline->database(), QStringLiteral("INSERT INTO organization (id, name) VALUES ('1', 'North')"));
+    rows(m_offline->database(), QStringLiteral("INSERT INTO department (id, name) VALUES ('2', 'Lungs')"));
+    rows(m_offline->database(), QStringLiteral("DROP TABLE ") + missing);
+    m_offline->closeOfflineDatabase();
+
+    QVERIFY2(open(location), qPrintable(m_error));
+    QCOMPARE(rows(m_offline->database(), QStringLiteral("SELECT name, sql FROM sqlite_master ORDER BY name")),
+             schema);
+    const bool keepsOrganization = missing != QLatin1String("organization");
+    QCOMPARE(rows(m_offline->database(), QStringLiteral("SELECT name FROM organization")),
+             keepsOrganization ? QStringList{QStringLiteral("North")} : QStringList());
+    QCOMPARE(rows(m_offline->database(), QStringLiteral("SELECT count(*) FROM roles")),
+             QStringList{QStringLiteral("3")});
+}
+
+void TestAccessControlOffline::theStatementsAreTheSchema()
+{
+    const QString nil = QStringLiteral("00000000-0000-0000-0000-000000000000");
+    const QMap<QString, QString> statements = AccessControlOffline::offlineTableStatements();
+    QCOMPARE(QStringList(statements.keys()), kTables);
+    QCOMPARE(statements.value(QStringLiteral("roles")),
+             QStringLiteral("CREATE TABLE roles (role_id INTEGER PRIMARY KEY AUTOINCREMENT,title TEXT,"
+                            "actions INTEGER,deleted INTEGER)"));
+    QCOMPARE(
+        statements.value(QStringLiteral("operator")),
+        QStringLiteral("CREATE TABLE operator (operator_id VARCHAR(36) PRIMARY KEY DEFAULT '%1' NOT NULL,"
+                       "last_name VARCHAR(100),middle_name VARCHAR(100),first_name VARCHAR(100),"
+                       "organization_id VARCHAR(36),department_id VARCHAR(36),user_id VARCHAR(20),"
+                       "username VARCHAR(255),password TEXT,salt VARCHAR(16),date_created DATE NULL,"
+                       "date_updated DATE NULL,deleted INTEGER NULL,operator_type INTEGER)")
+            .arg(nil));
+    QCOMPARE(
+        statements.value(QStringLiteral("operator_roles")),
+        QStringLiteral("CREATE TABLE operator_roles (operator_roles_id INTEGER PRIMARY KEY NOT NULL,"
+                       "operator_id VARCHAR(36) NOT NULL,role_id INTEGER NOT NULL,FOREIGN KEY(operator_id) "
+                       "REFERENCES operator(operator_id) ON DELETE CASCADE ON UPDATE CASCADE)"));
+    QCOMPARE(
+        statements.value(QStringLiteral("organization")),
+        QStringLiteral("CREATE TABLE organization (id VARCHAR(36) PRIMARY KEY DEFAULT '%1' NOT NULL UNIQUE,"
+                       "deleted INTEGER NULL,name VARCHAR(50) UNIQUE)")
+            .arg(nil));
+    QCOMPARE(
+        statements.value(QStringLiteral("department")),
+        QStringLiteral("CREATE TABLE department (id VARCHAR(36) PRIMARY KEY DEFAULT '%1' NOT NULL UNIQUE,"
+                       "deleted INTEGER NULL,name VARCHAR(50) UNIQUE,address VARCHAR(50))")
+            .arg(nil));
+}
+
+void TestAccessControlOffline::theDefaultRolesHaveTheirRights()
+{
+    QCOMPARE(
+        AccessControlOffline::defaultRoleStatements(),
+        (QStringList{
+            QStringLiteral("INSERT INTO roles ([title], [actions], [deleted]) VALUES('Nurse',3633152,0)"),
+            QStringLiteral("INSERT INTO roles ([title], [actions], [deleted]) VALUES('Doctor',331776,0)"),
+            QStringLiteral("INSERT INTO roles ([title], [actions], [deleted]) VALUES('Admin',4190263,0)")}));
+    QVERIFY(open(folder()));
+    QCOMPARE(rows(m_offline->database(),
+                  QStringLiteral("SELECT role_id, title, actions, deleted FROM roles ORDER BY role_id")),
+             (QStringList{QStringLiteral("1|Nurse|%1|0").arg(0x377000),
+                          QStringLiteral("2|Doctor|%1|0").arg(0x51000),
+                          QStringLiteral("3|Admin|%1|0").arg(0x3ff037)}));
+}
+
+void TestAccessControlOffline::theFileOnDiskIsUnreadableWithoutTheKey()
+{
+    const QString location = folder();
+    QVERIFY(open(location));
+    m_offline->closeOfflineDatabase();
+    const QByteArray bytes = readFile(fileIn(location));
+    QVERIFY(!bytes.isEmpty());
+    QVERIFY(!bytes.startsWith("SQLite format 3"));
+    for (const char *word : {"Nurse", "CREATE TABLE", "operator"})
+        QVERIFY2(!bytes.contains(word), word);
+    QVERIFY(!prepare(fileIn(location), {QStringLiteral("SELECT * FROM roles")}, {}));
+    QVERIFY(prepare(fileIn(location), {QStringLiteral("SELECT * FROM roles")}));
+}
+
+void TestAccessControlOffline::aMissingDirectoryIsMade()
+{
+    const QString location = folder() + QStringLiteral("/a/b/c");
+    QVERIFY2(open(location), qPrintable(m_error));
+    QVERIFY(QFile::exists(fileIn(location)));
+}
+
+void TestAccessControlOffline::anEmptyLocationIsTheDefaultOne()
+{
+    QVERIFY2(open(QString()), qPrintable(m_error));
+    QVERIFY(QFile::exists(m_workstation.dataDirectory() + QStringLiteral("Databases/offline.access.db")));
+}
+
+void TestAccessControlOffline::theDefaultLocationIsBelowProgramData()
+{
+    QCOMPARE(AccessControlOffline::defaultOfflineLocation(),
+             QDir::toNativeSeparators(m_workstation.path(QStringLiteral("ProgramData/Halvorn/Databases"))));
+}
+
+void TestAccessControlOffline::closingAndOpeningAgainFindsTheRows()
+{
+    const QString location = folder();
+    QVERIFY(open(location));
+    rows(m_offline->database(), QStringLiteral("INSERT INTO organization (id, name) VALUES ('1', 'North')"));
+    QVERIFY(open(location));
+    QCOMPARE(rows(m_offline->database(), QStringLiteral("SELECT name FROM organization")),
+             QStringList{QStringLiteral("North")});
+    QVERIFY(open(folder(QStringLiteral("another"))));
+    QCOMPARE(rows(m_offline->database(), QStringLiteral("SELECT name FROM organization")), QStringList());
+}
+
+void TestAccessControlOffline::closingFreesTheConnectionName()
+{
+    QVERIFY(open(folder()));
+    QVERIFY(QSqlDatabase::contains(kConnection));
+    m_offline->closeOfflineDatabase();
+    QVERIFY(!QSqlDatabase::contains(kConnection));
+    QVERIFY(!m_offline->database().isValid());
+    m_offline->closeOfflineDatabase();
+}
+
+void TestAccessControlOffline::twoConnectionNamesAreApart()
+{
+    AccessControlOffline other(QStringLiteral("test.other"), nullptr);
+    QVERIFY(open(folder()));
+    QString error;
+    QVERIFY(other.openOfflineDatabase(folder(), error));
+    rows(other.database(), QStringLiteral("INSERT INTO organization (id, name) VALUES ('1', 'North')"));
+    other.closeOfflineDatabase();
+    QCOMPARE(rows(m_offline->database(), QStringLiteral("SELECT name FROM organization")),
+             QStringList{QStringLiteral("North")});
+}
+
+void TestAccessControlOffline::aLocationThatIsAFileIsRefused()
+{
+    const QString location = folder();
+    QVERIFY(writeFile(location, "a file"));
+    QVERIFY(!open(location));
+    QCOMPARE(m_error, kLocationFailure);
+    QCOMPARE(readFile(location), QByteArray("a file"));
+}
+
+void TestAccessControlOffline::aLocationBelowAFileIsRefused()
+{
+    QVERIFY(writeFile(folder(), "a file"));
+    QVERIFY(!open(folder() + QStringLiteral("/below")));
+    QCOMPARE(m_error, kLocationFailure);
+    QCOMPARE(readFile(folder()), QByteArray("a file"));
+}
+
+void TestAccessControlOffline::aLocationThatIsALinkIsFollowed()
+{
+    const QString target = folder(QStringLiteral("target"));
+    QVERIFY(QDir().mkpath(target));
+    QVERIFY(QFile::link(target, folder()));
+    QVERIFY2(open(folder()), qPrintable(m_error));
+    QVERIFY(QFile::exists(fileIn(target)));
+}
+
+void TestAccessControlOffline::aDanglingLinkIsRefused()
+{
+    QVERIFY(QFile::link(folder(QStringLiteral("nowhere")), folder()));
+    QVERIFY(!open(folder()));
+    QCOMPARE(m_error, kLocationFailure);
+}
+
+void TestAccessControlOffline::aLocationInManyScriptsWorks()
+{
+    const QString location = folder(QString::fromUtf8("Käyttöoikeudet Πρόσβαση การเข้าถึง 访问 'quo\"ted'"));
+    QVERIFY2(open(location), qPrintable(m_error));
+    QVERIFY(QFile::exists(fileIn(location)));
+    QVERIFY(open(location));
+}
+
+void TestAccessControlOffline::aReadOnlyDirectoryWithoutAFileIsRefused()
+{
+    const QString location = folder();
+    QVERIFY(QDir().mkpath(location));
+    QFile::setPermissions(m_workstation.path(QString()), QFile::Permissions(0x7755));
+    QFile::setPermissions(location, QFile::Permissions(0x5555));
+    {
+        const OrdinaryUser user;
+        if (!user.isOrdinary())
+            QSKIP("Only an ordinary user can be refused");
+        QVERIFY(!open(location));
+        QCOMPARE(m_error, kOpenFailure);
+        QVERIFY(!QSqlDatabase::contains(kConnection));
+        QVERIFY(!open(location + QStringLiteral("/below")));
+        QCOMPARE(m_error, kLocationFailure);
+    }
+    QVERIFY(QDir(location).isEmpty());
+}
+
+void TestAccessControlOffline::aReadOnlyFileCanBeReadAndIsNotChanged()
+{
+    const QString location = folder();
+    QVERIFY(open(location));
+    m_offline->closeOfflineDatabase();
+    const QByteArray before = readFile(fileIn(location));
+    QFile::setPermissions(m_workstation.path(QString()), QFile::Permissions(0x7755));
+    QFile::setPermissions(fileIn(location), QFile::Permissions(0x4444));
+    QFile::setPermissions(location, QFile::Permissions(0x5555));
+    {
+        const OrdinaryUser user;
+        if (!user.isOrdinary())
+            QSKIP("Only an ordinary user can be refused");
+        QVERIFY2(open(location), qPrintable(m_error));
+        QCOMPARE(rows(m_offline->database(), QStringLiteral("SELECT count(*) FROM roles")),
+                 QStringList{QStringLiteral("3")});
+        QSqlQuery query(m_offline->database());
+        QVERIFY(!query.exec(QStringLiteral("DELETE FROM roles")));
+        query.clear();
+        m_offline->closeOfflineDatabase();
+    }
+    QCOMPARE(readFile(fileIn(location)), before);
+}
+
+void TestAccessControlOffline::aFileOfAnotherKeyIsRefusedAndNotChanged()
+{
+    const QString location = folder();
+    QVERIFY(QDir().mkpath(location));
+    QVERIFY(prepare(fileIn(location), {QStringLiteral("CREATE TABLE roles (title TEXT)")},
+                    {QStringLiteral("PRAGMA key = 'another';"), databaseKeyStatements().last()}));
+    const QByteArray before = readFile(fileIn(location));
+    QVERIFY(!open(location));
+    QCOMPARE(m_error, kTableFailure);
+    m_offline->closeOfflineDatabase();
+    QCOMPARE(readFile(fileIn(location)), before);
+}
+
+void TestAccessControlOffline::aFileThatIsNoDatabaseIsRefusedAndNotChanged()
+{
+    const QString location = folder();
+    const QByteArray text = QByteArray("This is the shopping list of the ward.\n").repeated(200);
+    QVERIFY(writeFile(fileIn(location), text));
+    QVERIFY(!open(location));
+    QCOMPARE(m_error, kTableFailure);
+    m_offline->closeOfflineDatabase();
+    QCOMPARE(readFile(fileIn(location)), text);
+}
+
+void TestAccessControlOffline::aTruncatedFileIsRefusedAndNotChanged()
+{
+    const QString location = folder();
+    QVERIFY(open(location));
+    m_offline->closeOfflineDatabase();
+    const QByteArray whole = readFile(fileIn(location));
+    const QByteArray half = whole.left(whole.size() / 2 + 100);
+    QVERIFY(writeFile(fileIn(location), half));
+    QVERIFY(!open(location));
+    QCOMPARE(m_error, kTableFailure);
+    m_offline->closeOfflineDatabase();
+    QCOMPARE(readFile(fileIn(location)), half);
+}
+
+void TestAccessControlOffline::anEmptyFileBecomesADatabase()
+{
+    const QString location = folder();
+    QVERIFY(writeFile(fileIn(location), QByteArray()));
+    QVERIFY2(open(location), qPrintable(m_error));
+    QCOMPARE(tables(m_offline->database()), kTables);
+}
+
+void TestAccessControlOffline::aNewerSchemaStaysAsItIs()
+{
+    const QString location = folder();
+    QVERIFY(open(location));
+    rows(m_offline->database(), QStringLiteral("ALTER TABLE operator ADD COLUMN badge TEXT"));
+    rows(m_offline->database(), QStringLiteral("CREATE TABLE badge (id INTEGER, colour TEXT)"));
+    rows(m_offline->database(), QStringLiteral("INSERT INTO badge VALUES (1, 'green')"));
+    rows(m_offline->database(),
+         QStringLiteral("INSERT INTO operator (operator_id, badge) VALUES ('1', 'green')"));
+    const QStringList schema =
+        rows(m_offline->database(), QStringLiteral("SELECT name, sql FROM sqlite_master ORDER BY name"));
+    m_offline->closeOfflineDatabase();
+
+    QVERIFY(open(location));
+    QCOMPARE(rows(m_offline->database(), QStringLiteral("SELECT name, sql FROM sqlite_master ORDER BY name")),
+             schema);
+    QCOMPARE(rows(m_offline->database(), QStringLiteral("SELECT badge FROM operator")),
+             QStringList{QStringLiteral("green")});
+    QCOMPARE(rows(m_offline->database(), QStringLiteral("SELECT colour FROM badge")),
+             QStringList{QStringLiteral("green")});
+}
+
+void TestAccessControlOffline::longAndForeignNamesComeBack()
+{
+    const QString location = folder();
+    QVERIFY(open(location));
+    const QStringList names{QString::fromUtf8("Äyräväinen-Ångström"),
+                            QString::fromUtf8("Παπαδόπουλος"),
+                            QString::fromUtf8("สมชาย ใจดี"),
+                            QString::fromUtf8("欧阳 娜娜"),
+                            QStringLiteral("O'Brien \"Bob\"; DROP TABLE roles; --"),
+                            QString(255, QChar(0x00e4))};
+    {
+        QSqlQuery query(m_offline->database());
+        QVERIFY(query.prepare(QStringLiteral("INSERT INTO operator (operator_id, username) VALUES (?, ?)")));
+        for (const QString &name : names) {
+            query.addBindValue(QString::number(names.indexOf(name)));
+            query.addBindValue(name);
+            QVERIFY(query.exec());
+        }
+    }
+    QVERIFY(open(location));
+    QCOMPARE(
+        rows(m_offline->database(), QStringLiteral("SELECT username FROM operator ORDER BY operator_id")),
+        names);
+}
+
+void TestAccessControlOffline::aFailedTableLeavesTheConnectionOpenUntilItIsClosed()
+{
+    const QString location = folder();
+    QVERIFY(QDir().mkpath(location));
+    QVERIFY(prepare(fileIn(location), {QStringLiteral("CREATE VIEW organization AS SELECT 1")}));
+    QVERIFY(!open(location));
+    QCOMPARE(m_error, kTableFailure);
+    QVERIFY(m_offline->database().isOpen());
+    QCOMPARE(tables(m_offline->database()),
+             (QStringList{QStringLiteral("department"), QStringLiteral("operator"),
+                          QStringLiteral("operator_roles")}));
+}
+
+QTEST_MAIN(TestAccessControlOffline)
+#include "test_accesscontroloffline.moc"
