@@ -15,10 +15,16 @@ const auto kJournalSuffix = QLatin1String("-wal");
 const auto kIndexSuffix = QLatin1String("-shm");
 const auto kRollbackSuffix = QLatin1String("-journal");
 constexpr char kLockName[] = "actionlog.lock";
-constexpr int kLockTimeout = 5000;  // milliseconds, also of a lock that another program holds on the database
 
-// A larger log is not read through at each start. Its damaged places still show when they are reached.
-constexpr qint64 kReadThroughSize = 64 * 1024 * 1024;
+// Milliseconds: for a lock on the database, for another program that opens it, and until what a killed
+// program left of its lock file may be removed. The system's own lock still keeps that of a living one.
+constexpr int kBusyTimeout = 5000;
+constexpr int kOpeningTimeout = 15000;
+constexpr int kStaleLockTime = 1000;
+
+// About one and a half seconds of reading. A larger log is not read through at each start: its damaged places
+// show when they are reached.
+constexpr qint64 kReadThroughSize = 256 * 1024 * 1024;
 
 // Primary result codes of SQLite; the higher bits tell details.
 constexpr int kPrimaryCode = 0xff;
@@ -68,7 +74,8 @@ ActionLogWriter::Opening ActionLogFile::open()
     // Two programs that begin, complete or replace the file at the same time would take each other's
     // unfinished file for a damaged one.
     QLockFile lock(m_directory + QLatin1Char('/') + QLatin1String(kLockName));
-    if (!lock.tryLock(kLockTimeout)) {
+    lock.setStaleLockTime(kStaleLockTime);
+    if (!lock.tryLock(kOpeningTimeout)) {
         setErrorText(QStringLiteral("The directory of the action log cannot be locked"));
         return Opening::NotOpened;
     }
@@ -120,7 +127,7 @@ ActionLogFile::Health ActionLogFile::openFile()
     const QStringList keyStatements = databaseKeyStatements();
     for (const QString &statement : keyStatements)
         run(statement);
-    run(QStringLiteral("PRAGMA busy_timeout = %1").arg(kLockTimeout));
+    run(QStringLiteral("PRAGMA busy_timeout = %1").arg(kBusyTimeout));
     const Health health = examine();
     if (health == Health::Sound) {
         m_file = FileIdentity::of(m_path);

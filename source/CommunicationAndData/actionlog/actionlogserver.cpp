@@ -2,6 +2,7 @@
 
 #include "CommunicationAndData/settings/settingshandler.h"
 #include "CommunicationAndData/settings/settingskeys.h"
+#include "CommunicationAndData/settings/sqlschema.h"
 #include "ZephanShared/toolkit/logger.h"
 
 namespace {
@@ -54,7 +55,7 @@ ActionLogWriter::Opening ActionLogServer::open()
 {
     Opening opening = Opening::NotOpened;
     if (connect())
-        opening = completeTables(database().driver()->dbmsType()) ? Opening::Ready : Opening::Unusable;
+        opening = completeTables(m_server) ? Opening::Ready : Opening::Unusable;
     if (opening != Opening::Ready)
         close();
     return opening;
@@ -64,7 +65,8 @@ bool ActionLogServer::connect()
 {
     if (!openDatabase(m_databaseName, m_connectOptions, m_username, m_password))
         return false;
-    if (database().driver()->dbmsType() == QSqlDriver::SQLite)
+    m_server = SqlSchema::serverOf(database());
+    if (m_server == QSqlDriver::SQLite)
         run(QStringLiteral("PRAGMA synchronous = FULL"));
     return true;
 }

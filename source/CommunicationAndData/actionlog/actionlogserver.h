@@ -24,6 +24,7 @@ private:
     const QString m_connectOptions;
     const QString m_username;
     const QString m_password;
+    QSqlDriver::DbmsType m_server = QSqlDriver::UnknownDbms;
 };
 
 #endif

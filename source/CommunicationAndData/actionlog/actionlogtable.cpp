@@ -1,37 +1,6 @@
 #include "CommunicationAndData/actionlog/actionlogtable.h"
 
-#include <QFile>
-#include <QRegularExpression>
-
-/// Makes the resources of this static library known to the program that it is linked into.
-static void initResources()
-{
-    Q_INIT_RESOURCE(actionlog);
-}
-
 namespace {
-
-QString scriptFolder(QSqlDriver::DbmsType type)
-{
-    switch (type) {
-    case QSqlDriver::SQLite:
-        return QStringLiteral("sqlite");
-    case QSqlDriver::MySqlServer:
-        return QStringLiteral("mysql");
-    case QSqlDriver::PostgreSQL:
-        return QStringLiteral("postgresql");
-    case QSqlDriver::MSSqlServer:
-        return QStringLiteral("mssql");
-    default:
-        return QString();
-    }
-}
-
-QString withoutComments(QString script)
-{
-    static const QRegularExpression comment(QStringLiteral("--[^\n]*"));
-    return script.remove(comment);
-}
 
 /// A null text would become a null value, and no column takes one.
 QString notNull(const QString &text)
@@ -84,22 +53,6 @@ QString probeStatement()
 {
     return QStringLiteral("SELECT %1 FROM %2 WHERE 1 = 0")
         .arg(columns().join(QLatin1String(", ")), QLatin1String(kTable));
-}
-
-QStringList creationStatements(QSqlDriver::DbmsType type)
-{
-    initResources();
-    QFile script(QStringLiteral(":/sql/%1/action_log.sql").arg(scriptFolder(type)));
-    if (!script.open(QIODevice::ReadOnly))
-        return {};
-    QStringList statements;
-    const QStringList parts =
-        withoutComments(QString::fromUtf8(script.readAll())).split(QLatin1Char(';'), Qt::SkipEmptyParts);
-    for (const QString &part : parts) {
-        if (!part.trimmed().isEmpty())
-            statements.append(part.trimmed());
-    }
-    return statements;
 }
 
 }  // namespace ActionLogTable

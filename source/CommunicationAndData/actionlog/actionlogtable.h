@@ -4,7 +4,6 @@
 #include "ZephanShared/toolkit/uuidstring.h"
 
 #include <QDateTime>
-#include <QSqlDriver>
 #include <QStringList>
 #include <QVariantList>
 
@@ -45,9 +44,6 @@ QString insertStatement();
 
 /// Gives no row, and fails where a column is missing.
 QString probeStatement();
-
-/// The statements that make what is missing of the tables; empty for a database that the suite doesn't know.
-QStringList creationStatements(QSqlDriver::DbmsType type);
 
 }  // namespace ActionLogTable
 

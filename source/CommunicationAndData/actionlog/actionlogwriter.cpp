@@ -1,5 +1,7 @@
 #include "CommunicationAndData/actionlog/actionlogwriter.h"
 
+#include "CommunicationAndData/settings/sqlschema.h"
+
 #include <QRandomGenerator>
 #include <QUuid>
 
@@ -88,10 +90,10 @@ QString ActionLogWriter::run(const QString &statement)
     return value;
 }
 
-bool ActionLogWriter::completeTables(QSqlDriver::DbmsType type)
+bool ActionLogWriter::completeTables(QSqlDriver::DbmsType server)
 {
     if (!hasTables()) {
-        const QSqlError cause = createTables(type);
+        const QSqlError cause = createTables(server);
         // Another program may have made them at the same moment: what counts is that they are there.
         if (!hasTables()) {
             if (cause.type() != QSqlError::NoError)
@@ -103,9 +105,9 @@ bool ActionLogWriter::completeTables(QSqlDriver::DbmsType type)
     return hasTables();
 }
 
-QSqlError ActionLogWriter::createTables(QSqlDriver::DbmsType type)
+QSqlError ActionLogWriter::createTables(QSqlDriver::DbmsType server)
 {
-    const QStringList statements = ActionLogTable::creationStatements(type);
+    const QStringList statements = SqlSchema::statements(server, QLatin1String(ActionLogTable::kTable));
     for (const QString &statement : statements) {
         run(statement);
         if (!succeeded())

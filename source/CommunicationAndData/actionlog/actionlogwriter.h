@@ -4,6 +4,7 @@
 #include "CommunicationAndData/actionlog/actionlogtable.h"
 
 #include <QSqlDatabase>
+#include <QSqlDriver>
 #include <QSqlError>
 #include <QSqlQuery>
 
@@ -57,10 +58,10 @@ protected:
 
     /// Makes the tables and the hash where they are missing. \return whether both tables are as they should
     /// be
-    bool completeTables(QSqlDriver::DbmsType type);
+    bool completeTables(QSqlDriver::DbmsType server);
 
 private:
-    QSqlError createTables(QSqlDriver::DbmsType type);
+    QSqlError createTables(QSqlDriver::DbmsType server);
     bool hasTables();
     void completeHash();
     bool prepareInsert();
