@@ -122,7 +122,8 @@ ActionLogFile::Health ActionLogFile::openFile()
         setErrorText(QStringLiteral("A directory is in the place of the action log"));
         return Health::NotOpened;
     }
-    if (!openDatabase(m_path))
+    addDatabase(m_path).open();
+    if (!isOpened())
         return Health::NotOpened;
     const QStringList keyStatements = databaseKeyStatements();
     for (const QString &statement : keyStatements)

@@ -1,5 +1,6 @@
 #include "CommunicationAndData/actionlog/actionlogserver.h"
 
+#include "CommunicationAndData/settings/odbcconnection.h"
 #include "CommunicationAndData/settings/settingshandler.h"
 #include "CommunicationAndData/settings/settingskeys.h"
 #include "CommunicationAndData/settings/sqlschema.h"
@@ -7,33 +8,22 @@
 
 namespace {
 
-constexpr char kOdbcDriver[] = "QODBC3";
-constexpr char kSeparator[] = ";";
-
 QString key(const char *name)
 {
     return QLatin1String(SettingsKeys::kActionDbGroup) + QLatin1Char('/') + QLatin1String(name);
 }
 
-QString joinedParameters()
+QString databaseNameOfSettings()
 {
     const QVariantMap settings =
         SettingsHandler::getInstance()->databaseSettings(QLatin1String(SettingsKeys::kActionDbGroup));
-    const QVariantMap params = settings.value(QLatin1String(SettingsKeys::kParams)).toMap();
-    QStringList pairs;
-    for (auto it = params.cbegin(); it != params.cend(); ++it)
-        pairs.append(it.key() + QLatin1Char('=') + it.value().toString());
-    return pairs.join(QLatin1String(kSeparator));
+    return OdbcConnection::databaseName(settings.value(QLatin1String(SettingsKeys::kParams)).toMap());
 }
 
-QString joinedConnectOptions()
+QVariant connectOptionsOfSettings()
 {
-    const QStringList defaults = {QStringLiteral("SQL_ATTR_LOGIN_TIMEOUT=2"),
-                                  QStringLiteral("SQL_ATTR_CONNECTION_TIMEOUT=2")};
-    return SettingsHandler::getInstance()
-        ->value(key(SettingsKeys::kConnectOptions), defaults)
-        .toStringList()
-        .join(QLatin1String(kSeparator));
+    return SettingsHandler::getInstance()->value(key(SettingsKeys::kConnectOptions),
+                                                 OdbcConnection::defaultConnectOptions());
 }
 
 QString credential(const char *name)
@@ -44,9 +34,9 @@ QString credential(const char *name)
 }  // namespace
 
 ActionLogServer::ActionLogServer()
-    : ActionLogWriter(kOdbcDriver)
-    , m_databaseName(joinedParameters())
-    , m_connectOptions(joinedConnectOptions())
+    : ActionLogWriter(OdbcConnection::kDriver)
+    , m_databaseName(databaseNameOfSettings())
+    , m_connectOptions(connectOptionsOfSettings())
     , m_username(credential(SettingsKeys::kUsername))
     , m_password(credential(SettingsKeys::kPassword))
 {}
@@ -63,7 +53,9 @@ ActionLogWriter::Opening ActionLogServer::open()
 
 bool ActionLogServer::connect()
 {
-    if (!openDatabase(m_databaseName, m_connectOptions, m_username, m_password))
+    QSqlDatabase connection = addDatabase(m_databaseName);
+    OdbcConnection::open(connection, m_connectOptions, m_username, m_password);
+    if (!isOpened())
         return false;
     m_server = SqlSchema::serverOf(database());
     if (m_server == QSqlDriver::SQLite)

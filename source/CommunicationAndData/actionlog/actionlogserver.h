@@ -21,7 +21,7 @@ private:
     bool isConnectionLost();
 
     const QString m_databaseName;
-    const QString m_connectOptions;
+    const QVariant m_connectOptions;
     const QString m_username;
     const QString m_password;
     QSqlDriver::DbmsType m_server = QSqlDriver::UnknownDbms;

@@ -33,14 +33,16 @@ ActionLogWriter::~ActionLogWriter()
     ActionLogWriter::close();
 }
 
-bool ActionLogWriter::openDatabase(const QString &databaseName, const QString &connectOptions,
-                                   const QString &username, const QString &password)
+QSqlDatabase ActionLogWriter::addDatabase(const QString &databaseName)
 {
     m_database = QSqlDatabase::addDatabase(m_driver, m_connectionName);
     m_database.setDatabaseName(databaseName);
-    m_database.setConnectOptions(connectOptions);
-    m_database.open(username, password);
-    return keepError(m_database.lastError());
+    return m_database;
+}
+
+bool ActionLogWriter::isOpened()
+{
+    return keepError(m_database.lastError()) && m_database.isOpen();
 }
 
 void ActionLogWriter::close()

@@ -37,8 +37,10 @@ protected:
     explicit ActionLogWriter(const char *driver);
     Q_DISABLE_COPY(ActionLogWriter)
 
-    bool openDatabase(const QString &databaseName, const QString &connectOptions = QString(),
-                      const QString &username = QString(), const QString &password = QString());
+    /// Adds the connection, which is then to be opened. \return a handle of it, not to be kept
+    QSqlDatabase addDatabase(const QString &databaseName);
+    /// Whether the opening of the connection has succeeded; keeps its error otherwise.
+    bool isOpened();
     const QSqlDatabase &database() const
     {
         return m_database;
