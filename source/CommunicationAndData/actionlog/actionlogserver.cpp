@@ -81,6 +81,6 @@ bool ActionLogServer::write(const ActionLogEntry &entry)
 /// Drivers tell a lost connection in different ways; a statement that can't fail otherwise tells it in all.
 bool ActionLogServer::isConnectionLost()
 {
-    run(ActionLogTable::probeStatement());
+    run(QStringLiteral("SELECT 1"));
     return !succeeded();
 }

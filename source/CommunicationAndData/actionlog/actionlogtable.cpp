@@ -2,10 +2,28 @@
 
 namespace {
 
+constexpr char kSeparator[] = ", ";
+
 /// A null text would become a null value, and no column takes one.
 QString notNull(const QString &text)
 {
     return text.isNull() ? QLatin1String("") : text;
+}
+
+QString insertInto()
+{
+    return QStringLiteral("INSERT INTO %1 (%2) ")
+        .arg(QLatin1String(ActionLogTable::kTable),
+             ActionLogTable::columns().join(QLatin1String(kSeparator)));
+}
+
+/// The text once for each column.
+QString repeated(const QString &text)
+{
+    QStringList texts;
+    for (int i = 0; i < ActionLogTable::columns().size(); ++i)
+        texts.append(text);
+    return texts.join(QLatin1String(kSeparator));
 }
 
 }  // namespace
@@ -41,18 +59,12 @@ const QStringList &columns()
 
 QString insertStatement()
 {
-    QStringList placeholders;
-    for (int i = 0; i < columns().size(); ++i)
-        placeholders.append(QStringLiteral("?"));
-    return QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)")
-        .arg(QLatin1String(kTable), columns().join(QLatin1String(", ")),
-             placeholders.join(QLatin1String(", ")));
+    return insertInto() + QStringLiteral("VALUES (%1)").arg(repeated(QStringLiteral("?")));
 }
 
 QString probeStatement()
 {
-    return QStringLiteral("SELECT %1 FROM %2 WHERE 1 = 0")
-        .arg(columns().join(QLatin1String(", ")), QLatin1String(kTable));
+    return insertInto() + QStringLiteral("SELECT %1 WHERE 1 = 0").arg(repeated(QStringLiteral("NULL")));
 }
 
 }  // namespace ActionLogTable

@@ -42,7 +42,7 @@ const QStringList &columns();
 /// An insert of one row with a placeholder for each column.
 QString insertStatement();
 
-/// Gives no row, and fails where a column is missing.
+/// An insert of no row. It fails where a column or the right to insert is missing.
 QString probeStatement();
 
 }  // namespace ActionLogTable
