@@ -1,5 +1,58 @@
 #include "CommunicationAndData/settings/onlinethread.h"
 
+#include "ZephanShared/toolkit/logger.h"
+
+#include <QThread>
+#include <QTimer>
+
+namespace {
+
+constexpr char kConnectionName[] = "settings.online";
+
+// Longer than any operation takes at a server that answers, trying again for a while included.
+constexpr int kLongestAnswer = 60000;  // milliseconds
+
+// The window stands still while a configuration is fetched.
+constexpr std::chrono::milliseconds kLongestWait(20000);
+
+constexpr unsigned long kLongestEnding = 5000;  // milliseconds
+
+/// A connection's name belongs to one thread, also one that was given up.
+QString connectionName(int crew)
+{
+    const QString name = QLatin1String(kConnectionName);
+    return crew == 0 ? name : QStringLiteral("%1.%2").arg(name).arg(crew);
+}
+
+}  // namespace
+
+const std::chrono::milliseconds OnlineThread::s_longestWait = kLongestWait;
+
+/// A worker and its thread. Both end by themselves once the thread is told to quit.
+struct OnlineThread::Crew
+{
+    QThread *thread = nullptr;
+    OnlineWorker *worker = nullptr;
+    std::mutex mutex;
+    OnlineThread *home = nullptr;  ///< null when the crew was given up
+
+    /// Called by the worker's thread.
+    void tell(int number, const Telling &answer)
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        OnlineThread *const to = home;
+        if (to)
+            QMetaObject::invokeMethod(
+                to, [to, number, answer] { to->deliver(number, answer); }, Qt::QueuedConnection);
+    }
+
+    void leaveHome()
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        home = nullptr;
+    }
+};
+
 OnlineThread::~OnlineThread()
 {
     stop();
@@ -7,35 +60,77 @@ OnlineThread::~OnlineThread()
 
 void OnlineThread::start()
 {
-    if (m_worker)
+    if (m_crew)
         return;
-    m_worker = new OnlineWorker;
-    emit workerMade(m_worker);
-    m_worker->moveToThread(&m_thread);
-    connect(&m_thread, &QThread::finished, m_worker, &QObject::deleteLater);
-    m_thread.setObjectName(QStringLiteral("settings.online"));
-    m_thread.start();
+    m_crew = std::make_shared<Crew>();
+    m_crew->home = this;
+    m_crew->thread = new QThread;
+    m_crew->worker = new OnlineWorker(connectionName(m_crews));
+    m_crew->worker->moveToThread(m_crew->thread);
+    connect(m_crew->thread, &QThread::finished, m_crew->worker, &QObject::deleteLater);
+    m_crew->thread->setObjectName(QLatin1String(kConnectionName));
+    m_crew->thread->start();
+}
+
+void OnlineThread::forgetQuestions()
+{
+    ++m_round;
 }
 
 void OnlineThread::stop()
 {
-    if (!m_worker)
+    if (!m_crew)
         return;
-    m_worker = nullptr;
-    m_thread.quit();
-    m_thread.wait();
+    m_crew->leaveHome();
+    m_crew->thread->quit();
+    // A thread that a server holds up ends with the process.
+    if (m_crew->thread->wait(kLongestEnding))
+        delete m_crew->thread;
+    m_crew.reset();
+    m_open.clear();
+}
+
+void OnlineThread::put(const std::function<Telling(OnlineWorker &)> &question, const Telling &unanswered)
+{
+    const int number = ++m_asked;
+    m_open.insert(number, {unanswered, m_round});
+    start();
+    post([crew = m_crew, question, number](OnlineWorker &worker) { crew->tell(number, question(worker)); });
+    QTimer::singleShot(kLongestAnswer, this, [this, number] { giveUpIfOpen(number); });
 }
 
 void OnlineThread::post(const std::function<void(OnlineWorker &)> &task)
 {
     start();
     QMetaObject::invokeMethod(
-        m_worker, [worker = m_worker, task] { task(*worker); }, Qt::QueuedConnection);
+        m_crew->worker, [worker = m_crew->worker, task] { task(*worker); }, Qt::QueuedConnection);
 }
 
-void OnlineThread::run(const std::function<void(OnlineWorker &)> &task)
+void OnlineThread::deliver(int number, const Telling &answer)
 {
-    start();
-    QMetaObject::invokeMethod(
-        m_worker, [worker = m_worker, &task] { task(*worker); }, Qt::BlockingQueuedConnection);
+    if (m_open.contains(number) && m_open.take(number).round == m_round)
+        answer();
+}
+
+void OnlineThread::giveUpIfOpen(int number)
+{
+    if (m_open.contains(number))
+        giveUp();
+}
+
+void OnlineThread::giveUp()
+{
+    CORVANE_LOG(Logger::Warning, Logger::Console, "OnlineThread::giveUp",
+                QStringLiteral("The settings database does not answer, its connection is given up"));
+    m_crew->leaveHome();
+    connect(m_crew->thread, &QThread::finished, m_crew->thread, &QObject::deleteLater);
+    m_crew->thread->quit();
+    m_crew.reset();
+    ++m_crews;
+    for (auto question = m_open.constBegin(); question != m_open.constEnd(); ++question) {
+        const int number = question.key();
+        const Telling unanswered = question->unanswered;
+        QMetaObject::invokeMethod(
+            this, [this, number, unanswered] { deliver(number, unanswered); }, Qt::QueuedConnection);
+    }
 }

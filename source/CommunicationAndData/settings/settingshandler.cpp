@@ -1,6 +1,7 @@
 #include "CommunicationAndData/settings/settingshandler.h"
 
 #include "CommunicationAndData/settings/audittrailsetting.h"
+#include "CommunicationAndData/settings/configurationimage.h"
 #include "CommunicationAndData/settings/odbcconnection.h"
 #include "CommunicationAndData/settings/onlinethread.h"
 #include "CommunicationAndData/settings/safevalue.h"
@@ -16,6 +17,8 @@
 
 namespace {
 
+constexpr int kNoConfiguration = 0;
+
 QString key(const char *name)
 {
     return QString::fromLatin1(name);
@@ -25,7 +28,6 @@ void registerTypes()
 {
     qRegisterMetaType<QMap<QString, QVariant>>("QMap<QString,QVariant>");
     qRegisterMetaType<OnlineSettings::QueryError>("OnlineSettings::QueryError");
-    qRegisterMetaType<OnlineWorker::Notes>("OnlineWorker::Notes");
 }
 
 }  // namespace
@@ -81,18 +83,11 @@ SettingsHandler *SettingsHandler::getInstance()
 SettingsHandler::SettingsHandler()
     : d((registerTypes(), Logger::getInstance(), std::make_unique<Private>()))
 {
-    connect(&d->online, &OnlineThread::workerMade, this, &SettingsHandler::connectWorker);
-    connect(this, &SettingsHandler::reconnectOnline, this, [this](const QMap<QString, QVariant> &settings) {
-        d->online.post([settings](OnlineWorker &worker) { worker.reconnect(settings); });
-    });
-    connect(this, &SettingsHandler::requestIDs, this, [this](int, bool withNotes) {
-        d->online.post([withNotes](OnlineWorker &worker) { worker.list(withNotes); });
-    });
-    connect(this, &SettingsHandler::requestDelete, this, [this](int id) {
-        d->online.post([id](OnlineWorker &worker) { worker.deleteConfiguration(id); });
-    });
-    connect(this, &SettingsHandler::requestActiveId, this,
-            [this] { d->online.post([](OnlineWorker &worker) { worker.findActive(); }); });
+    connect(this, &SettingsHandler::reconnectOnline, this, &SettingsHandler::reconnect);
+    connect(this, &SettingsHandler::requestIDs, this,
+            [this](int, bool withNotes) { listConfigurations(withNotes); });
+    connect(this, &SettingsHandler::requestDelete, this, &SettingsHandler::deleteConfiguration);
+    connect(this, &SettingsHandler::requestActiveId, this, &SettingsHandler::findActiveConfiguration);
     qAddPostRoutine(&SettingsHandler::endOnline);
 }
 
@@ -106,16 +101,39 @@ void SettingsHandler::endOnline()
     getInstance()->d->online.stop();
 }
 
-void SettingsHandler::connectWorker(OnlineWorker *worker)
+void SettingsHandler::reconnect(const QMap<QString, QVariant> &settings)
 {
-    connect(worker, &OnlineWorker::reconnected, this, &SettingsHandler::onlineReconnected);
-    connect(worker, &OnlineWorker::deleted, this, &SettingsHandler::settingsDeletedOnline);
-    connect(worker, &OnlineWorker::activeFound, this, &SettingsHandler::activeOnlineId);
-    connect(worker, &OnlineWorker::stored, this, &SettingsHandler::settingsOnlineStoredReady);
-    connect(worker, &OnlineWorker::listed, this, [this](bool readable, const OnlineWorker::Notes &notes) {
-        d->notes = notes;
-        emit onlineNotesReady(readable);
-    });
+    const auto answer = [this](bool connected) {
+        emit onlineReconnected(connected);
+    };
+    d->online.ask([settings](OnlineWorker &worker) { return worker.reconnect(settings); }, answer, false);
+}
+
+void SettingsHandler::listConfigurations(bool withNotes)
+{
+    using List = std::optional<OnlineWorker::Notes>;
+    const auto answer = [this](const List &list) {
+        d->notes = list.value_or(OnlineWorker::Notes());
+        emit onlineNotesReady(list.has_value());
+    };
+    d->online.ask([withNotes](OnlineWorker &worker) { return worker.list(withNotes); }, answer, List());
+}
+
+void SettingsHandler::deleteConfiguration(int id)
+{
+    const auto answer = [this, id](OnlineSettings::QueryError error) {
+        emit settingsDeletedOnline(id, error);
+    };
+    d->online.ask([id](OnlineWorker &worker) { return worker.deleteConfiguration(id); }, answer,
+                  OnlineSettings::ConnectionFailure);
+}
+
+void SettingsHandler::findActiveConfiguration()
+{
+    const auto answer = [this](int id) {
+        emit activeOnlineId(id);
+    };
+    d->online.ask([](OnlineWorker &worker) { return worker.activeId(); }, answer, kNoConfiguration);
 }
 
 QVariant SettingsHandler::value(const QString &key, const QVariant &defaultValue)
@@ -206,29 +224,45 @@ QSettings *SettingsHandler::generalSettings()
 
 void SettingsHandler::callOnlineInit()
 {
+    d->online.forgetQuestions();
     d->online.start();
 }
 
 void SettingsHandler::storeSettingsOnline(SettingsAdditionalData data, int id, bool informUser,
                                           bool distribute)
 {
-    Q_UNUSED(id)
-    const QByteArray image = stashImage(d->settings());
-    d->online.post([data, image, informUser, distribute](OnlineWorker &worker) {
-        worker.store(data, image, informUser, distribute);
-    });
+    const auto image = ConfigurationImage::encode(stashContent(d->settings()));
+    if (!image) {
+        CORVANE_LOG(Logger::Error, Logger::Console, "SettingsHandler::storeSettingsOnline",
+                    QStringLiteral("The settings hold a value that no configuration can hold"));
+    }
+    const auto store = [data, id, image, informUser, distribute](OnlineWorker &worker) {
+        if (id != kNoConfiguration)
+            return OnlineSettings::UnusableId;
+        return image ? worker.store(data, *image, informUser, distribute) : OnlineSettings::ConnectionFailure;
+    };
+    const auto answer = [this](OnlineSettings::QueryError error) {
+        emit settingsOnlineStoredReady(error);
+    };
+    d->online.ask(store, answer, OnlineSettings::ConnectionFailure);
 }
 
 bool SettingsHandler::getOnlineSettings(int id)
 {
-    std::optional<OnlineWorker::Configuration> configuration;
-    d->online.run([&configuration, id](OnlineWorker &worker) { configuration = worker.fetch(id); });
-    const bool fetched = configuration.has_value();
-    if (fetched)
-        SettingsFile::replaceContent(d->settings(), *configuration);
+    const auto configuration = d->online.askAndWait([id](OnlineWorker &worker) { return worker.fetch(id); },
+                                                    std::optional<OnlineWorker::Configuration>());
+    if (configuration) {
+        store();
+        SettingsFile::replaceContent(d->settings(), configuration->settings);
+        d->working->sync();
+    }
+    const bool success = configuration.has_value();
+    const bool informUser = success && configuration->informUsers;
+    const QString notes = success ? configuration->notes : QString();
     QMetaObject::invokeMethod(
-        this, [this, fetched] { emit onlineSettingsReady(fetched, false, QString()); }, Qt::QueuedConnection);
-    return fetched;
+        this, [this, success, informUser, notes] { emit onlineSettingsReady(success, informUser, notes); },
+        Qt::QueuedConnection);
+    return success;
 }
 
 QMap<int, SettingsAdditionalData> SettingsHandler::getOnlineNotesList()

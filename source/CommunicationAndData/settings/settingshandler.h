@@ -9,7 +9,6 @@
 
 #include <memory>
 
-class OnlineWorker;
 class QSettings;
 
 /// The settings store: the working settings, and the way to the online configurations.
@@ -59,16 +58,19 @@ public:
     /// The working settings for direct use. The object may change at `changeSettingsFile`.
     QSettings *generalSettings();
 
-    /// Prepares the online worker. To be called each time before a connection is made.
+    /// Prepares the online worker. To be called each time before a connection is made. Whoever asked
+    /// something before has gone: what is still open then is done, and is not answered any more.
     void callOnlineInit();
-    /// Stores the working settings as a new configuration; `settingsOnlineStoredReady` answers.
+    /// Stores the working settings, as they are at this moment, as a new configuration;
+    /// `settingsOnlineStoredReady` answers.
     ///
-    /// \param id          always 0
+    /// \param id          0; the database gives a new configuration its id, and no other can be used
     /// \param informUser  users are to be told of the change
     /// \param distribute  makes it the active configuration
     void storeSettingsOnline(SettingsAdditionalData data, int id, bool informUser, bool distribute);
-    /// Fetches a configuration into the working settings; `onlineSettingsReady` answers as well. On failure
-    /// the working settings stay as they were.
+    /// Fetches a configuration into the working settings and waits for it, within bounds;
+    /// `onlineSettingsReady` answers as well, later. The former settings are remembered as by `store`, so
+    /// that `restore` brings them back. On failure the working settings stay as they were.
     bool getOnlineSettings(int id);
     /// The configurations of the last `requestIDs`.
     QMap<int, SettingsAdditionalData> getOnlineNotesList();
@@ -94,7 +96,9 @@ signals:
     void activeOnlineId(int id);
     void settingsDeletedOnline(int id, OnlineSettings::QueryError error);
     void settingsOnlineStoredReady(OnlineSettings::QueryError error);
-    void onlineSettingsReady(bool success, bool distributed, QString message);
+    /// \param informUser  users are to be told of the change
+    /// \param notes       the configuration's release notes
+    void onlineSettingsReady(bool success, bool informUser, QString notes);
 
 private:
     SettingsHandler();
@@ -102,7 +106,10 @@ private:
     Q_DISABLE_COPY(SettingsHandler)
 
     static void endOnline();
-    void connectWorker(OnlineWorker *worker);
+    void reconnect(const QMap<QString, QVariant> &settings);
+    void listConfigurations(bool withNotes);
+    void deleteConfiguration(int id);
+    void findActiveConfiguration();
 
     class Private;
     std::unique_ptr<Private> d;

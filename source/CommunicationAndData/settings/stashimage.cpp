@@ -19,14 +19,19 @@ QVariant stashed(const QVariant &value)
 
 }  // namespace
 
-QByteArray stashImage(const QSettings &settings)
+QMap<QString, QVariant> stashContent(const QSettings &settings)
 {
     QMap<QString, QVariant> all = SettingsFile::content(settings);
     for (QVariant &value : all)
         value = stashed(value);
+    return all;
+}
+
+QByteArray stashImage(const QSettings &settings)
+{
     QByteArray image;
     QDataStream stream(&image, QIODevice::WriteOnly);
-    stream << all;
+    stream << stashContent(settings);
     return image;
 }
 
