@@ -21,6 +21,7 @@ namespace {
 
 constexpr int kFrameWidth = 362;
 constexpr int kDatabaseSelector = 4;
+constexpr int kScrollBarDistance = 6;
 constexpr int kDefaultIdentification = 6;  // Personal ID
 
 const char *const kDefaultLocation = "C:/Halvorn/Data";
@@ -88,7 +89,7 @@ QWidget *DatabaseSettingsView::buildConnections(AccessType allowed, QWidget *par
     // The editor fits its parent to itself whenever its rows change, so that it needs one of its own.
     auto *holder = new QWidget(frame);
     auto *holderLayout = new QVBoxLayout(holder);
-    holderLayout->setContentsMargins(0, 0, 0, 0);
+    holderLayout->setContentsMargins(0, 0, kScrollBarDistance, 0);
     m_connections = new DatabaseGroupSettings(kDatabaseSelector, (allowed & WriteLocalDbSettings) != 0,
                                               (allowed & AuditTrailManagement) != 0, false, nullptr, holder);
     m_connections->setObjectName(QStringLiteral("database_connections"));

@@ -1,9 +1,9 @@
 #include "Corvane/settings/formparts.h"
 
 #include "ZephanShared/toolkit/nativepath.h"
+#include "ZephanShared/widgets/wrappingcheckbox.h"
 
 #include <QBoxLayout>
-#include <QCheckBox>
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QEvent>
@@ -105,7 +105,7 @@ QLabel *addLabel(QBoxLayout *layout)
 
 QCheckBox *addCheckBox(QBoxLayout *layout, const QString &name)
 {
-    auto *box = new QCheckBox;
+    auto *box = new WrappingCheckBox;
     box->setObjectName(name);
     layout->addWidget(box);
     return box;
