@@ -1,0 +1,176 @@
+#include "Corvane/views/audittrailquerymodel.h"
+#include "Corvane/views/audittrailview.h"
+#include "ZephanShared/widgets/dateedit.h"
+#include "ZephanShared/widgets/selectionpopup.h"
+#include "ZephanShared/widgets/waitcursor.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QStandardItemModel>
+#include <QTableView>
+#include <QTimer>
+
+namespace {
+
+constexpr int kFilterDelay = 600;  // milliseconds, from the first letter on
+
+}  // namespace
+
+void AuditTrailView::showOrHideListWidget()
+{
+    if (m_actionButton->isChecked() && m_actionList->isHidden()) {
+        m_actionList->showOrHide();
+    } else if (m_levelButton->isChecked() && m_levelList->isHidden()) {
+        m_levelList->showOrHide();
+    } else {
+        m_actionList->hide();
+        m_levelList->hide();
+    }
+}
+
+void AuditTrailView::setFromFilter()
+{
+    setDateFilter(AuditFilterKey::DateFrom, m_fromEdit);
+}
+
+void AuditTrailView::setToFilter()
+{
+    setDateFilter(AuditFilterKey::DateTo, m_toEdit);
+}
+
+void AuditTrailView::setActionFilter()
+{
+    setListFilter(AuditFilterKey::Action, m_actionList);
+}
+
+void AuditTrailView::setTypeFilter(int index)
+{
+    setChoiceFilter(AuditFilterKey::Type, m_typeCombo, index);
+}
+
+void AuditTrailView::setCategoryFilter(int index)
+{
+    setChoiceFilter(AuditFilterKey::Category, m_categoryCombo, index);
+}
+
+void AuditTrailView::setLevelFilter()
+{
+    setListFilter(AuditFilterKey::Level, m_levelList);
+}
+
+void AuditTrailView::setOperatorFilter()
+{
+    setTextFilter(AuditFilterKey::Operator, m_pendingOperator);
+}
+
+void AuditTrailView::setOperatorFilterTimer()
+{
+    startFilterTimer(m_pendingOperator, SLOT(setOperatorFilter()));
+}
+
+void AuditTrailView::setHostFilter()
+{
+    setTextFilter(AuditFilterKey::System, m_pendingHost);
+}
+
+void AuditTrailView::setHostFilterTimer()
+{
+    startFilterTimer(m_pendingHost, SLOT(setHostFilter()));
+}
+
+void AuditTrailView::setIdFilter()
+{
+    setTextFilter(AuditFilterKey::DatabaseKey, m_pendingId);
+}
+
+void AuditTrailView::setIdFilterTimer()
+{
+    startFilterTimer(m_pendingId, SLOT(setIdFilter()));
+}
+
+// No count of rows is shown anywhere.
+void AuditTrailView::resetCountLabel() {}
+
+void AuditTrailView::setSort(int column, Qt::SortOrder order)
+{
+    m_sort = {column, order};
+    refreshResults();
+}
+
+void AuditTrailView::setDateFilter(AuditFilterKey key, const DateEdit *edit)
+{
+    setFilter(key, edit->isValid() ? QVariant(edit->dateTime(false)) : QVariant());
+}
+
+/// Item 0 takes the filter away; it can be chosen only while there is one.
+void AuditTrailView::setChoiceFilter(AuditFilterKey key, QComboBox *combo, int index)
+{
+    const bool isChosen = index > 0;
+    combo->setItemText(0, isChosen ? tr("Deselect") : tr("Select"));
+    qobject_cast<QStandardItemModel *>(combo->model())->item(0)->setEnabled(isChosen);
+    setFilter(key, isChosen ? combo->itemData(index) : QVariant());
+}
+
+void AuditTrailView::setListFilter(AuditFilterKey key, SelectionPopup *list)
+{
+    list->updateButtonText(tr("Select"));
+    QVariantList values;
+    for (int row = 0; row < list->count(); ++row) {
+        if (list->item(row)->isSelected())
+            values.append(list->item(row)->data(Qt::UserRole));
+    }
+    setFilter(key, values.isEmpty() ? QVariant() : QVariant(values));
+}
+
+/// Without an edit as its caller, the filter's delay has run out.
+void AuditTrailView::setTextFilter(AuditFilterKey key, QPointer<QLineEdit> &pending)
+{
+    auto *edit = qobject_cast<QLineEdit *>(sender());
+    if (!edit) {
+        edit = pending;
+        pending.clear();
+    }
+    if (!edit)
+        return;
+    setFilter(key, edit->text().isEmpty() ? QVariant() : QVariant(edit->text()));
+}
+
+void AuditTrailView::startFilterTimer(QPointer<QLineEdit> &pending, const char *filterSlot)
+{
+    if (pending)
+        return;
+    pending = qobject_cast<QLineEdit *>(sender());
+    QTimer::singleShot(kFilterDelay, this, filterSlot);
+}
+
+/// An invalid value takes the filter away.
+void AuditTrailView::setFilter(AuditFilterKey key, const QVariant &value)
+{
+    if (value.isValid())
+        m_filters.insert(key, value);
+    else
+        m_filters.remove(key);
+    refreshResults();
+}
+
+void AuditTrailView::refreshResults()
+{
+    if (!m_connected)
+        return;
+    if (!m_model) {
+        m_model = new AuditTrailQueryModel(this);
+        m_table->setModel(m_model);
+        connect(m_model, SIGNAL(modelReset()), this, SLOT(resetCountLabel()));
+        connect(m_model, SIGNAL(rowsInserted(QModelIndex, int, int)), this, SLOT(resetCountLabel()));
+        connect(m_model, SIGNAL(rowsRemoved(QModelIndex, int, int)), this, SLOT(resetCountLabel()));
+    }
+    const QString statement = AuditTrailQueryString::statement(m_filters, m_sort);
+    emit logAction(Actions::SearchAuditTrail, Actions::Human, UuidString(), QStringLiteral("actiondb"),
+                   m_database.databaseName(), statement);
+    const WaitCursor wait;
+    m_model->setQuery(statement, m_database);
+    for (int column = 0; column < m_model->columnCount(); ++column)
+        m_model->setHeaderData(column, Qt::Horizontal, AuditTrailQueryString::headerText(column),
+                               Qt::EditRole);
+}
