@@ -129,8 +129,96 @@
 <context>
     <name>AuditTrailView</name>
     <message>
-        <source>Events of this workstation are recorded in %1</source>
-        <translation>Ereignisse dieses Arbeitsplatzes werden in %1 aufgezeichnet</translation>
+        <source>Filter by:</source>
+        <translation>Filtern nach:</translation>
+    </message>
+    <message>
+        <source>Audit Trail Viewer</source>
+        <translation>Audit-Trail-Anzeige</translation>
+    </message>
+    <message>
+        <source>Connect to database</source>
+        <translation>Mit Datenbank verbinden</translation>
+    </message>
+    <message>
+        <source>Connection options</source>
+        <translation>Verbindungsoptionen</translation>
+    </message>
+    <message>
+        <source>Disconnect</source>
+        <translation>Trennen</translation>
+    </message>
+    <message>
+        <source>Action</source>
+        <translation>Aktion</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>Category</source>
+        <translation>Kategorie</translation>
+    </message>
+    <message>
+        <source>Level</source>
+        <translation>Stufe</translation>
+    </message>
+    <message>
+        <source>Operator ID or username</source>
+        <translation>Bediener-ID oder Benutzername</translation>
+    </message>
+    <message>
+        <source>System</source>
+        <translation>System</translation>
+    </message>
+    <message>
+        <source>Date from</source>
+        <translation>Datum von</translation>
+    </message>
+    <message>
+        <source>Date to</source>
+        <translation>Datum bis</translation>
+    </message>
+    <message>
+        <source>Database Key</source>
+        <translation>Datenbankschlüssel</translation>
+    </message>
+    <message>
+        <source>Unknown</source>
+        <translation>Unbekannt</translation>
+    </message>
+    <message>
+        <source>Select</source>
+        <translation>Auswählen</translation>
+    </message>
+    <message>
+        <source>Connection failed</source>
+        <translation>Verbindung fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Error code: %1</source>
+        <translation>Fehlercode: %1</translation>
+    </message>
+    <message>
+        <source>Do you want to edit connection settings?</source>
+        <translation>Möchten Sie die Verbindungseinstellungen bearbeiten?</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>Ja</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>Nein</translation>
+    </message>
+    <message>
+        <source>Login information for audit trail database</source>
+        <translation>Anmeldedaten für die Audit-Trail-Datenbank</translation>
+    </message>
+    <message>
+        <source>Deselect</source>
+        <translation>Abwählen</translation>
     </message>
 </context>
 <context>
@@ -197,6 +285,61 @@
     <message>
         <source>The audit trail can no longer be written.</source>
         <translation>Der Audit-Trail kann nicht mehr geschrieben werden.</translation>
+    </message>
+</context>
+<context>
+    <name>ConnectionOptionsDialog</name>
+    <message>
+        <source>Audit trail connection options</source>
+        <translation>Verbindungsoptionen für den Audit-Trail</translation>
+    </message>
+    <message>
+        <source>Select connection configuration</source>
+        <translation>Verbindungskonfiguration auswählen</translation>
+    </message>
+    <message>
+        <source>online</source>
+        <translation>online</translation>
+    </message>
+    <message>
+        <source>offline</source>
+        <translation>offline</translation>
+    </message>
+    <message>
+        <source>Username</source>
+        <translation>Benutzername</translation>
+    </message>
+    <message>
+        <source>Password</source>
+        <translation>Passwort</translation>
+    </message>
+    <message>
+        <source>Connection settings</source>
+        <translation>Verbindungseinstellungen</translation>
+    </message>
+    <message>
+        <source>Connection parameters</source>
+        <translation>Verbindungsparameter</translation>
+    </message>
+    <message>
+        <source>Location</source>
+        <translation>Speicherort</translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation>Durchsuchen...</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Choose database file</source>
+        <translation>Datenbankdatei auswählen</translation>
     </message>
 </context>
 <context>

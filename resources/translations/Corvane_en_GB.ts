@@ -129,8 +129,96 @@
 <context>
     <name>AuditTrailView</name>
     <message>
-        <source>Events of this workstation are recorded in %1</source>
-        <translation>Events of this workstation are recorded in %1</translation>
+        <source>Filter by:</source>
+        <translation>Filter by:</translation>
+    </message>
+    <message>
+        <source>Audit Trail Viewer</source>
+        <translation>Audit Trail Viewer</translation>
+    </message>
+    <message>
+        <source>Connect to database</source>
+        <translation>Connect to database</translation>
+    </message>
+    <message>
+        <source>Connection options</source>
+        <translation>Connection options</translation>
+    </message>
+    <message>
+        <source>Disconnect</source>
+        <translation>Disconnect</translation>
+    </message>
+    <message>
+        <source>Action</source>
+        <translation>Action</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>Type</translation>
+    </message>
+    <message>
+        <source>Category</source>
+        <translation>Category</translation>
+    </message>
+    <message>
+        <source>Level</source>
+        <translation>Level</translation>
+    </message>
+    <message>
+        <source>Operator ID or username</source>
+        <translation>Operator ID or username</translation>
+    </message>
+    <message>
+        <source>System</source>
+        <translation>System</translation>
+    </message>
+    <message>
+        <source>Date from</source>
+        <translation>Date from</translation>
+    </message>
+    <message>
+        <source>Date to</source>
+        <translation>Date to</translation>
+    </message>
+    <message>
+        <source>Database Key</source>
+        <translation>Database Key</translation>
+    </message>
+    <message>
+        <source>Unknown</source>
+        <translation>Unknown</translation>
+    </message>
+    <message>
+        <source>Select</source>
+        <translation>Select</translation>
+    </message>
+    <message>
+        <source>Connection failed</source>
+        <translation>Connection failed</translation>
+    </message>
+    <message>
+        <source>Error code: %1</source>
+        <translation>Error code: %1</translation>
+    </message>
+    <message>
+        <source>Do you want to edit connection settings?</source>
+        <translation>Do you want to edit connection settings?</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>Yes</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>No</translation>
+    </message>
+    <message>
+        <source>Login information for audit trail database</source>
+        <translation>Login information for audit trail database</translation>
+    </message>
+    <message>
+        <source>Deselect</source>
+        <translation>Deselect</translation>
     </message>
 </context>
 <context>
@@ -197,6 +285,61 @@
     <message>
         <source>The audit trail can no longer be written.</source>
         <translation>The audit trail can no longer be written.</translation>
+    </message>
+</context>
+<context>
+    <name>ConnectionOptionsDialog</name>
+    <message>
+        <source>Audit trail connection options</source>
+        <translation>Audit trail connection options</translation>
+    </message>
+    <message>
+        <source>Select connection configuration</source>
+        <translation>Select connection configuration</translation>
+    </message>
+    <message>
+        <source>online</source>
+        <translation>online</translation>
+    </message>
+    <message>
+        <source>offline</source>
+        <translation>offline</translation>
+    </message>
+    <message>
+        <source>Username</source>
+        <translation>Username</translation>
+    </message>
+    <message>
+        <source>Password</source>
+        <translation>Password</translation>
+    </message>
+    <message>
+        <source>Connection settings</source>
+        <translation>Connection settings</translation>
+    </message>
+    <message>
+        <source>Connection parameters</source>
+        <translation>Connection parameters</translation>
+    </message>
+    <message>
+        <source>Location</source>
+        <translation>Location</translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation>Browse...</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Save</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Choose database file</source>
+        <translation>Choose database file</translation>
     </message>
 </context>
 <context>

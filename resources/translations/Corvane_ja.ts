@@ -129,8 +129,96 @@
 <context>
     <name>AuditTrailView</name>
     <message>
-        <source>Events of this workstation are recorded in %1</source>
-        <translation>このワークステーションのイベントは %1 に記録されます</translation>
+        <source>Filter by:</source>
+        <translation>絞り込み条件：</translation>
+    </message>
+    <message>
+        <source>Audit Trail Viewer</source>
+        <translation>監査証跡ビューアー</translation>
+    </message>
+    <message>
+        <source>Connect to database</source>
+        <translation>データベースに接続</translation>
+    </message>
+    <message>
+        <source>Connection options</source>
+        <translation>接続オプション</translation>
+    </message>
+    <message>
+        <source>Disconnect</source>
+        <translation>切断</translation>
+    </message>
+    <message>
+        <source>Action</source>
+        <translation>操作</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>種別</translation>
+    </message>
+    <message>
+        <source>Category</source>
+        <translation>カテゴリー</translation>
+    </message>
+    <message>
+        <source>Level</source>
+        <translation>レベル</translation>
+    </message>
+    <message>
+        <source>Operator ID or username</source>
+        <translation>操作者IDまたはユーザー名</translation>
+    </message>
+    <message>
+        <source>System</source>
+        <translation>システム</translation>
+    </message>
+    <message>
+        <source>Date from</source>
+        <translation>日付 (開始)</translation>
+    </message>
+    <message>
+        <source>Date to</source>
+        <translation>日付 (終了)</translation>
+    </message>
+    <message>
+        <source>Database Key</source>
+        <translation>データベースキー</translation>
+    </message>
+    <message>
+        <source>Unknown</source>
+        <translation>不明</translation>
+    </message>
+    <message>
+        <source>Select</source>
+        <translation>選択</translation>
+    </message>
+    <message>
+        <source>Connection failed</source>
+        <translation>接続に失敗しました</translation>
+    </message>
+    <message>
+        <source>Error code: %1</source>
+        <translation>エラーコード：%1</translation>
+    </message>
+    <message>
+        <source>Do you want to edit connection settings?</source>
+        <translation>接続設定を編集しますか？</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>はい</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>いいえ</translation>
+    </message>
+    <message>
+        <source>Login information for audit trail database</source>
+        <translation>監査証跡データベースのログイン情報</translation>
+    </message>
+    <message>
+        <source>Deselect</source>
+        <translation>選択解除</translation>
     </message>
 </context>
 <context>
@@ -197,6 +285,61 @@
     <message>
         <source>The audit trail can no longer be written.</source>
         <translation>監査証跡を書き込めなくなりました。</translation>
+    </message>
+</context>
+<context>
+    <name>ConnectionOptionsDialog</name>
+    <message>
+        <source>Audit trail connection options</source>
+        <translation>監査証跡の接続オプション</translation>
+    </message>
+    <message>
+        <source>Select connection configuration</source>
+        <translation>接続構成を選択</translation>
+    </message>
+    <message>
+        <source>online</source>
+        <translation>オンライン</translation>
+    </message>
+    <message>
+        <source>offline</source>
+        <translation>オフライン</translation>
+    </message>
+    <message>
+        <source>Username</source>
+        <translation>ユーザー名</translation>
+    </message>
+    <message>
+        <source>Password</source>
+        <translation>パスワード</translation>
+    </message>
+    <message>
+        <source>Connection settings</source>
+        <translation>接続設定</translation>
+    </message>
+    <message>
+        <source>Connection parameters</source>
+        <translation>接続パラメーター</translation>
+    </message>
+    <message>
+        <source>Location</source>
+        <translation>場所</translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation>参照...</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>保存</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Choose database file</source>
+        <translation>データベースファイルを選択</translation>
     </message>
 </context>
 <context>
