@@ -161,14 +161,22 @@ void TestRoad::aChangedSettingIsSavedAndFoundRecorded()
     QVERIFY(!working->contains(QLatin1String(SettingsKeys::kDefaultRights)));
 
     const QString settings = QStringLiteral("Corvane Settings Management");
+    const QString viewer = QStringLiteral("Corvane Audit Trail Viewer");
+    const QString query =
+        QStringLiteral("SELECT timestamp_action, category, action_level, action, action_type, operator, "
+                       "operator_name, system, database_key, info, target_database, target_server FROM "
+                       "action_log ORDER BY timestamp_action ASC;");
     const QVector<Event> expected = {
         {Actions::Started, Actions::Human, kConsole},
         {Actions::Login, Actions::Human, kConsole},
         {Actions::Started, Actions::Human, settings},
         {Actions::LoadSettings, Actions::Human, QStringLiteral("Corvane Settings Local Load")},
         {Actions::SaveSettings, Actions::Human, QStringLiteral("Corvane Settings Local Save")},
-        {Actions::Stopping, Actions::Automatic, QStringLiteral("Corvane access connection")},
         {Actions::Stopping, Actions::Human, settings},
+        {Actions::Started, Actions::Human, viewer},
+        {Actions::SearchAuditTrail, Actions::Human, query},
+        {Actions::Stopping, Actions::Automatic, QStringLiteral("Corvane access connection")},
+        {Actions::Stopping, Actions::Human, viewer},
         {Actions::Logout, Actions::Human, kConsole},
         {Actions::Stopping, Actions::Human, kConsole},
     };

@@ -3,7 +3,7 @@
     walk.py LAUNCHER FOLDER
 
 Signs in as the current user, loads the settings of the local applications, changes the date format and saves
-them back, looks at the about dialog, and closes the program.
+them back, finds that recorded in the audit trail, looks at the about dialog, and closes the program.
 """
 
 import glob
@@ -68,6 +68,17 @@ class Walk:
         program.find("push button", "Ok").click()
         wait_until(lambda: not program.look(contains="Saving succeeded."), "the message to close")
 
+    def find_it_recorded(self):
+        program = self.program
+        program.find("push button", "Audit Trail Viewer").click()
+        program.find("push button", "Connect to database").click()
+        program.find("combo box", "Select connection configuration")
+        program.choose("Select connection configuration", "offline")
+        self.picture("audit-connection")
+        program.find("push button", "Save").click()
+        program.find("table cell", "SaveSettings")
+        self.picture("audit-trail")
+
     def look_at_about(self):
         program = self.program
         program.find("push button", "About").click()
@@ -87,6 +98,7 @@ class Walk:
         self.load_settings()
         self.change_date_format()
         self.save_settings()
+        self.find_it_recorded()
         self.look_at_about()
         self.close()
 

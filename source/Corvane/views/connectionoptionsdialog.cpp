@@ -62,12 +62,14 @@ ConnectionOptionsDialog::ConnectionOptionsDialog(QVariantMap *onlineOptions, QVa
 
 void ConnectionOptionsDialog::buildModeCombo()
 {
-    m_grid->addWidget(makeLabel(tr("Select connection configuration"), this), 0, 0, 1, kColumns);
+    QLabel *label = makeLabel(tr("Select connection configuration"), this);
+    m_grid->addWidget(label, 0, 0, 1, kColumns);
     m_modeCombo = new QComboBox(this);
     m_modeCombo->setObjectName(QStringLiteral("audit_connection_mode"));
     m_modeCombo->setAccessibleName(tr("Select connection configuration"));
     m_modeCombo->setFixedHeight(kFieldHeight);
     m_modeCombo->addItems({tr("online"), tr("offline")});
+    label->setBuddy(m_modeCombo);
     m_grid->addWidget(m_modeCombo, 1, 0, 1, kColumns);
 }
 

@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QLocale>
 #include <QRegExpValidator>
+#include <QScreen>
 #include <QTimeEdit>
 #include <QToolButton>
 
@@ -201,7 +202,9 @@ void DateEdit::toggleCalendar()
     }
     m_calendar->setSelectedDate(QDate::fromString(m_lineEdit->text(), m_format->dateFormat()));
     m_calendar->adjustSize();
-    m_calendar->move(m_calendarButton->mapToGlobal(QPoint(0, 0)) - QPoint(m_calendar->width(), 0));
+    QPoint place = m_calendarButton->mapToGlobal(QPoint(0, 0)) - QPoint(m_calendar->width(), 0);
+    place.setX(qMax(place.x(), m_calendarButton->screen()->availableGeometry().left()));
+    m_calendar->move(place);
     m_calendar->show();
 }
 

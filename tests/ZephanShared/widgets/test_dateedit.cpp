@@ -80,6 +80,7 @@ private slots:
     void limitsWithATimePartCountTheTime();
     void setDateShowsAndStores();
     void calendarFillsTheField();
+    void calendarStaysOnTheScreen();
     void autofilledEndsWithTheFirstEdit();
     void disabledFieldIsNeverAutofilled();
     void timePartIsStored();
@@ -279,7 +280,8 @@ void TestDateEdit::setDateShowsAndStores()
 
 void TestDateEdit::calendarFillsTheField()
 {
-    const Form form;
+    Form form;
+    form.move(400, 100);
     form.date->lineEdit()->setText(QStringLiteral("15.06.2016"));
     auto *calendar = form.findChild<QCalendarWidget *>();
     QTest::mouseClick(form.date->calendarButton(), Qt::LeftButton);
@@ -295,6 +297,18 @@ void TestDateEdit::calendarFillsTheField()
     emit calendar->clicked(QDate(2016, 6, 20));
     QCOMPARE(form.text(), QStringLiteral("20.06.2016"));
     QCOMPARE(changed.count(), 1);
+    QVERIFY(calendar->isHidden());
+}
+
+void TestDateEdit::calendarStaysOnTheScreen()
+{
+    Form form;
+    form.move(0, 0);
+    auto *calendar = form.findChild<QCalendarWidget *>();
+    form.date->toggleCalendar();
+    QTRY_VERIFY(calendar->isVisible());
+    QVERIFY(calendar->x() >= 0);
+    form.date->toggleCalendar();
     QVERIFY(calendar->isHidden());
 }
 
