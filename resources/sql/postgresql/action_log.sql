@@ -23,3 +23,14 @@ CREATE TABLE IF NOT EXISTS hash (
     id INTEGER NOT NULL DEFAULT 1 PRIMARY KEY CHECK (id = 1),
     hash VARCHAR(64) NOT NULL
 );
+
+INSERT INTO hash (hash)
+SELECT replace(concat(gen_random_uuid(), gen_random_uuid()), '-', '') WHERE NOT EXISTS (SELECT 1 FROM hash);
+
+-- The viewer filters numbers with LIKE, which PostgreSQL has for texts alone: between numbers it is equality.
+CREATE OR REPLACE FUNCTION like_between_numbers(INTEGER, INTEGER) RETURNS BOOLEAN
+    LANGUAGE sql IMMUTABLE STRICT AS 'SELECT $1 = $2';
+
+DROP OPERATOR IF EXISTS ~~ (INTEGER, INTEGER);
+
+CREATE OPERATOR ~~ (LEFTARG = INTEGER, RIGHTARG = INTEGER, FUNCTION = like_between_numbers);

@@ -23,3 +23,5 @@ CREATE TABLE IF NOT EXISTS hash (
     id INTEGER NOT NULL DEFAULT 1 PRIMARY KEY CHECK (id = 1),
     hash VARCHAR(64) NOT NULL
 );
+
+INSERT INTO hash (hash) SELECT lower(hex(randomblob(32))) WHERE NOT EXISTS (SELECT 1 FROM hash);

@@ -1,0 +1,32 @@
+-- What each kind of account may do, on PostgreSQL. To be run after the other scripts, in the same database, by
+-- an account that may create roles. Running it again grants what is missing.
+--
+-- Nobody gets the right to change or remove what is in the audit trail.
+
+DO $$
+DECLARE
+    name TEXT;
+BEGIN
+    FOREACH name IN ARRAY ARRAY['corvane_console', 'corvane_application', 'corvane_auditor'] LOOP
+        IF NOT EXISTS (SELECT 1 FROM pg_roles WHERE rolname = name) THEN
+            EXECUTE format('CREATE ROLE %I NOLOGIN', name);
+        END IF;
+    END LOOP;
+END
+$$;
+
+-- The administration console: manages operators, roles, organisations and departments, reads the audit trail
+-- and adds to it.
+GRANT SELECT, INSERT, UPDATE ON operator, roles, organization, department TO corvane_console;
+GRANT SELECT, INSERT, DELETE ON operator_roles TO corvane_console;
+GRANT SELECT, INSERT ON action_log TO corvane_console;
+GRANT SELECT ON hash TO corvane_console;
+
+-- The suite's measurement applications: check who signs in, and add to the audit trail. Each program looks
+-- whether the audit trail has all columns before it writes, for which it has to be allowed to read it.
+GRANT SELECT ON operator, operator_roles, roles, organization, department TO corvane_application;
+GRANT SELECT, INSERT ON action_log TO corvane_application;
+GRANT SELECT ON hash TO corvane_application;
+
+-- An auditor: reads the audit trail and nothing else.
+GRANT SELECT ON action_log, hash TO corvane_auditor;
