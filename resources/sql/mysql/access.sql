@@ -51,6 +51,8 @@ CREATE TABLE IF NOT EXISTS operator_roles (
 -- Three roles to begin with. They can be renamed, changed and deleted in the program.
 INSERT INTO roles (title, actions, deleted)
 SELECT first_roles.title, first_roles.actions, 0
-FROM (SELECT 'Nurse' AS title, 3633152 AS actions UNION SELECT 'Doctor', 331776 UNION SELECT 'Admin', 4190263)
+FROM (SELECT 'Nurse' AS title, 3633152 AS actions
+      UNION ALL SELECT 'Doctor', 331776
+      UNION ALL SELECT 'Admin', 4190263)
     AS first_roles
 WHERE NOT EXISTS (SELECT 1 FROM roles);

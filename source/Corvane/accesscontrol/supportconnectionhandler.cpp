@@ -12,7 +12,10 @@
 #include <QPushButton>
 #include <QSettings>
 #include <QSqlError>
+#include <QSqlQuery>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace {
 
@@ -37,6 +40,12 @@ const QStringList &accessTables()
 QString mapKey(const char *name)
 {
     return QLatin1String(SettingsKeys::kSupportDbGroup) + QLatin1Char('/') + QLatin1String(name);
+}
+
+bool isReadable(const QSqlDatabase &database, const QString &table)
+{
+    QSqlQuery query(database);
+    return query.exec(QStringLiteral("SELECT 1 FROM %1 WHERE 1 = 0").arg(table));
 }
 
 /// Shows a text in a label of fixed size, in letters small enough for all of it. Some languages need two
@@ -279,12 +288,15 @@ bool SupportConnectionHandler::openOnline()
     return OdbcConnection::open(m_database, m_connectOptions, m_username, m_password);
 }
 
+// Some drivers list the tables of all databases of a server, or those that may not be read: the list alone
+// does not tell that the access tables can be used.
 bool SupportConnectionHandler::hasAccessTables() const
 {
     const WaitCursor cursor;
     const QStringList present = m_database.tables(QSql::Tables);
-    return std::all_of(accessTables().begin(), accessTables().end(),
-                       [&present](const QString &table) { return present.contains(table); });
+    return std::all_of(accessTables().begin(), accessTables().end(), [&](const QString &table) {
+        return present.contains(table) && isReadable(m_database, table);
+    });
 }
 
 // The offline file's object shares its connection, so it has to let go as well before the name is free.

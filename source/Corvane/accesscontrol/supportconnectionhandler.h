@@ -43,7 +43,8 @@ public:
     ~SupportConnectionHandler() override;
 
     /// Opens the online database in place of whatever is open. A database without the five access tables
-    /// counts as a failure. The call blocks as long as the connect options allow.
+    /// counts as a failure, and so does one whose access tables may not be read. The call blocks as long as
+    /// the connect options allow.
     ///
     /// \return  false after a failure, which has been logged
     bool connectOnline();
