@@ -207,7 +207,7 @@ bool TestAccessServers::prepare()
 {
     if (m_prepared.contains(m_kind))
         return true;
-    QStringList scripts{text("access"), text("action_log")};
+    QStringList scripts{text("access"), text("action_log"), text("configurations")};
     if (m_kind != DatabaseServer::Sqlite)
         scripts.append(text("grants"));
     const bool made = server().makeDatabase(kDatabase, scripts) &&
@@ -310,7 +310,8 @@ void TestAccessServers::theScriptsCompleteWhatIsMissingAndKeepTheRest()
     QVERIFY(isUnderstood(text("UPDATE roles SET title = ? WHERE title = ?"),
                          {text("Sairaanhoitaja"), text("Nurse")}));
 
-    for (const QString &script : {text("access"), text("action_log"), text("grants")}) {
+    for (const QString &script :
+         {text("access"), text("action_log"), text("configurations"), text("grants")}) {
         if (m_kind != DatabaseServer::Sqlite || script != text("grants"))
             QVERIFY2(server().runScript(kDatabase, script), qPrintable(server().errorText()));
     }
@@ -495,7 +496,10 @@ void TestAccessServers::eachAccountMayDoWhatItNeedsAndNoMore()
         {"UPDATE organization SET deleted = 1 WHERE id = '-'", true, false, false},
         {"SELECT name FROM department", true, true, false},
         {"UPDATE department SET deleted = 1 WHERE id = '-'", true, false, false},
-        {"SELECT info FROM action_log", true, true, true},
+        {"SELECT image FROM configurations", true, true, false},
+        {"UPDATE configurations SET active = NULL", true, false, false},
+        {"DELETE FROM configurations", true, false, false},
+        {"SELECT info FROM action_log", true, false, true},
         {"INSERT INTO action_log VALUES ('2026-01-01 00:00:00', 1, 1, 1, 1, '', '', '', '', '', '', '')",
          true, true, false},
         {"UPDATE action_log SET info = ''", false, false, false},

@@ -7,24 +7,26 @@ IF DATABASE_PRINCIPAL_ID(N'corvane_console') IS NULL CREATE ROLE corvane_console
 IF DATABASE_PRINCIPAL_ID(N'corvane_application') IS NULL CREATE ROLE corvane_application;
 IF DATABASE_PRINCIPAL_ID(N'corvane_auditor') IS NULL CREATE ROLE corvane_auditor;
 
--- The administration console: manages operators, roles, organisations and departments, reads the audit trail
--- and adds to it.
+-- The administration console: manages operators, roles, organisations, departments and configurations, reads the
+-- audit trail and adds to it.
 GRANT SELECT, INSERT, UPDATE ON operator TO corvane_console;
 GRANT SELECT, INSERT, DELETE ON operator_roles TO corvane_console;
 GRANT SELECT, INSERT, UPDATE ON roles TO corvane_console;
 GRANT SELECT, INSERT, UPDATE ON organization TO corvane_console;
 GRANT SELECT, INSERT, UPDATE ON department TO corvane_console;
+GRANT SELECT, INSERT, UPDATE, DELETE ON configurations TO corvane_console;
 GRANT SELECT, INSERT ON action_log TO corvane_console;
 GRANT SELECT ON hash TO corvane_console;
 
--- The suite's measurement applications: check who signs in, and add to the audit trail. Each program looks
--- whether the audit trail has all columns before it writes, for which it has to be allowed to read it.
+-- The suite's measurement applications: check who signs in, take the active configuration, and add to the audit
+-- trail.
 GRANT SELECT ON operator TO corvane_application;
 GRANT SELECT ON operator_roles TO corvane_application;
 GRANT SELECT ON roles TO corvane_application;
 GRANT SELECT ON organization TO corvane_application;
 GRANT SELECT ON department TO corvane_application;
-GRANT SELECT, INSERT ON action_log TO corvane_application;
+GRANT SELECT ON configurations TO corvane_application;
+GRANT INSERT ON action_log TO corvane_application;
 GRANT SELECT ON hash TO corvane_application;
 
 -- An auditor: reads the audit trail and nothing else.

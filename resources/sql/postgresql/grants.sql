@@ -15,17 +15,19 @@ BEGIN
 END
 $$;
 
--- The administration console: manages operators, roles, organisations and departments, reads the audit trail
--- and adds to it.
+-- The administration console: manages operators, roles, organisations, departments and configurations, reads the
+-- audit trail and adds to it.
 GRANT SELECT, INSERT, UPDATE ON operator, roles, organization, department TO corvane_console;
 GRANT SELECT, INSERT, DELETE ON operator_roles TO corvane_console;
+GRANT SELECT, INSERT, UPDATE, DELETE ON configurations TO corvane_console;
 GRANT SELECT, INSERT ON action_log TO corvane_console;
 GRANT SELECT ON hash TO corvane_console;
 
--- The suite's measurement applications: check who signs in, and add to the audit trail. Each program looks
--- whether the audit trail has all columns before it writes, for which it has to be allowed to read it.
+-- The suite's measurement applications: check who signs in, take the active configuration, and add to the audit
+-- trail.
 GRANT SELECT ON operator, operator_roles, roles, organization, department TO corvane_application;
-GRANT SELECT, INSERT ON action_log TO corvane_application;
+GRANT SELECT ON configurations TO corvane_application;
+GRANT INSERT ON action_log TO corvane_application;
 GRANT SELECT ON hash TO corvane_application;
 
 -- An auditor: reads the audit trail and nothing else.
