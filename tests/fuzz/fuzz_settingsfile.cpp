@@ -1,6 +1,6 @@
 #include "CommunicationAndData/settings/inicodec.h"
 #include "CommunicationAndData/settings/inirepair.h"
-#include "CommunicationAndData/settings/settingsfile.h"
+#include "CommunicationAndData/settings/settingscontent.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -34,8 +34,8 @@ QMap<QString, QVariant> readBy(const QByteArray &ini)
     QMap<QString, QVariant> content;
     {
         QSettings settings(name, QSettings::IniFormat);
-        settings.setIniCodec(iniCodec());
-        content = SettingsFile::content(settings);
+        settings.setIniCodec(iniUtf8Codec());
+        content = SettingsContent::of(settings);
         require(settings.status() == QSettings::NoError);
     }
     file.remove();

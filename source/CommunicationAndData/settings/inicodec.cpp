@@ -54,7 +54,7 @@ private:
 
 }  // namespace
 
-QTextCodec *iniCodec()
+QTextCodec *iniUtf8Codec()
 {
     // Qt owns every codec, up to the end of the process.
     static QTextCodec *const codec = new IniCodec;

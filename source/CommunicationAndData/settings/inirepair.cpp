@@ -64,6 +64,12 @@ bool standsInKeys(QChar c)
            code == '_' || code == '.' || code == '-' || code == '%';
 }
 
+QByteArray escaped(QChar c)
+{
+    const QByteArray digits = QByteArray::number(c.unicode(), 16).toUpper();
+    return c.unicode() <= 0xff ? '%' + digits.rightJustified(2, '0') : "%U" + digits.rightJustified(4, '0');
+}
+
 /// A key or section name in the notation of ini files, in which only some characters stand as they are and
 /// a backslash means a slash.
 QByteArray keyNotation(QString name)
@@ -71,13 +77,10 @@ QByteArray keyNotation(QString name)
     name.replace(QLatin1Char('\\'), QLatin1Char('/'));
     QByteArray notation;
     for (const QChar c : qAsConst(name)) {
-        const QByteArray digits = QByteArray::number(c.unicode(), 16).toUpper();
         if (standsInKeys(c))
             notation += c.toLatin1();
-        else if (c.unicode() <= 0xff)
-            notation += '%' + digits.rightJustified(2, '0');
         else
-            notation += "%U" + digits.rightJustified(4, '0');
+            notation += escaped(c);
     }
     return notation;
 }
@@ -192,7 +195,7 @@ private:
     QString unicode(const QByteArray &bytes)
     {
         if (m_allUtf8 || isUtf8(bytes))
-            return iniCodec()->toUnicode(bytes);
+            return iniUtf8Codec()->toUnicode(bytes);
         note(kNotUtf8);
         return QString::fromLatin1(bytes);
     }

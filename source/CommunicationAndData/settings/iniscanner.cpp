@@ -80,7 +80,7 @@ private:
         do {
             ++m_position;
         } while (m_position < m_value.size() && !std::strchr("\\\",", m_value.at(m_position)));
-        m_item += iniCodec()->toUnicode(m_value.constData() + start, m_position - start);
+        m_item += iniUtf8Codec()->toUnicode(m_value.constData() + start, m_position - start);
     }
 
     void escape()

@@ -1,8 +1,11 @@
 #include "CommunicationAndData/settings/settingsfile.h"
 
+#include "CommunicationAndData/settings/formerfiles.h"
 #include "CommunicationAndData/settings/inicodec.h"
 #include "CommunicationAndData/settings/inirepair.h"
 #include "CommunicationAndData/settings/keptfile.h"
+#include "CommunicationAndData/settings/settingscontent.h"
+#include "CommunicationAndData/settings/settingsobject.h"
 #include "ZephanShared/toolkit/logger.h"
 
 #include <QDateTime>
@@ -10,7 +13,6 @@
 #include <QFileInfo>
 #include <QSaveFile>
 #include <QSet>
-#include <QTemporaryFile>
 #include <QThread>
 
 namespace {
@@ -18,22 +20,9 @@ namespace {
 constexpr int kLongestLockMaking = 1000;  // milliseconds; it takes some microseconds
 constexpr int kLockInterval = 50;
 
-std::unique_ptr<QSettings> inUtf8(std::unique_ptr<QSettings> settings)
+std::unique_ptr<SettingsObject> openInMemoryFor(const QString &path, const QByteArray &readable)
 {
-    settings->setIniCodec(iniCodec());
-    return settings;
-}
-
-std::unique_ptr<QSettings> openAt(const QString &place)
-{
-    return inUtf8(std::make_unique<QSettings>(place, QSettings::IniFormat));
-}
-
-std::unique_ptr<QSettings> openInMemoryWith(const QByteArray &text)
-{
-    std::unique_ptr<QSettings> settings = SettingsFile::openInMemory();
-    SettingsFile::replaceContent(*settings, SettingsFile::content(text));
-    return settings;
+    return std::make_unique<SettingsObject>(path, SettingsContent::of(readable));
 }
 
 void warnOnce(const QString &path, const QString &message)
@@ -71,45 +60,40 @@ QString systemScopePath(const QString &organisation, const QString &application)
     return QFileInfo(neighbour.fileName()).path() + QStringLiteral("/%1.ini").arg(application);
 }
 
-/// "/" and the like stand for the whole of the settings when they are removed.
-bool isKey(const QString &key)
-{
-    return key.count(QLatin1Char('/')) < key.size();
-}
-
-bool same(const QVariant &left, const QVariant &right)
-{
-    return left.userType() == right.userType() && left == right;
-}
-
 }  // namespace
 
-std::unique_ptr<QSettings> SettingsFile::open(const QString &path)
+std::unique_ptr<SettingsObject> SettingsFile::open(const QString &path)
 {
     QByteArray readable;
-    return secure(path, &readable) ? openAt(path) : openInMemoryWith(readable);
+    if (!secure(path, &readable))
+        return openInMemoryFor(path, readable);
+    const auto content = FormerFiles::contentToRead(path);
+    auto settings = std::make_unique<SettingsObject>(path);
+    if (content)
+        SettingsContent::replace(*settings, *content);
+    return settings;
 }
 
-std::unique_ptr<QSettings> SettingsFile::openSystemScope(const QString &organisation,
-                                                         const QString &application)
+std::unique_ptr<SettingsObject> SettingsFile::openSystemScope(const QString &organisation,
+                                                              const QString &application)
 {
+    const QString path = systemScopePath(organisation, application);
     QByteArray readable;
-    if (!secure(systemScopePath(organisation, application), &readable))
-        return openInMemoryWith(readable);
-    return inUtf8(
-        std::make_unique<QSettings>(QSettings::IniFormat, QSettings::SystemScope, organisation, application));
+    if (!secure(path, &readable))
+        return openInMemoryFor(path, readable);
+    return std::make_unique<SettingsObject>(organisation, application);
 }
 
-std::unique_ptr<QSettings> SettingsFile::openInMemory()
+std::unique_ptr<SettingsObject> SettingsFile::openInMemory()
 {
-    // A place of the resource system can be read and never be written, on every platform.
-    static int count = 0;
-    return openAt(QStringLiteral(":/settings/in_memory_%1.ini").arg(++count));
+    return openInMemoryFor(QString(), QByteArray());
 }
 
 std::unique_ptr<QSettings> SettingsFile::openAgain(const QSettings &settings)
 {
-    return openAt(settings.fileName());
+    auto again = std::make_unique<QSettings>(settings.fileName(), QSettings::IniFormat);
+    again->setIniCodec(iniUtf8Codec());
+    return again;
 }
 
 void SettingsFile::clearAbandonedLock(const QString &path)
@@ -155,35 +139,4 @@ bool SettingsFile::secure(const QString &path, QByteArray *readable)
                 QStringLiteral("%1 was damaged (%2) and is kept as %3; what could be read of it is in use")
                     .arg(path, damage, kept));
     return true;
-}
-
-QMap<QString, QVariant> SettingsFile::content(const QByteArray &bytes)
-{
-    QTemporaryFile file;
-    if (bytes.isEmpty() || !file.open() || file.write(bytes) != bytes.size() || !file.flush())
-        return {};
-    return content(*openAt(file.fileName()));
-}
-
-QMap<QString, QVariant> SettingsFile::content(const QSettings &settings)
-{
-    QMap<QString, QVariant> all;
-    const QStringList keys = settings.allKeys();
-    for (const QString &key : keys)
-        all.insert(key, settings.value(key));
-    return all;
-}
-
-void SettingsFile::replaceContent(QSettings &settings, const QMap<QString, QVariant> &content)
-{
-    const QStringList present = settings.allKeys();
-    for (const QString &key : present) {
-        if (isKey(key) && !content.contains(key))
-            settings.remove(key);
-    }
-    // Removing a key takes the keys below it along.
-    for (auto it = content.cbegin(); it != content.cend(); ++it) {
-        if (isKey(it.key()) && (!settings.contains(it.key()) || !same(settings.value(it.key()), it.value())))
-            settings.setValue(it.key(), it.value());
-    }
 }

@@ -1,12 +1,13 @@
 #ifndef SETTINGSFILE_H
 #define SETTINGSFILE_H
 
-#include <QMap>
-#include <QSettings>
+#include <QByteArray>
 #include <QString>
-#include <QVariant>
 
 #include <memory>
+
+class QSettings;
+class SettingsObject;
 
 /// Settings files on disk: opening them whatever state they are in, and keeping what would be lost by that.
 ///
@@ -17,15 +18,15 @@
 namespace SettingsFile {
 
 /// Opens an ini file in UTF-8. A file that does not exist gives empty settings.
-std::unique_ptr<QSettings> open(const QString &path);
+std::unique_ptr<SettingsObject> open(const QString &path);
 
 /// Opens the system-scope ini file of an organisation's application in UTF-8.
-std::unique_ptr<QSettings> openSystemScope(const QString &organisation, const QString &application);
+std::unique_ptr<SettingsObject> openSystemScope(const QString &organisation, const QString &application);
 
-/// Settings that are on no disk. Two objects on one `fileName` share their content, as always.
-std::unique_ptr<QSettings> openInMemory();
+/// Settings that are on no disk.
+std::unique_ptr<SettingsObject> openInMemory();
 
-/// Another object on the same settings as an open one.
+/// Another object on the same settings as an open one. What one of them says the other says too.
 std::unique_ptr<QSettings> openAgain(const QSettings &settings);
 
 /// Sees to it that the file at `path` can be read whole and be written without a loss, as described above.
@@ -37,15 +38,6 @@ bool secure(const QString &path, QByteArray *readable = nullptr);
 /// Removes the lock of a process that was killed while it made it. Nobody's name is in such a lock, and
 /// `QSettings` would wait half a minute for its owner.
 void clearAbandonedLock(const QString &path);
-
-/// What an ini file with these bytes says, full key to value.
-QMap<QString, QVariant> content(const QByteArray &bytes);
-
-/// All values of open settings, full key to value.
-QMap<QString, QVariant> content(const QSettings &settings);
-
-/// Makes open settings say exactly this. What is the same already is not written.
-void replaceContent(QSettings &settings, const QMap<QString, QVariant> &content);
 
 }  // namespace SettingsFile
 

@@ -5,8 +5,10 @@
 #include "CommunicationAndData/settings/odbcconnection.h"
 #include "CommunicationAndData/settings/onlinethread.h"
 #include "CommunicationAndData/settings/safevalue.h"
+#include "CommunicationAndData/settings/settingscontent.h"
 #include "CommunicationAndData/settings/settingsfile.h"
 #include "CommunicationAndData/settings/settingskeys.h"
+#include "CommunicationAndData/settings/settingsobject.h"
 #include "CommunicationAndData/settings/stashimage.h"
 #include "CommunicationAndData/settings/workingsettings.h"
 #include "ZephanShared/toolkit/logger.h"
@@ -192,7 +194,7 @@ void SettingsHandler::setDatabaseSettings(const QString &group, const QMap<QStri
 
 bool SettingsHandler::store()
 {
-    d->remembered = SettingsFile::content(d->settings());
+    d->remembered = SettingsContent::of(d->settings());
     return true;
 }
 
@@ -200,7 +202,7 @@ bool SettingsHandler::restore()
 {
     if (!d->remembered)
         return false;
-    SettingsFile::replaceContent(d->settings(), *d->remembered);
+    SettingsContent::replace(d->settings(), *d->remembered);
     return true;
 }
 
@@ -253,7 +255,7 @@ bool SettingsHandler::getOnlineSettings(int id)
                                                     std::optional<OnlineWorker::Configuration>());
     if (configuration) {
         store();
-        SettingsFile::replaceContent(d->settings(), configuration->settings);
+        SettingsContent::replace(d->settings(), configuration->settings);
         d->working->sync();
     }
     const bool success = configuration.has_value();

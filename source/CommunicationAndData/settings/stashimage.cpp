@@ -1,7 +1,7 @@
 #include "CommunicationAndData/settings/stashimage.h"
 
 #include "CommunicationAndData/settings/safevalue.h"
-#include "CommunicationAndData/settings/settingsfile.h"
+#include "CommunicationAndData/settings/settingscontent.h"
 #include "CommunicationAndData/settings/variantstream.h"
 
 #include <QDataStream>
@@ -21,7 +21,7 @@ QVariant stashed(const QVariant &value)
 
 QMap<QString, QVariant> stashContent(const QSettings &settings)
 {
-    QMap<QString, QVariant> all = SettingsFile::content(settings);
+    QMap<QString, QVariant> all = SettingsContent::of(settings);
     for (QVariant &value : all)
         value = stashed(value);
     return all;

@@ -1,23 +1,13 @@
 #ifndef WORKINGSETTINGS_H
 #define WORKINGSETTINGS_H
 
-#include <QDateTime>
 #include <QObject>
 #include <QString>
 
 #include <memory>
 
 class QSettings;
-
-/// By what a change of a file is noticed.
-struct FileStamp
-{
-    qint64 size = 0;
-    QDateTime modified;
-
-    static FileStamp of(const QString &path);
-    bool operator==(const FileStamp &other) const;
-};
+class SettingsObject;
 
 /// The file that holds the working settings at the moment, open.
 ///
@@ -46,15 +36,10 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void watch();
-    void reportFailure();
+    explicit WorkingSettings(std::unique_ptr<SettingsObject> absolute);
 
-    const QString m_path;
-    bool m_onDisk = false;
-    bool m_failureReported = false;
-    FileStamp m_stamp;
-    std::unique_ptr<QSettings> m_absolute;
-    std::unique_ptr<QSettings> m_shared;
+    const std::unique_ptr<SettingsObject> m_absolute;
+    const std::unique_ptr<QSettings> m_shared;
 };
 
 #endif

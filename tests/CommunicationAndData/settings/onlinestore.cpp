@@ -1,6 +1,6 @@
 #include "onlinestore.h"
 
-#include "CommunicationAndData/settings/settingsfile.h"
+#include "CommunicationAndData/settings/settingscontent.h"
 
 #include <QSettings>
 #include <QSignalSpy>
@@ -29,12 +29,12 @@ namespace OnlineStore {
 
 QMap<QString, QVariant> content()
 {
-    return SettingsFile::content(*store()->generalSettings());
+    return SettingsContent::of(*store()->generalSettings());
 }
 
 void setContent(const QMap<QString, QVariant> &content)
 {
-    SettingsFile::replaceContent(*store()->generalSettings(), content);
+    SettingsContent::replace(*store()->generalSettings(), content);
 }
 
 bool connectTo(const QMap<QString, QVariant> &connection)

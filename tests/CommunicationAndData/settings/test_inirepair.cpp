@@ -110,9 +110,10 @@ void TestIniRepair::damageIsNamedAndTheRestIsRead_data()
         << QByteArray("[a]\nc=1\n");
     QTest::newRow("a page of another kind")
         << QByteArray("<html>\n<body>Not found</body>\n</html>\n") << "unreadable-line" << QByteArray();
+    const QByteArray line = "c=" + QByteArray(1021, 'x') + '\n';
     QTest::newRow("too much is cut behind a whole line")
-        << "[a]\nb=1\n" + QByteArray("c=2\n").repeated(kLargestIni / 4 + 1) << "too-large"
-        << "[a]\nb=1\n" + QByteArray("c=2\n").repeated(kLargestIni / 4 - 2);
+        << "[a]\n" + line.repeated(kLargestIni / 1024 + 1) << "too-large"
+        << "[a]\n" + line.repeated(kLargestIni / 1024 - 1);
 }
 
 void TestIniRepair::damageIsNamedAndTheRestIsRead()

@@ -58,6 +58,8 @@ private slots:
     void localApplicationSettingsThatAreDamagedAreKept();
     void localApplicationSettingsThatCannotBeWrittenSayThemselvesSo();
     void aDamagedCacheFileIsKept();
+    void aCacheFileThatCannotBeWrittenIsLoggedOnce();
+    void aCacheFileIsReadFromDiskAtEachOpening();
 
 private:
     QString newFile()
@@ -138,7 +140,8 @@ void TestSettingsFiles::aDamagedFileIsKeptAndReadAsFarAsItCanBe_data()
     QTest::newRow("random bytes") << QByteArray::fromHex("8f12aa03d97711fe2c0d0a5b9c") << "unreadable-line"
                                   << QString();
     QTest::newRow("five million bytes")
-        << "[ui]\ngood=1\n" + QByteArray("filler=0123456789\n").repeated(300000) << "too-large" << good;
+        << "[ui]\ngood=1\n" + QByteArray("filler=" + QByteArray(1000, 'x') + '\n').repeated(5000)
+        << "too-large" << good;
 }
 
 void TestSettingsFiles::aDamagedFileIsKeptAndReadAsFarAsItCanBe()
@@ -388,6 +391,23 @@ void TestSettingsFiles::aDamagedCacheFileIsKept()
     QCOMPARE(openSettingsFile(path)->value(QStringLiteral("localsave")).toBool(), true);
     QCOMPARE(readFile(keptCopies(path).value(0)), bytes);
     QCOMPARE(readFile(path), QByteArray("localsave=true\n"));
+}
+
+void TestSettingsFiles::aCacheFileThatCannotBeWrittenIsLoggedOnce()
+{
+    const QString path = QStringLiteral("/proc/corvane/local_cache");
+    for (int i = 0; i < 3; ++i)
+        openSettingsFile(path)->setValue(QStringLiteral("localsave"), true);
+    QCOMPARE(logged(path).size(), 1);
+    QVERIFY(logged(path).first().startsWith(QLatin1String("ERR CV: ")));
+}
+
+void TestSettingsFiles::aCacheFileIsReadFromDiskAtEachOpening()
+{
+    for (int i = 10; i < 60; ++i) {
+        QVERIFY(writeFile(m_path, "number=" + QByteArray::number(i)));
+        QCOMPARE(openSettingsFile(m_path)->value(QStringLiteral("number")).toInt(), i);
+    }
 }
 
 QTEST_GUILESS_MAIN(TestSettingsFiles)

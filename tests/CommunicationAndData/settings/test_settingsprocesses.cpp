@@ -51,6 +51,7 @@ private slots:
     void aLockThatAKilledProcessLeftHoldsNobodyUp();
     void twoProcessesKeepEachOthersKeys();
     void whatIsPendingAtTheEndIsWritten();
+    void whatCannotBeWrittenAtTheEndIsLogged();
     void theWorkersThreadEndsWithTheProcess_data();
     void theWorkersThreadEndsWithTheProcess();
 
@@ -118,6 +119,15 @@ void TestSettingsProcesses::whatIsPendingAtTheEndIsWritten()
     QVERIFY(process->waitForFinished());
     QCOMPARE(process->exitCode(), 0);
     QCOMPARE(readFile(path), QByteArray("[ui]\npending=1\n"));
+}
+
+void TestSettingsProcesses::whatCannotBeWrittenAtTheEndIsLogged()
+{
+    const auto process = child({QStringLiteral("pending"), QStringLiteral("/proc/corvane/corvane.ini")});
+    QVERIFY(process->waitForFinished());
+    QCOMPARE(process->exitStatus(), QProcess::NormalExit);
+    QCOMPARE(process->exitCode(), 0);
+    QCOMPARE(readFile(m_workstation.runtimeLog()).count("/proc/corvane/corvane.ini"), 1);
 }
 
 void TestSettingsProcesses::theWorkersThreadEndsWithTheProcess_data()

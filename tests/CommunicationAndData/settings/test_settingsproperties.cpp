@@ -1,6 +1,6 @@
 #include "CommunicationAndData/settings/inirepair.h"
 #include "CommunicationAndData/settings/safevalue.h"
-#include "CommunicationAndData/settings/settingsfile.h"
+#include "CommunicationAndData/settings/settingscontent.h"
 #include "CommunicationAndData/settings/settingshandler.h"
 #include "CommunicationAndData/settings/stashimage.h"
 #include "randomsettings.h"
@@ -20,7 +20,7 @@ SettingsHandler *store()
 
 QMap<QString, QVariant> content()
 {
-    return SettingsFile::content(*store()->generalSettings());
+    return SettingsContent::of(*store()->generalSettings());
 }
 
 }  // namespace

@@ -1,0 +1,24 @@
+#ifndef SETTINGSCONTENT_H
+#define SETTINGSCONTENT_H
+
+#include <QMap>
+#include <QString>
+#include <QVariant>
+
+class QSettings;
+
+/// What settings say, full key to value, apart from where they say it.
+namespace SettingsContent {
+
+/// All values of open settings. No group may be entered in them.
+QMap<QString, QVariant> of(const QSettings &settings);
+
+/// All values of an ini file with these bytes, which has to be without damage.
+QMap<QString, QVariant> of(const QByteArray &bytes);
+
+/// Makes open settings say exactly this. What is the same already is not written.
+void replace(QSettings &settings, const QMap<QString, QVariant> &content);
+
+}  // namespace SettingsContent
+
+#endif
