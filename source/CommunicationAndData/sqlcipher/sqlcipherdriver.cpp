@@ -93,6 +93,7 @@ struct TableInfo
 TableInfo readTableInfo(const SqlCipherDriver &driver, const QString &tableName)
 {
     const QualifiedName name = splitTableName(tableName);
+    const QString owner = isDelimitedIdentifier(tableName) ? name.table : tableName;
     const QString schema =
         name.schema.isEmpty() ? QString() : quotedIdentifier(name.schema) + QLatin1Char('.');
     TableInfo table;
@@ -101,7 +102,7 @@ TableInfo readTableInfo(const SqlCipherDriver &driver, const QString &tableName)
     info.exec(QStringLiteral("PRAGMA %1table_info(%2)").arg(schema, quotedIdentifier(name.table)));
     QStringList keyTypes;
     while (info.next()) {
-        table.columns.push_back(columnOf(info, tableName));
+        table.columns.push_back(columnOf(info, owner));
         const int position = info.value(kInfoKeyPosition).toInt();
         if (position > 0) {
             table.key.push_back({position, table.columns.back()});
