@@ -1,11 +1,11 @@
 #ifndef SQLCIPHERBINDING_H
 #define SQLCIPHERBINDING_H
 
+#include "CommunicationAndData/sqlcipher/rowstore.h"
+
 #include <QSqlError>
 #include <QVariant>
-
-struct sqlite3;
-struct sqlite3_stmt;
+#include <sqlite3.h>
 
 /// Where a value meets SQLite: its storage classes on one side, Qt's types on the other.
 
@@ -16,8 +16,11 @@ struct sqlite3_stmt;
 /// NULL. \return a SQLite result code; SQLITE_MISMATCH for a value that has no text form
 int bindVariant(sqlite3_stmt *statement, int index, const QVariant &value);
 
-/// A real as \p policy wants it read: double, or cut to 64 or 32 bits.
-QVariant realToVariant(double value, QSql::NumericalPrecisionPolicy policy);
+/// A value as Qt has it: a 64-bit number, a text or bytes; NULL is a null text, and a real is cut to 64 or 32
+/// bits where \p policy wants that.
+QVariant valueToVariant(sqlite3_value *value, QSql::NumericalPrecisionPolicy policy);
+/// The same of a value that was stored.
+QVariant cellToVariant(const RowStore::Cell &cell, QSql::NumericalPrecisionPolicy policy);
 
 /// Qt's type of a column that was declared with \p declaredType, in the way that QSQLITE tells it.
 QVariant::Type declaredColumnType(const QString &declaredType);

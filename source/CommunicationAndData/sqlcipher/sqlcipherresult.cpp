@@ -9,7 +9,6 @@
 #include <algorithm>
 #include <cctype>
 #include <cstring>
-#include <sqlite3.h>
 
 namespace {
 
@@ -141,29 +140,35 @@ bool SqlCipherResult::execBatch(bool)
     return isDone;
 }
 
+void SqlCipherResult::setAt(int row)
+{
+    QSqlResult::setAt(row);
+    const bool isStatementRow = row >= 0 && row == m_statementRow;
+    m_readsStatement = isStatementRow && !m_atEnd;
+    if (m_keepsRows)
+        m_storedRow = row < m_rows.count() ? row : -1;
+    else
+        m_storedRow = isStatementRow && m_rows.count() > 0 ? 0 : -1;
+}
+
 QVariant SqlCipherResult::data(int column)
 {
-    if (!hasCell(column))
+    if (column < 0 || column >= m_columns)
         return QVariant();
-    const RowStore::Cell cell = cellAt(column);
-    switch (cell.kind) {
-    case RowStore::Kind::Integer:
-        return cell.integer;
-    case RowStore::Kind::Real:
-        return realToVariant(cell.real, numericalPrecisionPolicy());
-    case RowStore::Kind::Text:
-        return QString::fromUtf8(cell.bytes, cell.length);
-    case RowStore::Kind::Blob:
-        return cell.length > 0 ? QByteArray(cell.bytes, cell.length) : QByteArray("");  // not a null one
-    case RowStore::Kind::Null:
-        break;
-    }
-    return QVariant(QVariant::String);
+    if (m_readsStatement)
+        return valueToVariant(statementValue(column), numericalPrecisionPolicy());
+    if (m_storedRow >= 0)
+        return cellToVariant(m_rows.cell(m_storedRow, column), numericalPrecisionPolicy());
+    return QVariant();
 }
 
 bool SqlCipherResult::isNull(int column)
 {
-    return !hasCell(column) || cellAt(column).kind == RowStore::Kind::Null;
+    if (column < 0 || column >= m_columns)
+        return true;
+    if (m_readsStatement)
+        return sqlite3_column_type(m_statement, column) == SQLITE_NULL;
+    return m_storedRow < 0 || m_rows.cell(m_storedRow, column).kind == RowStore::Kind::Null;
 }
 
 bool SqlCipherResult::fetch(int row)
@@ -261,6 +266,8 @@ void SqlCipherResult::forgetRows()
     m_columns = 0;
     m_atEnd = true;
     m_statementRow = -1;
+    m_readsStatement = false;
+    m_storedRow = -1;
     m_affectedRows = -1;
     m_lastInsertId.clear();
 }
@@ -392,26 +399,36 @@ bool SqlCipherResult::step()
 void SqlCipherResult::storeRow()
 {
     for (int column = 0; column < m_columns; ++column) {
-        const RowStore::Cell cell = cellOfStatement(column);
-        switch (cell.kind) {
-        case RowStore::Kind::Null:
+        sqlite3_value *value = statementValue(column);
+        switch (sqlite3_value_type(value)) {
+        case SQLITE_INTEGER:
+            m_rows.addInteger(sqlite3_value_int64(value));
+            break;
+        case SQLITE_FLOAT:
+            m_rows.addReal(sqlite3_value_double(value));
+            break;
+        case SQLITE_TEXT: {
+            const unsigned char *text = sqlite3_value_text(value);
+            m_rows.addText(reinterpret_cast<const char *>(text), sqlite3_value_bytes(value));
+            break;
+        }
+        case SQLITE_BLOB: {
+            const void *bytes = sqlite3_value_blob(value);
+            m_rows.addBlob(static_cast<const char *>(bytes), sqlite3_value_bytes(value));
+            break;
+        }
+        default:
             m_rows.addNull();
-            break;
-        case RowStore::Kind::Integer:
-            m_rows.addInteger(cell.integer);
-            break;
-        case RowStore::Kind::Real:
-            m_rows.addReal(cell.real);
-            break;
-        case RowStore::Kind::Text:
-            m_rows.addText(cell.bytes, cell.length);
-            break;
-        case RowStore::Kind::Blob:
-            m_rows.addBlob(cell.bytes, cell.length);
-            break;
         }
     }
     m_rows.endRow();
+}
+
+/// A connection without a mutex knows no difference between values of columns and others, so that one look-up
+/// does for a cell's type, bytes and length.
+sqlite3_value *SqlCipherResult::statementValue(int column) const
+{
+    return sqlite3_column_value(m_statement, column);
 }
 
 bool SqlCipherResult::fetchStored(int row)
@@ -452,50 +469,4 @@ bool SqlCipherResult::fetchLastForward()
         return false;
     setAt(m_statementRow);
     return true;
-}
-
-bool SqlCipherResult::hasCell(int column) const
-{
-    // An inactive result has no columns.
-    const int row = at();
-    if (column < 0 || column >= m_columns || row < 0)
-        return false;
-    return m_keepsRows ? row < m_rows.count() : row == m_statementRow && (!m_atEnd || m_rows.count() > 0);
-}
-
-RowStore::Cell SqlCipherResult::cellOfStatement(int column) const
-{
-    RowStore::Cell cell;
-    // The connection has no mutex, so that this value may be read as any other: one look-up instead of three.
-    sqlite3_value *value = sqlite3_column_value(m_statement, column);
-    switch (sqlite3_value_type(value)) {
-    case SQLITE_INTEGER:
-        cell.kind = RowStore::Kind::Integer;
-        cell.integer = sqlite3_value_int64(value);
-        break;
-    case SQLITE_FLOAT:
-        cell.kind = RowStore::Kind::Real;
-        cell.real = sqlite3_value_double(value);
-        break;
-    case SQLITE_TEXT:
-        cell.kind = RowStore::Kind::Text;
-        cell.bytes = reinterpret_cast<const char *>(sqlite3_value_text(value));
-        cell.length = sqlite3_value_bytes(value);
-        break;
-    case SQLITE_BLOB:
-        cell.kind = RowStore::Kind::Blob;
-        cell.bytes = static_cast<const char *>(sqlite3_value_blob(value));
-        cell.length = sqlite3_value_bytes(value);
-        break;
-    default:
-        break;
-    }
-    return cell;
-}
-
-RowStore::Cell SqlCipherResult::cellAt(int column) const
-{
-    if (m_keepsRows)
-        return m_rows.cell(at(), column);
-    return m_atEnd ? m_rows.cell(0, column) : cellOfStatement(column);
 }

@@ -7,9 +7,8 @@
 #include <QSqlRecord>
 #include <QSqlResult>
 #include <QVector>
+#include <sqlite3.h>
 
-struct sqlite3;
-struct sqlite3_stmt;
 class SqlCipherDriver;
 
 /// The rows of one statement of a `QSQLCIPHER` connection.
@@ -31,6 +30,7 @@ protected:
     bool exec() override;
     bool execBatch(bool arrayBind) override;
 
+    void setAt(int row) override;
     QVariant data(int column) override;
     bool isNull(int column) override;
     bool fetch(int row) override;
@@ -67,12 +67,10 @@ private:
 
     bool step();
     void storeRow();
+    sqlite3_value *statementValue(int column) const;
     bool fetchStored(int row);
     bool fetchForward(int row);
     bool fetchLastForward();
-    bool hasCell(int column) const;
-    RowStore::Cell cellOfStatement(int column) const;
-    RowStore::Cell cellAt(int column) const;
 
     const SqlCipherDriver *m_driver;
     sqlite3_stmt *m_statement = nullptr;
@@ -83,7 +81,9 @@ private:
     int m_columns = 0;
     bool m_keepsRows = true;
     bool m_atEnd = true;
-    int m_statementRow = -1;
+    int m_statementRow = -1;        // where a forward-only result's statement stands
+    bool m_readsStatement = false;  // whether the current row is the statement's
+    int m_storedRow = -1;           // or the number of its stored row, negative for none
     int m_affectedRows = -1;
     QVariant m_lastInsertId;
 };
