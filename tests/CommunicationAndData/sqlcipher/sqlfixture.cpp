@@ -3,7 +3,7 @@
 #include "CommunicationAndData/sqlcipher/databasekey.h"
 
 #include <QDir>
-#include <QFile>
+#include <QFileInfo>
 #include <QMutex>
 #include <QSqlError>
 
@@ -23,9 +23,18 @@ void catchWarning(QtMsgType type, const QMessageLogContext &context, const QStri
     }
 }
 
+/// A folder in memory where there is one: each commit waits for the disk otherwise.
+QString folderTemplate()
+{
+    const QString memory = QStringLiteral("/dev/shm");
+    const QString parent = QFileInfo(memory).isWritable() ? memory : QDir::tempPath();
+    return parent + QStringLiteral("/corvane-sql-XXXXXX");
+}
+
 }  // namespace
 
 SqlFixture::SqlFixture()
+    : m_folder(folderTemplate())
 {
     if (!m_folder.isValid())
         qFatal("No temporary folder: %s", qPrintable(m_folder.errorString()));
