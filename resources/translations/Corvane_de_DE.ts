@@ -25,6 +25,133 @@
     </message>
 </context>
 <context>
+    <name>AccessSettingsView</name>
+    <message>
+        <source>None</source>
+        <translation>Keine</translation>
+    </message>
+    <message>
+        <source>Windows group based</source>
+        <translation>Nach Windows-Gruppen</translation>
+    </message>
+    <message>
+        <source>Windows user based</source>
+        <translation>Nach Windows-Benutzern</translation>
+    </message>
+    <message>
+        <source>Internal users</source>
+        <translation>Interne Benutzer</translation>
+    </message>
+    <message>
+        <source>Access control settings</source>
+        <translation>Einstellungen der Zugriffskontrolle</translation>
+    </message>
+    <message>
+        <source>Access control method</source>
+        <translation>Verfahren der Zugriffskontrolle</translation>
+    </message>
+    <message>
+        <source>Offline Cache</source>
+        <translation>Offline-Zwischenspeicher</translation>
+    </message>
+    <message>
+        <source>Enabled</source>
+        <translation>Aktiviert</translation>
+    </message>
+    <message>
+        <source>Expiration time</source>
+        <translation>Ablaufzeit</translation>
+    </message>
+    <message>
+        <source>Warn user of expiration</source>
+        <translation>Benutzer vor dem Ablauf warnen</translation>
+    </message>
+    <message>
+        <source>Local access control system</source>
+        <translation>Lokale Zugriffskontrolle</translation>
+    </message>
+    <message>
+        <source>Path to local access control database</source>
+        <translation>Pfad der lokalen Zugriffsdatenbank</translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation>Durchsuchen...</translation>
+    </message>
+    <message>
+        <source>Audit trail settings</source>
+        <translation>Einstellungen des Audit-Trails</translation>
+    </message>
+    <message>
+        <source>Offline audit trail enabled</source>
+        <translation>Offline-Audit-Trail aktiviert</translation>
+    </message>
+    <message>
+        <source>Audit trail offline database location</source>
+        <translation>Ort der Offline-Datenbank des Audit-Trails</translation>
+    </message>
+    <message>
+        <source>Online audit trail</source>
+        <translation>Online-Audit-Trail</translation>
+    </message>
+    <message>
+        <source>Unknown. Click to read state from database.</source>
+        <translation>Unbekannt. Klicken, um den Stand aus der Datenbank zu lesen.</translation>
+    </message>
+    <message>
+        <source> Days</source>
+        <translation> Tage</translation>
+    </message>
+    <message>
+        <source> Days (No expiration)</source>
+        <translation> Tage (kein Ablauf)</translation>
+    </message>
+    <message>
+        <source>Select offline database location directory</source>
+        <translation>Ordner für die Offline-Datenbank auswählen</translation>
+    </message>
+    <message>
+        <source>Connect</source>
+        <translation>Verbinden</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Please enter username.</source>
+        <translation>Bitte geben Sie einen Benutzernamen ein.</translation>
+    </message>
+    <message>
+        <source>Setting not accepted</source>
+        <translation>Einstellung nicht übernommen</translation>
+    </message>
+    <message>
+        <source>Setting was not loaded nor written.</source>
+        <translation>Die Einstellung wurde weder gelesen noch geschrieben.</translation>
+    </message>
+    <message>
+        <source>Setting read</source>
+        <translation>Einstellung gelesen</translation>
+    </message>
+    <message>
+        <source>Setting value for connected database is now shown.</source>
+        <translation>Der Wert der Einstellung für die verbundene Datenbank wird jetzt angezeigt.</translation>
+    </message>
+    <message>
+        <source>Setting accepted</source>
+        <translation>Einstellung übernommen</translation>
+    </message>
+    <message>
+        <source>Setting is now bound to the connected database. Please save or distribute to bring into effect.</source>
+        <translation>Die Einstellung ist jetzt an die verbundene Datenbank gebunden. Bitte speichern oder verteilen Sie, damit sie wirksam wird.</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>Ok</translation>
+    </message>
+</context>
+<context>
     <name>AuditTrailQueryModel</name>
     <message>
         <source>Unknown</source>
@@ -1486,6 +1613,18 @@ Die vorherigen Einstellungen wurden wiederhergestellt.</translation>
     <message>
         <source>Importing settings from %1 did not succeed. Please try again.</source>
         <translation>Der Import der Einstellungen aus %1 ist fehlgeschlagen. Bitte versuchen Sie es erneut.</translation>
+    </message>
+    <message>
+        <source>Access control</source>
+        <translation>Zugriffskontrolle</translation>
+    </message>
+    <message>
+        <source>and</source>
+        <translation>und</translation>
+    </message>
+    <message>
+        <source>Audit trail</source>
+        <translation>Audit-Trail</translation>
     </message>
 </context>
 <context>

@@ -25,6 +25,133 @@
     </message>
 </context>
 <context>
+    <name>AccessSettingsView</name>
+    <message>
+        <source>None</source>
+        <translation>None</translation>
+    </message>
+    <message>
+        <source>Windows group based</source>
+        <translation>Windows group based</translation>
+    </message>
+    <message>
+        <source>Windows user based</source>
+        <translation>Windows user based</translation>
+    </message>
+    <message>
+        <source>Internal users</source>
+        <translation>Internal users</translation>
+    </message>
+    <message>
+        <source>Access control settings</source>
+        <translation>Access control settings</translation>
+    </message>
+    <message>
+        <source>Access control method</source>
+        <translation>Access control method</translation>
+    </message>
+    <message>
+        <source>Offline Cache</source>
+        <translation>Offline Cache</translation>
+    </message>
+    <message>
+        <source>Enabled</source>
+        <translation>Enabled</translation>
+    </message>
+    <message>
+        <source>Expiration time</source>
+        <translation>Expiration time</translation>
+    </message>
+    <message>
+        <source>Warn user of expiration</source>
+        <translation>Warn user of expiration</translation>
+    </message>
+    <message>
+        <source>Local access control system</source>
+        <translation>Local access control system</translation>
+    </message>
+    <message>
+        <source>Path to local access control database</source>
+        <translation>Path to local access control database</translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation>Browse...</translation>
+    </message>
+    <message>
+        <source>Audit trail settings</source>
+        <translation>Audit trail settings</translation>
+    </message>
+    <message>
+        <source>Offline audit trail enabled</source>
+        <translation>Offline audit trail enabled</translation>
+    </message>
+    <message>
+        <source>Audit trail offline database location</source>
+        <translation>Audit trail offline database location</translation>
+    </message>
+    <message>
+        <source>Online audit trail</source>
+        <translation>Online audit trail</translation>
+    </message>
+    <message>
+        <source>Unknown. Click to read state from database.</source>
+        <translation>Unknown. Click to read state from database.</translation>
+    </message>
+    <message>
+        <source> Days</source>
+        <translation> Days</translation>
+    </message>
+    <message>
+        <source> Days (No expiration)</source>
+        <translation> Days (No expiration)</translation>
+    </message>
+    <message>
+        <source>Select offline database location directory</source>
+        <translation>Select offline database location directory</translation>
+    </message>
+    <message>
+        <source>Connect</source>
+        <translation>Connect</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Please enter username.</source>
+        <translation>Please enter username.</translation>
+    </message>
+    <message>
+        <source>Setting not accepted</source>
+        <translation>Setting not accepted</translation>
+    </message>
+    <message>
+        <source>Setting was not loaded nor written.</source>
+        <translation>Setting was not loaded nor written.</translation>
+    </message>
+    <message>
+        <source>Setting read</source>
+        <translation>Setting read</translation>
+    </message>
+    <message>
+        <source>Setting value for connected database is now shown.</source>
+        <translation>Setting value for connected database is now shown.</translation>
+    </message>
+    <message>
+        <source>Setting accepted</source>
+        <translation>Setting accepted</translation>
+    </message>
+    <message>
+        <source>Setting is now bound to the connected database. Please save or distribute to bring into effect.</source>
+        <translation>Setting is now bound to the connected database. Please save or distribute to bring into effect.</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>Ok</translation>
+    </message>
+</context>
+<context>
     <name>AuditTrailQueryModel</name>
     <message>
         <source>Unknown</source>
@@ -1486,6 +1613,18 @@ Previous settings restored.</translation>
     <message>
         <source>Importing settings from %1 did not succeed. Please try again.</source>
         <translation>Importing settings from %1 did not succeed. Please try again.</translation>
+    </message>
+    <message>
+        <source>Access control</source>
+        <translation>Access control</translation>
+    </message>
+    <message>
+        <source>and</source>
+        <translation>and</translation>
+    </message>
+    <message>
+        <source>Audit trail</source>
+        <translation>Audit trail</translation>
     </message>
 </context>
 <context>

@@ -25,6 +25,133 @@
     </message>
 </context>
 <context>
+    <name>AccessSettingsView</name>
+    <message>
+        <source>None</source>
+        <translation>なし</translation>
+    </message>
+    <message>
+        <source>Windows group based</source>
+        <translation>Windows グループ</translation>
+    </message>
+    <message>
+        <source>Windows user based</source>
+        <translation>Windows ユーザー</translation>
+    </message>
+    <message>
+        <source>Internal users</source>
+        <translation>内部ユーザー</translation>
+    </message>
+    <message>
+        <source>Access control settings</source>
+        <translation>アクセス制御の設定</translation>
+    </message>
+    <message>
+        <source>Access control method</source>
+        <translation>アクセス制御の方式</translation>
+    </message>
+    <message>
+        <source>Offline Cache</source>
+        <translation>オフラインキャッシュ</translation>
+    </message>
+    <message>
+        <source>Enabled</source>
+        <translation>有効</translation>
+    </message>
+    <message>
+        <source>Expiration time</source>
+        <translation>有効期限</translation>
+    </message>
+    <message>
+        <source>Warn user of expiration</source>
+        <translation>期限切れをユーザーに警告する</translation>
+    </message>
+    <message>
+        <source>Local access control system</source>
+        <translation>ローカルのアクセス制御システム</translation>
+    </message>
+    <message>
+        <source>Path to local access control database</source>
+        <translation>ローカルのアクセス制御データベースのパス</translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation>参照...</translation>
+    </message>
+    <message>
+        <source>Audit trail settings</source>
+        <translation>監査証跡の設定</translation>
+    </message>
+    <message>
+        <source>Offline audit trail enabled</source>
+        <translation>オフライン監査証跡を有効にする</translation>
+    </message>
+    <message>
+        <source>Audit trail offline database location</source>
+        <translation>監査証跡のオフラインデータベースの場所</translation>
+    </message>
+    <message>
+        <source>Online audit trail</source>
+        <translation>オンライン監査証跡</translation>
+    </message>
+    <message>
+        <source>Unknown. Click to read state from database.</source>
+        <translation>不明です。クリックするとデータベースから状態を読み取ります。</translation>
+    </message>
+    <message>
+        <source> Days</source>
+        <translation> 日</translation>
+    </message>
+    <message>
+        <source> Days (No expiration)</source>
+        <translation> 日 (無期限)</translation>
+    </message>
+    <message>
+        <source>Select offline database location directory</source>
+        <translation>オフラインデータベースのフォルダーを選択</translation>
+    </message>
+    <message>
+        <source>Connect</source>
+        <translation>接続</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Please enter username.</source>
+        <translation>ユーザー名を入力してください。</translation>
+    </message>
+    <message>
+        <source>Setting not accepted</source>
+        <translation>設定は受け付けられませんでした</translation>
+    </message>
+    <message>
+        <source>Setting was not loaded nor written.</source>
+        <translation>設定の読み取りも書き込みも行われませんでした。</translation>
+    </message>
+    <message>
+        <source>Setting read</source>
+        <translation>設定を読み取りました</translation>
+    </message>
+    <message>
+        <source>Setting value for connected database is now shown.</source>
+        <translation>接続したデータベースの設定値を表示しています。</translation>
+    </message>
+    <message>
+        <source>Setting accepted</source>
+        <translation>設定を受け付けました</translation>
+    </message>
+    <message>
+        <source>Setting is now bound to the connected database. Please save or distribute to bring into effect.</source>
+        <translation>設定は接続したデータベースに結び付けられました。有効にするには、保存または配布してください。</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
     <name>AuditTrailQueryModel</name>
     <message>
         <source>Unknown</source>
@@ -1486,6 +1613,18 @@ Previous settings restored.</source>
     <message>
         <source>Importing settings from %1 did not succeed. Please try again.</source>
         <translation>%1 からの設定のインポートに失敗しました。もう一度お試しください。</translation>
+    </message>
+    <message>
+        <source>Access control</source>
+        <translation>アクセス制御</translation>
+    </message>
+    <message>
+        <source>and</source>
+        <translation>と</translation>
+    </message>
+    <message>
+        <source>Audit trail</source>
+        <translation>監査証跡</translation>
     </message>
 </context>
 <context>

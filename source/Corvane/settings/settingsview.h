@@ -7,6 +7,7 @@
 #include <QStringList>
 
 class AccessControl;
+class AccessSettingsView;
 class DatabaseSettingsView;
 class PersonBrowserSettingsView;
 class QAction;
@@ -97,6 +98,7 @@ private:
     QTabWidget *m_tabs = nullptr;
     QLabel *m_prompt = nullptr;
 
+    AccessSettingsView *m_accessPage = nullptr;
     DatabaseSettingsView *m_databasePage = nullptr;
     PersonBrowserSettingsView *m_generalPage = nullptr;
 
