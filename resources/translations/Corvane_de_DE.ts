@@ -415,6 +415,105 @@
     </message>
 </context>
 <context>
+    <name>ConfManagementDialog</name>
+    <message>
+        <source>Settings configuration management</source>
+        <translation>Verwaltung der Konfigurationen</translation>
+    </message>
+    <message>
+        <source>Select settings configuration</source>
+        <translation>Konfiguration auswählen</translation>
+    </message>
+    <message>
+        <source>Configuration notes</source>
+        <translation>Hinweise zur Konfiguration</translation>
+    </message>
+    <message>
+        <source>Connected - reconnect</source>
+        <translation>Verbunden - neu verbinden</translation>
+    </message>
+    <message>
+        <source>No connection - connect</source>
+        <translation>Keine Verbindung - verbinden</translation>
+    </message>
+    <message>
+        <source>Load configuration</source>
+        <translation>Konfiguration laden</translation>
+    </message>
+    <message>
+        <source>Delete configuration</source>
+        <translation>Konfiguration löschen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Show connection options</source>
+        <translation>Verbindungsoptionen anzeigen</translation>
+    </message>
+    <message>
+        <source>Hide connection options</source>
+        <translation>Verbindungsoptionen ausblenden</translation>
+    </message>
+    <message>
+        <source>Connecting...</source>
+        <translation>Verbindung wird aufgebaut...</translation>
+    </message>
+    <message>
+        <source>Connecting</source>
+        <translation>Verbindung wird aufgebaut</translation>
+    </message>
+    <message>
+        <source>%1 Created %2 by %3</source>
+        <translation>%1 Erstellt %2 von %3</translation>
+    </message>
+    <message>
+        <source>Active in database</source>
+        <translation>Aktiv in der Datenbank</translation>
+    </message>
+    <message>
+        <source>Deleting settings</source>
+        <translation>Einstellungen löschen</translation>
+    </message>
+    <message>
+        <source>Deleting from database:</source>
+        <translation>Wird aus der Datenbank gelöscht:</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cannot delete active configuration</source>
+        <translation>Die aktive Konfiguration kann nicht gelöscht werden</translation>
+    </message>
+    <message>
+        <source>Settings configuration was not deleted</source>
+        <translation>Die Konfiguration wurde nicht gelöscht</translation>
+    </message>
+    <message>
+        <source>Could not delete settings configuration</source>
+        <translation>Die Konfiguration konnte nicht gelöscht werden</translation>
+    </message>
+    <message>
+        <source>Check connection options and try again</source>
+        <translation>Prüfen Sie die Verbindungsoptionen und versuchen Sie es erneut</translation>
+    </message>
+    <message>
+        <source>Deleting configuration failed</source>
+        <translation>Löschen der Konfiguration fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Deleting settings configuration from database was unsuccessful.</source>
+        <translation>Die Konfiguration konnte nicht aus der Datenbank gelöscht werden.</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>Ok</translation>
+    </message>
+</context>
+<context>
     <name>ConnectionOptionsDialog</name>
     <message>
         <source>Audit trail connection options</source>
@@ -615,6 +714,69 @@
     <message>
         <source>Switch to compare to previously loaded settings</source>
         <translation>Mit den zuvor geladenen Einstellungen vergleichen</translation>
+    </message>
+</context>
+<context>
+    <name>DistributionView</name>
+    <message>
+        <source>Check user rights and try again.</source>
+        <translation>Prüfen Sie die Benutzerrechte und versuchen Sie es erneut.</translation>
+    </message>
+    <message>
+        <source>Check configuration ID and try again.</source>
+        <translation>Prüfen Sie die Konfigurations-ID und versuchen Sie es erneut.</translation>
+    </message>
+    <message>
+        <source>Check connection options and try again.</source>
+        <translation>Prüfen Sie die Verbindungsoptionen und versuchen Sie es erneut.</translation>
+    </message>
+    <message>
+        <source>Distribute settings</source>
+        <translation>Einstellungen verteilen</translation>
+    </message>
+    <message>
+        <source>Options to connect settings database</source>
+        <translation>Verbindung zur Einstellungsdatenbank</translation>
+    </message>
+    <message>
+        <source>Insert additional configuration information</source>
+        <translation>Weitere Angaben zur Konfiguration</translation>
+    </message>
+    <message>
+        <source>Inform user about settings change</source>
+        <translation>Benutzer über die Änderung informieren</translation>
+    </message>
+    <message>
+        <source>Add configuration release notes</source>
+        <translation>Versionshinweise zur Konfiguration</translation>
+    </message>
+    <message>
+        <source>Save to database</source>
+        <translation>In Datenbank speichern</translation>
+    </message>
+    <message>
+        <source>Distribute to users</source>
+        <translation>An Benutzer verteilen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Connecting...</source>
+        <translation>Verbindung wird aufgebaut...</translation>
+    </message>
+    <message>
+        <source>Sending settings...</source>
+        <translation>Einstellungen werden gesendet...</translation>
+    </message>
+    <message>
+        <source>Could not connect to database.</source>
+        <translation>Keine Verbindung zur Datenbank.</translation>
+    </message>
+    <message>
+        <source>Settings could not be inserted to database.</source>
+        <translation>Die Einstellungen konnten nicht in die Datenbank eingefügt werden.</translation>
     </message>
 </context>
 <context>
@@ -1625,6 +1787,10 @@ Die vorherigen Einstellungen wurden wiederhergestellt.</translation>
     <message>
         <source>Audit trail</source>
         <translation>Audit-Trail</translation>
+    </message>
+    <message>
+        <source>Notice.</source>
+        <translation>Hinweis.</translation>
     </message>
 </context>
 <context>

@@ -415,6 +415,105 @@
     </message>
 </context>
 <context>
+    <name>ConfManagementDialog</name>
+    <message>
+        <source>Settings configuration management</source>
+        <translation>Settings configuration management</translation>
+    </message>
+    <message>
+        <source>Select settings configuration</source>
+        <translation>Select settings configuration</translation>
+    </message>
+    <message>
+        <source>Configuration notes</source>
+        <translation>Configuration notes</translation>
+    </message>
+    <message>
+        <source>Connected - reconnect</source>
+        <translation>Connected - reconnect</translation>
+    </message>
+    <message>
+        <source>No connection - connect</source>
+        <translation>No connection - connect</translation>
+    </message>
+    <message>
+        <source>Load configuration</source>
+        <translation>Load configuration</translation>
+    </message>
+    <message>
+        <source>Delete configuration</source>
+        <translation>Delete configuration</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Show connection options</source>
+        <translation>Show connection options</translation>
+    </message>
+    <message>
+        <source>Hide connection options</source>
+        <translation>Hide connection options</translation>
+    </message>
+    <message>
+        <source>Connecting...</source>
+        <translation>Connecting...</translation>
+    </message>
+    <message>
+        <source>Connecting</source>
+        <translation>Connecting</translation>
+    </message>
+    <message>
+        <source>%1 Created %2 by %3</source>
+        <translation>%1 Created %2 by %3</translation>
+    </message>
+    <message>
+        <source>Active in database</source>
+        <translation>Active in database</translation>
+    </message>
+    <message>
+        <source>Deleting settings</source>
+        <translation>Deleting settings</translation>
+    </message>
+    <message>
+        <source>Deleting from database:</source>
+        <translation>Deleting from database:</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cannot delete active configuration</source>
+        <translation>Cannot delete active configuration</translation>
+    </message>
+    <message>
+        <source>Settings configuration was not deleted</source>
+        <translation>Settings configuration was not deleted</translation>
+    </message>
+    <message>
+        <source>Could not delete settings configuration</source>
+        <translation>Could not delete settings configuration</translation>
+    </message>
+    <message>
+        <source>Check connection options and try again</source>
+        <translation>Check connection options and try again</translation>
+    </message>
+    <message>
+        <source>Deleting configuration failed</source>
+        <translation>Deleting configuration failed</translation>
+    </message>
+    <message>
+        <source>Deleting settings configuration from database was unsuccessful.</source>
+        <translation>Deleting settings configuration from database was unsuccessful.</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>Ok</translation>
+    </message>
+</context>
+<context>
     <name>ConnectionOptionsDialog</name>
     <message>
         <source>Audit trail connection options</source>
@@ -615,6 +714,69 @@
     <message>
         <source>Switch to compare to previously loaded settings</source>
         <translation>Switch to compare to previously loaded settings</translation>
+    </message>
+</context>
+<context>
+    <name>DistributionView</name>
+    <message>
+        <source>Check user rights and try again.</source>
+        <translation>Check user rights and try again.</translation>
+    </message>
+    <message>
+        <source>Check configuration ID and try again.</source>
+        <translation>Check configuration ID and try again.</translation>
+    </message>
+    <message>
+        <source>Check connection options and try again.</source>
+        <translation>Check connection options and try again.</translation>
+    </message>
+    <message>
+        <source>Distribute settings</source>
+        <translation>Distribute settings</translation>
+    </message>
+    <message>
+        <source>Options to connect settings database</source>
+        <translation>Options to connect settings database</translation>
+    </message>
+    <message>
+        <source>Insert additional configuration information</source>
+        <translation>Insert additional configuration information</translation>
+    </message>
+    <message>
+        <source>Inform user about settings change</source>
+        <translation>Inform user about settings change</translation>
+    </message>
+    <message>
+        <source>Add configuration release notes</source>
+        <translation>Add configuration release notes</translation>
+    </message>
+    <message>
+        <source>Save to database</source>
+        <translation>Save to database</translation>
+    </message>
+    <message>
+        <source>Distribute to users</source>
+        <translation>Distribute to users</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Connecting...</source>
+        <translation>Connecting...</translation>
+    </message>
+    <message>
+        <source>Sending settings...</source>
+        <translation>Sending settings...</translation>
+    </message>
+    <message>
+        <source>Could not connect to database.</source>
+        <translation>Could not connect to database.</translation>
+    </message>
+    <message>
+        <source>Settings could not be inserted to database.</source>
+        <translation>Settings could not be inserted to database.</translation>
     </message>
 </context>
 <context>
@@ -1625,6 +1787,10 @@ Previous settings restored.</translation>
     <message>
         <source>Audit trail</source>
         <translation>Audit trail</translation>
+    </message>
+    <message>
+        <source>Notice.</source>
+        <translation>Notice.</translation>
     </message>
 </context>
 <context>

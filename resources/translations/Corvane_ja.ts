@@ -415,6 +415,105 @@
     </message>
 </context>
 <context>
+    <name>ConfManagementDialog</name>
+    <message>
+        <source>Settings configuration management</source>
+        <translation>設定構成の管理</translation>
+    </message>
+    <message>
+        <source>Select settings configuration</source>
+        <translation>設定構成を選択</translation>
+    </message>
+    <message>
+        <source>Configuration notes</source>
+        <translation>構成のメモ</translation>
+    </message>
+    <message>
+        <source>Connected - reconnect</source>
+        <translation>接続済み - 再接続</translation>
+    </message>
+    <message>
+        <source>No connection - connect</source>
+        <translation>未接続 - 接続</translation>
+    </message>
+    <message>
+        <source>Load configuration</source>
+        <translation>構成を読み込む</translation>
+    </message>
+    <message>
+        <source>Delete configuration</source>
+        <translation>構成を削除</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Show connection options</source>
+        <translation>接続オプションを表示</translation>
+    </message>
+    <message>
+        <source>Hide connection options</source>
+        <translation>接続オプションを隠す</translation>
+    </message>
+    <message>
+        <source>Connecting...</source>
+        <translation>接続しています...</translation>
+    </message>
+    <message>
+        <source>Connecting</source>
+        <translation>接続しています</translation>
+    </message>
+    <message>
+        <source>%1 Created %2 by %3</source>
+        <translation>%1 作成日時 %2 作成者 %3</translation>
+    </message>
+    <message>
+        <source>Active in database</source>
+        <translation>データベースで有効</translation>
+    </message>
+    <message>
+        <source>Deleting settings</source>
+        <translation>設定の削除</translation>
+    </message>
+    <message>
+        <source>Deleting from database:</source>
+        <translation>データベースから削除します:</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cannot delete active configuration</source>
+        <translation>有効な構成は削除できません</translation>
+    </message>
+    <message>
+        <source>Settings configuration was not deleted</source>
+        <translation>設定構成は削除されませんでした</translation>
+    </message>
+    <message>
+        <source>Could not delete settings configuration</source>
+        <translation>設定構成を削除できませんでした</translation>
+    </message>
+    <message>
+        <source>Check connection options and try again</source>
+        <translation>接続オプションを確認して、もう一度お試しください</translation>
+    </message>
+    <message>
+        <source>Deleting configuration failed</source>
+        <translation>構成の削除に失敗しました</translation>
+    </message>
+    <message>
+        <source>Deleting settings configuration from database was unsuccessful.</source>
+        <translation>設定構成をデータベースから削除できませんでした。</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
     <name>ConnectionOptionsDialog</name>
     <message>
         <source>Audit trail connection options</source>
@@ -615,6 +714,69 @@
     <message>
         <source>Switch to compare to previously loaded settings</source>
         <translation>前回読み込んだ設定との比較に切り替え</translation>
+    </message>
+</context>
+<context>
+    <name>DistributionView</name>
+    <message>
+        <source>Check user rights and try again.</source>
+        <translation>ユーザーの権限を確認して、もう一度お試しください。</translation>
+    </message>
+    <message>
+        <source>Check configuration ID and try again.</source>
+        <translation>構成 ID を確認して、もう一度お試しください。</translation>
+    </message>
+    <message>
+        <source>Check connection options and try again.</source>
+        <translation>接続オプションを確認して、もう一度お試しください。</translation>
+    </message>
+    <message>
+        <source>Distribute settings</source>
+        <translation>設定の配布</translation>
+    </message>
+    <message>
+        <source>Options to connect settings database</source>
+        <translation>設定データベースへの接続オプション</translation>
+    </message>
+    <message>
+        <source>Insert additional configuration information</source>
+        <translation>構成の追加情報を入力</translation>
+    </message>
+    <message>
+        <source>Inform user about settings change</source>
+        <translation>設定の変更をユーザーに知らせる</translation>
+    </message>
+    <message>
+        <source>Add configuration release notes</source>
+        <translation>構成のリリースノートを追加</translation>
+    </message>
+    <message>
+        <source>Save to database</source>
+        <translation>データベースに保存</translation>
+    </message>
+    <message>
+        <source>Distribute to users</source>
+        <translation>ユーザーに配布</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Connecting...</source>
+        <translation>接続しています...</translation>
+    </message>
+    <message>
+        <source>Sending settings...</source>
+        <translation>設定を送信しています...</translation>
+    </message>
+    <message>
+        <source>Could not connect to database.</source>
+        <translation>データベースに接続できませんでした。</translation>
+    </message>
+    <message>
+        <source>Settings could not be inserted to database.</source>
+        <translation>設定をデータベースに追加できませんでした。</translation>
     </message>
 </context>
 <context>
@@ -1625,6 +1787,10 @@ Previous settings restored.</source>
     <message>
         <source>Audit trail</source>
         <translation>監査証跡</translation>
+    </message>
+    <message>
+        <source>Notice.</source>
+        <translation>お知らせ。</translation>
     </message>
 </context>
 <context>

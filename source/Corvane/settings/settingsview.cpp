@@ -133,6 +133,8 @@ void SettingsView::buildOnlineMenu()
     m_diffAction = addAction(m_onlineMenu, QStringLiteral("diff_action"), false);
     m_manageAction = addAction(m_onlineMenu, QStringLiteral("manage_action"), isAllowed(DownloadSettings));
     m_distributeAction = addAction(m_onlineMenu, QStringLiteral("distribute_action"), false);
+    if (isAllowed(DownloadSettings))
+        connect(m_manageAction, &QAction::triggered, this, &SettingsView::manageSettings);
 }
 
 void SettingsView::buildTransferMenu()
@@ -216,6 +218,8 @@ void SettingsView::showSettings()
     m_diffAction->setEnabled(true);
     connect(m_diffAction, &QAction::triggered, this, &SettingsView::diffSettings);
     m_distributeAction->setEnabled(isAllowed(DistributeSettings));
+    if (isAllowed(DistributeSettings))
+        connect(m_distributeAction, &QAction::triggered, this, &SettingsView::distributeSettings);
     m_importAction->setEnabled(true);
     m_exportAction->setEnabled(true);
 }
