@@ -67,7 +67,7 @@ ActionLogFile::ActionLogFile(const QString &directory)
 
 ActionLogWriter::Opening ActionLogFile::open()
 {
-    if (!QDir().mkpath(m_directory)) {
+    if (m_directory.isEmpty() || !QDir().mkpath(m_directory)) {
         setErrorText(QStringLiteral("The directory of the action log cannot be made"));
         return Opening::NotOpened;
     }
