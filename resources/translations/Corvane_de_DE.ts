@@ -680,6 +680,14 @@
         <source>Enter valid date</source>
         <translation>Gültiges Datum eingeben</translation>
     </message>
+    <message>
+        <source>Calendar</source>
+        <translation>Kalender</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Uhrzeit</translation>
+    </message>
 </context>
 <context>
     <name>DiffView</name>

@@ -680,6 +680,14 @@
         <source>Enter valid date</source>
         <translation>Enter valid date</translation>
     </message>
+    <message>
+        <source>Calendar</source>
+        <translation>Calendar</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Time</translation>
+    </message>
 </context>
 <context>
     <name>DiffView</name>

@@ -680,6 +680,14 @@
         <source>Enter valid date</source>
         <translation>有効な日付を入力してください</translation>
     </message>
+    <message>
+        <source>Calendar</source>
+        <translation>カレンダー</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>時刻</translation>
+    </message>
 </context>
 <context>
     <name>DiffView</name>
