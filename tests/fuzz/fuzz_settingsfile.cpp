@@ -3,7 +3,6 @@
 #include "CommunicationAndData/settings/settingscontent.h"
 
 #include <QFile>
-#include <QSettings>
 #include <QTemporaryDir>
 
 #include <cstddef>

@@ -43,7 +43,7 @@ std::optional<ConfigurationImage> ConfigurationImage::encode(const QMap<QString,
     stream << settings;
     const QString text = form() + QString::fromLatin1(bytes.toBase64());
     const ConfigurationImage image{text, checksumOf(text)};
-    if (image.decode() != settings)
+    if (!image.decode())
         return std::nullopt;
     return image;
 }

@@ -1,5 +1,6 @@
 #include "CommunicationAndData/settings/configurationtable.h"
 
+#include "CommunicationAndData/settings/odbctext.h"
 #include "CommunicationAndData/settings/sqlschema.h"
 
 #include <QElapsedTimer>
@@ -15,6 +16,10 @@ constexpr qint64 kLongestTrying = 15000;  // milliseconds
 constexpr int kLongestPause = 50;         // milliseconds
 
 constexpr int kActive = 1;
+
+// Characters in the columns.
+constexpr int kRoomForTime = 19;
+constexpr int kRoomForName = 255;
 
 /// How long a statement waits for a row or a file that somebody else holds: five seconds.
 QString lockLimit(QSqlDriver::DbmsType server)
@@ -33,19 +38,18 @@ QString lockLimit(QSqlDriver::DbmsType server)
     }
 }
 
-/// A text as every server takes it: never null, without zero characters and halves of characters.
-QString storable(const QString &text)
+/// A text as every server takes it: without zero characters and halves of characters.
+QString storable(const QString &text, int room = -1)
 {
-    QString whole = QString::fromUtf8(text.toUtf8());
-    whole.remove(QChar::Null);
-    return whole.isNull() ? QLatin1String("") : whole;
+    const QByteArray bytes = text.left(room).toUtf8();
+    return QString::fromUtf8(bytes.constData(), bytes.size()).remove(QChar::Null);
 }
 
-QVariantList valuesOf(const ConfigurationRecord &record)
+QVariantList valuesOf(const ConfigurationRecord &record, QSqlDriver::DbmsType server)
 {
-    return {storable(record.data.notes),
-            storable(record.data.timestamp),
-            storable(record.data.user),
+    return {OdbcText::toBind(server, storable(record.data.notes)),
+            OdbcText::toBind(server, storable(record.data.timestamp, kRoomForTime)),
+            OdbcText::toBind(server, storable(record.data.user, kRoomForName)),
             record.informUsers ? 1 : 0,
             record.active ? QVariant(kActive) : QVariant(QVariant::Int),
             record.image.checksum,
@@ -84,19 +88,17 @@ bool ConfigurationTable::prepare()
 std::optional<QMap<int, SettingsAdditionalData>> ConfigurationTable::list(bool withNotes)
 {
     QSqlQuery query(m_database);
-    const QString columns =
-        withNotes ? QStringLiteral("id, created, creator, notes") : QStringLiteral("id, created, creator");
-    if (!run(query, QStringLiteral("SELECT %1 FROM configurations ORDER BY id").arg(columns)))
+    const QString notes = withNotes ? text("notes") : QStringLiteral("''");
+    if (!run(query, QStringLiteral("SELECT id, created, %1, %2 FROM configurations ORDER BY id")
+                        .arg(text("creator"), notes)))
         return std::nullopt;
     QMap<int, SettingsAdditionalData> all;
     while (query.next()) {
         SettingsAdditionalData data;
-        const int id = query.value(0).toInt();
         data.timestamp = query.value(1).toString();
-        data.user = query.value(2).toString();
-        if (withNotes)
-            data.notes = query.value(3).toString();
-        all.insert(id, data);
+        data.user = OdbcText::read(query.value(2));
+        data.notes = OdbcText::read(query.value(3));
+        all.insert(query.value(0).toInt(), data);
     }
     if (query.lastError().isValid()) {
         m_diagnosis = OdbcDiagnosis::of(query);
@@ -117,8 +119,9 @@ std::optional<ConfigurationRecord> ConfigurationTable::find(int id)
 {
     QSqlQuery query(m_database);
     if (!run(query,
-             QStringLiteral("SELECT notes, created, creator, inform_users, active, checksum, image "
-                            "FROM configurations WHERE id = ?"),
+             QStringLiteral("SELECT %1, created, %2, inform_users, active, checksum, image "
+                            "FROM configurations WHERE id = ?")
+                 .arg(text("notes"), text("creator")),
              {id}))
         return std::nullopt;
     if (!query.next()) {
@@ -126,9 +129,9 @@ std::optional<ConfigurationRecord> ConfigurationTable::find(int id)
         return std::nullopt;
     }
     ConfigurationRecord record;
-    record.data.notes = query.value(0).toString();
+    record.data.notes = OdbcText::read(query.value(0));
     record.data.timestamp = query.value(1).toString();
-    record.data.user = query.value(2).toString();
+    record.data.user = OdbcText::read(query.value(2));
     record.informUsers = query.value(3).toInt() != 0;
     record.active = query.value(4).toInt() == kActive;
     record.image.checksum = query.value(5).toString();
@@ -174,6 +177,11 @@ bool ConfigurationTable::isAlive()
 QString ConfigurationTable::errorText() const
 {
     return m_diagnosis.message.simplified();
+}
+
+QString ConfigurationTable::text(const char *column) const
+{
+    return OdbcText::column(m_server, QLatin1String(column));
 }
 
 bool ConfigurationTable::exists()
@@ -230,7 +238,7 @@ bool ConfigurationTable::tryToInsert(const ConfigurationRecord &record)
         run(QStringLiteral("INSERT INTO configurations "
                            "(notes, created, creator, inform_users, active, checksum, image) "
                            "VALUES (?, ?, ?, ?, ?, ?, ?)"),
-            valuesOf(record)) &&
+            valuesOf(record, m_server)) &&
         commit();
     if (!done)
         rollBack();

@@ -55,6 +55,7 @@ public:
 private:
     using Attempt = std::function<bool()>;
 
+    QString text(const char *column) const;
     bool exists();
     bool run(QSqlQuery &query, const QString &statement, const QVariantList &values = {});
     bool run(const QString &statement, const QVariantList &values = {});

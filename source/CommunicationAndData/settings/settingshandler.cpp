@@ -253,18 +253,28 @@ bool SettingsHandler::getOnlineSettings(int id)
 {
     const auto configuration = d->online.askAndWait([id](OnlineWorker &worker) { return worker.fetch(id); },
                                                     std::optional<OnlineWorker::Configuration>());
-    if (configuration) {
-        store();
-        SettingsContent::replace(d->settings(), configuration->settings);
-        d->working->sync();
-    }
-    const bool success = configuration.has_value();
+    const bool success = configuration && takeOver(configuration->settings);
     const bool informUser = success && configuration->informUsers;
     const QString notes = success ? configuration->notes : QString();
     QMetaObject::invokeMethod(
         this, [this, success, informUser, notes] { emit onlineSettingsReady(success, informUser, notes); },
         Qt::QueuedConnection);
     return success;
+}
+
+/// Makes the working settings these, in one write of the file.
+bool SettingsHandler::takeOver(const QMap<QString, QVariant> &settings)
+{
+    store();
+    SettingsContent::replace(d->settings(), settings);
+    d->working->sync();
+    if (d->working->isReadable())
+        return true;
+    CORVANE_LOG(Logger::Error, Logger::Console, "SettingsHandler::takeOver",
+                QStringLiteral("The configuration is larger than a settings file can be"));
+    restore();
+    d->working->sync();
+    return false;
 }
 
 QMap<int, SettingsAdditionalData> SettingsHandler::getOnlineNotesList()

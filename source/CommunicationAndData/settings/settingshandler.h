@@ -110,6 +110,7 @@ private:
     void listConfigurations(bool withNotes);
     void deleteConfiguration(int id);
     void findActiveConfiguration();
+    bool takeOver(const QMap<QString, QVariant> &settings);
 
     class Private;
     std::unique_ptr<Private> d;

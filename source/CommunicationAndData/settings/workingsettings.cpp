@@ -1,5 +1,6 @@
 #include "CommunicationAndData/settings/workingsettings.h"
 
+#include "CommunicationAndData/settings/inirepair.h"
 #include "CommunicationAndData/settings/settingsfile.h"
 #include "CommunicationAndData/settings/settingsobject.h"
 
@@ -43,6 +44,11 @@ bool WorkingSettings::sync()
     if (written)
         m_shared->sync();
     return written;
+}
+
+bool WorkingSettings::isReadable() const
+{
+    return QFileInfo(m_absolute->fileName()).size() <= kLargestIni;
 }
 
 bool WorkingSettings::eventFilter(QObject *watched, QEvent *event)

@@ -32,6 +32,9 @@ public:
     /// Writes what is pending, and takes in what others wrote to the file. False if it could not be written.
     bool sync();
 
+    /// False if the file has grown beyond what would be read of it again.
+    bool isReadable() const;
+
     /// Notices the requests of the two objects to be written.
     bool eventFilter(QObject *watched, QEvent *event) override;
 

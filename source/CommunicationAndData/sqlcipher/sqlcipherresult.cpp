@@ -85,11 +85,8 @@ bool SqlCipherResult::prepare(const QString &)
     setActive(false);
     setSelect(false);
     setAt(QSql::BeforeFirstRow);
-    if (!connection()) {
-        setLastError(QSqlError(tr("Unable to execute statement"), tr("The connection is closed"),
-                               QSqlError::ConnectionError));
-        return false;
-    }
+    if (!connection())
+        return fail(tr("Unable to execute statement"), QSqlError::ConnectionError);
 
     const QByteArray sql = lastQuery().toUtf8();
     const char *rest = nullptr;

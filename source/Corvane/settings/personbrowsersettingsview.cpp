@@ -239,8 +239,7 @@ QMap<QString, QString> PersonBrowserSettingsView::offeredLanguages() const
     QMap<QString, QString> texts;
     const auto file = openSettingsFile(m_dataPath + QLatin1String(kLanguageFile));
     for (const QString &code : file->allKeys()) {
-        // A text with commas that was written without quotes comes as a list.
-        const QString text = file->value(code).toStringList().join(QLatin1String(", "));
+        const QString text = file->value(code).toString();
         if (!text.isEmpty())
             texts.insert(code, text);
     }
@@ -371,9 +370,8 @@ void PersonBrowserSettingsView::handleIdSystemChange(int index)
 
 void PersonBrowserSettingsView::handleIdChecked(bool checked)
 {
-    QCheckBox *defaultBox = m_idSystemBoxes.value(m_defaultIdSystem->currentData().toInt());
-    if (!checked && defaultBox && sender() == defaultBox)
-        defaultBox->setChecked(true);
+    if (!checked)
+        handleIdSystemChange(m_defaultIdSystem->currentIndex());
 }
 
 void PersonBrowserSettingsView::handleSelectedEthnicsChange()

@@ -177,7 +177,7 @@ void TestEngineFaults::unusableFileIsMovedAside()
 {
     QFETCH(Change, change);
 
-    writeRows(25);
+    writeRows(60);
     change(file());
     const QByteArray unusable = readFile(file());
 
