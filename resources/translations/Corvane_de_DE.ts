@@ -25,6 +25,133 @@
     </message>
 </context>
 <context>
+    <name>AccessSettingsView</name>
+    <message>
+        <source>None</source>
+        <translation>Keine</translation>
+    </message>
+    <message>
+        <source>Windows group based</source>
+        <translation>Nach Windows-Gruppen</translation>
+    </message>
+    <message>
+        <source>Windows user based</source>
+        <translation>Nach Windows-Benutzern</translation>
+    </message>
+    <message>
+        <source>Internal users</source>
+        <translation>Interne Benutzer</translation>
+    </message>
+    <message>
+        <source>Access control settings</source>
+        <translation>Einstellungen der Zugriffskontrolle</translation>
+    </message>
+    <message>
+        <source>Access control method</source>
+        <translation>Verfahren der Zugriffskontrolle</translation>
+    </message>
+    <message>
+        <source>Offline Cache</source>
+        <translation>Offline-Zwischenspeicher</translation>
+    </message>
+    <message>
+        <source>Enabled</source>
+        <translation>Aktiviert</translation>
+    </message>
+    <message>
+        <source>Expiration time</source>
+        <translation>Ablaufzeit</translation>
+    </message>
+    <message>
+        <source>Warn user of expiration</source>
+        <translation>Benutzer vor dem Ablauf warnen</translation>
+    </message>
+    <message>
+        <source>Local access control system</source>
+        <translation>Lokale Zugriffskontrolle</translation>
+    </message>
+    <message>
+        <source>Path to local access control database</source>
+        <translation>Pfad der lokalen Zugriffsdatenbank</translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation>Durchsuchen...</translation>
+    </message>
+    <message>
+        <source>Audit trail settings</source>
+        <translation>Einstellungen des Audit-Trails</translation>
+    </message>
+    <message>
+        <source>Offline audit trail enabled</source>
+        <translation>Offline-Audit-Trail aktiviert</translation>
+    </message>
+    <message>
+        <source>Audit trail offline database location</source>
+        <translation>Ort der Offline-Datenbank des Audit-Trails</translation>
+    </message>
+    <message>
+        <source>Online audit trail</source>
+        <translation>Online-Audit-Trail</translation>
+    </message>
+    <message>
+        <source>Unknown. Click to read state from database.</source>
+        <translation>Unbekannt. Klicken, um den Stand aus der Datenbank zu lesen.</translation>
+    </message>
+    <message>
+        <source> Days</source>
+        <translation> Tage</translation>
+    </message>
+    <message>
+        <source> Days (No expiration)</source>
+        <translation> Tage (kein Ablauf)</translation>
+    </message>
+    <message>
+        <source>Select offline database location directory</source>
+        <translation>Ordner für die Offline-Datenbank auswählen</translation>
+    </message>
+    <message>
+        <source>Connect</source>
+        <translation>Verbinden</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Please enter username.</source>
+        <translation>Bitte geben Sie einen Benutzernamen ein.</translation>
+    </message>
+    <message>
+        <source>Setting not accepted</source>
+        <translation>Einstellung nicht übernommen</translation>
+    </message>
+    <message>
+        <source>Setting was not loaded nor written.</source>
+        <translation>Die Einstellung wurde weder gelesen noch geschrieben.</translation>
+    </message>
+    <message>
+        <source>Setting read</source>
+        <translation>Einstellung gelesen</translation>
+    </message>
+    <message>
+        <source>Setting value for connected database is now shown.</source>
+        <translation>Der Wert der Einstellung für die verbundene Datenbank wird jetzt angezeigt.</translation>
+    </message>
+    <message>
+        <source>Setting accepted</source>
+        <translation>Einstellung übernommen</translation>
+    </message>
+    <message>
+        <source>Setting is now bound to the connected database. Please save or distribute to bring into effect.</source>
+        <translation>Die Einstellung ist jetzt an die verbundene Datenbank gebunden. Bitte speichern oder verteilen Sie, damit sie wirksam wird.</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>Ok</translation>
+    </message>
+</context>
+<context>
     <name>AuditTrailQueryModel</name>
     <message>
         <source>Unknown</source>
@@ -288,6 +415,105 @@
     </message>
 </context>
 <context>
+    <name>ConfManagementDialog</name>
+    <message>
+        <source>Settings configuration management</source>
+        <translation>Verwaltung der Konfigurationen</translation>
+    </message>
+    <message>
+        <source>Select settings configuration</source>
+        <translation>Konfiguration auswählen</translation>
+    </message>
+    <message>
+        <source>Configuration notes</source>
+        <translation>Hinweise zur Konfiguration</translation>
+    </message>
+    <message>
+        <source>Connected - reconnect</source>
+        <translation>Verbunden - neu verbinden</translation>
+    </message>
+    <message>
+        <source>No connection - connect</source>
+        <translation>Keine Verbindung - verbinden</translation>
+    </message>
+    <message>
+        <source>Load configuration</source>
+        <translation>Konfiguration laden</translation>
+    </message>
+    <message>
+        <source>Delete configuration</source>
+        <translation>Konfiguration löschen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Show connection options</source>
+        <translation>Verbindungsoptionen anzeigen</translation>
+    </message>
+    <message>
+        <source>Hide connection options</source>
+        <translation>Verbindungsoptionen ausblenden</translation>
+    </message>
+    <message>
+        <source>Connecting...</source>
+        <translation>Verbindung wird aufgebaut...</translation>
+    </message>
+    <message>
+        <source>Connecting</source>
+        <translation>Verbindung wird aufgebaut</translation>
+    </message>
+    <message>
+        <source>%1 Created %2 by %3</source>
+        <translation>%1 Erstellt %2 von %3</translation>
+    </message>
+    <message>
+        <source>Active in database</source>
+        <translation>Aktiv in der Datenbank</translation>
+    </message>
+    <message>
+        <source>Deleting settings</source>
+        <translation>Einstellungen löschen</translation>
+    </message>
+    <message>
+        <source>Deleting from database:</source>
+        <translation>Wird aus der Datenbank gelöscht:</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cannot delete active configuration</source>
+        <translation>Die aktive Konfiguration kann nicht gelöscht werden</translation>
+    </message>
+    <message>
+        <source>Settings configuration was not deleted</source>
+        <translation>Die Konfiguration wurde nicht gelöscht</translation>
+    </message>
+    <message>
+        <source>Could not delete settings configuration</source>
+        <translation>Die Konfiguration konnte nicht gelöscht werden</translation>
+    </message>
+    <message>
+        <source>Check connection options and try again</source>
+        <translation>Prüfen Sie die Verbindungsoptionen und versuchen Sie es erneut</translation>
+    </message>
+    <message>
+        <source>Deleting configuration failed</source>
+        <translation>Löschen der Konfiguration fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Deleting settings configuration from database was unsuccessful.</source>
+        <translation>Die Konfiguration konnte nicht aus der Datenbank gelöscht werden.</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>Ok</translation>
+    </message>
+</context>
+<context>
     <name>ConnectionOptionsDialog</name>
     <message>
         <source>Audit trail connection options</source>
@@ -454,6 +680,14 @@
         <source>Enter valid date</source>
         <translation>Gültiges Datum eingeben</translation>
     </message>
+    <message>
+        <source>Calendar</source>
+        <translation>Kalender</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Uhrzeit</translation>
+    </message>
 </context>
 <context>
     <name>DiffView</name>
@@ -488,6 +722,69 @@
     <message>
         <source>Switch to compare to previously loaded settings</source>
         <translation>Mit den zuvor geladenen Einstellungen vergleichen</translation>
+    </message>
+</context>
+<context>
+    <name>DistributionView</name>
+    <message>
+        <source>Check user rights and try again.</source>
+        <translation>Prüfen Sie die Benutzerrechte und versuchen Sie es erneut.</translation>
+    </message>
+    <message>
+        <source>Check configuration ID and try again.</source>
+        <translation>Prüfen Sie die Konfigurations-ID und versuchen Sie es erneut.</translation>
+    </message>
+    <message>
+        <source>Check connection options and try again.</source>
+        <translation>Prüfen Sie die Verbindungsoptionen und versuchen Sie es erneut.</translation>
+    </message>
+    <message>
+        <source>Distribute settings</source>
+        <translation>Einstellungen verteilen</translation>
+    </message>
+    <message>
+        <source>Options to connect settings database</source>
+        <translation>Verbindung zur Einstellungsdatenbank</translation>
+    </message>
+    <message>
+        <source>Insert additional configuration information</source>
+        <translation>Weitere Angaben zur Konfiguration</translation>
+    </message>
+    <message>
+        <source>Inform user about settings change</source>
+        <translation>Benutzer über die Änderung informieren</translation>
+    </message>
+    <message>
+        <source>Add configuration release notes</source>
+        <translation>Versionshinweise zur Konfiguration</translation>
+    </message>
+    <message>
+        <source>Save to database</source>
+        <translation>In Datenbank speichern</translation>
+    </message>
+    <message>
+        <source>Distribute to users</source>
+        <translation>An Benutzer verteilen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Connecting...</source>
+        <translation>Verbindung wird aufgebaut...</translation>
+    </message>
+    <message>
+        <source>Sending settings...</source>
+        <translation>Einstellungen werden gesendet...</translation>
+    </message>
+    <message>
+        <source>Could not connect to database.</source>
+        <translation>Keine Verbindung zur Datenbank.</translation>
+    </message>
+    <message>
+        <source>Settings could not be inserted to database.</source>
+        <translation>Die Einstellungen konnten nicht in die Datenbank eingefügt werden.</translation>
     </message>
 </context>
 <context>
@@ -1486,6 +1783,22 @@ Die vorherigen Einstellungen wurden wiederhergestellt.</translation>
     <message>
         <source>Importing settings from %1 did not succeed. Please try again.</source>
         <translation>Der Import der Einstellungen aus %1 ist fehlgeschlagen. Bitte versuchen Sie es erneut.</translation>
+    </message>
+    <message>
+        <source>Access control</source>
+        <translation>Zugriffskontrolle</translation>
+    </message>
+    <message>
+        <source>and</source>
+        <translation>und</translation>
+    </message>
+    <message>
+        <source>Audit trail</source>
+        <translation>Audit-Trail</translation>
+    </message>
+    <message>
+        <source>Notice.</source>
+        <translation>Hinweis.</translation>
     </message>
 </context>
 <context>

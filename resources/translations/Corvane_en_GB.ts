@@ -25,6 +25,133 @@
     </message>
 </context>
 <context>
+    <name>AccessSettingsView</name>
+    <message>
+        <source>None</source>
+        <translation>None</translation>
+    </message>
+    <message>
+        <source>Windows group based</source>
+        <translation>Windows group based</translation>
+    </message>
+    <message>
+        <source>Windows user based</source>
+        <translation>Windows user based</translation>
+    </message>
+    <message>
+        <source>Internal users</source>
+        <translation>Internal users</translation>
+    </message>
+    <message>
+        <source>Access control settings</source>
+        <translation>Access control settings</translation>
+    </message>
+    <message>
+        <source>Access control method</source>
+        <translation>Access control method</translation>
+    </message>
+    <message>
+        <source>Offline Cache</source>
+        <translation>Offline Cache</translation>
+    </message>
+    <message>
+        <source>Enabled</source>
+        <translation>Enabled</translation>
+    </message>
+    <message>
+        <source>Expiration time</source>
+        <translation>Expiration time</translation>
+    </message>
+    <message>
+        <source>Warn user of expiration</source>
+        <translation>Warn user of expiration</translation>
+    </message>
+    <message>
+        <source>Local access control system</source>
+        <translation>Local access control system</translation>
+    </message>
+    <message>
+        <source>Path to local access control database</source>
+        <translation>Path to local access control database</translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation>Browse...</translation>
+    </message>
+    <message>
+        <source>Audit trail settings</source>
+        <translation>Audit trail settings</translation>
+    </message>
+    <message>
+        <source>Offline audit trail enabled</source>
+        <translation>Offline audit trail enabled</translation>
+    </message>
+    <message>
+        <source>Audit trail offline database location</source>
+        <translation>Audit trail offline database location</translation>
+    </message>
+    <message>
+        <source>Online audit trail</source>
+        <translation>Online audit trail</translation>
+    </message>
+    <message>
+        <source>Unknown. Click to read state from database.</source>
+        <translation>Unknown. Click to read state from database.</translation>
+    </message>
+    <message>
+        <source> Days</source>
+        <translation> Days</translation>
+    </message>
+    <message>
+        <source> Days (No expiration)</source>
+        <translation> Days (No expiration)</translation>
+    </message>
+    <message>
+        <source>Select offline database location directory</source>
+        <translation>Select offline database location directory</translation>
+    </message>
+    <message>
+        <source>Connect</source>
+        <translation>Connect</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Please enter username.</source>
+        <translation>Please enter username.</translation>
+    </message>
+    <message>
+        <source>Setting not accepted</source>
+        <translation>Setting not accepted</translation>
+    </message>
+    <message>
+        <source>Setting was not loaded nor written.</source>
+        <translation>Setting was not loaded nor written.</translation>
+    </message>
+    <message>
+        <source>Setting read</source>
+        <translation>Setting read</translation>
+    </message>
+    <message>
+        <source>Setting value for connected database is now shown.</source>
+        <translation>Setting value for connected database is now shown.</translation>
+    </message>
+    <message>
+        <source>Setting accepted</source>
+        <translation>Setting accepted</translation>
+    </message>
+    <message>
+        <source>Setting is now bound to the connected database. Please save or distribute to bring into effect.</source>
+        <translation>Setting is now bound to the connected database. Please save or distribute to bring into effect.</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>Ok</translation>
+    </message>
+</context>
+<context>
     <name>AuditTrailQueryModel</name>
     <message>
         <source>Unknown</source>
@@ -288,6 +415,105 @@
     </message>
 </context>
 <context>
+    <name>ConfManagementDialog</name>
+    <message>
+        <source>Settings configuration management</source>
+        <translation>Settings configuration management</translation>
+    </message>
+    <message>
+        <source>Select settings configuration</source>
+        <translation>Select settings configuration</translation>
+    </message>
+    <message>
+        <source>Configuration notes</source>
+        <translation>Configuration notes</translation>
+    </message>
+    <message>
+        <source>Connected - reconnect</source>
+        <translation>Connected - reconnect</translation>
+    </message>
+    <message>
+        <source>No connection - connect</source>
+        <translation>No connection - connect</translation>
+    </message>
+    <message>
+        <source>Load configuration</source>
+        <translation>Load configuration</translation>
+    </message>
+    <message>
+        <source>Delete configuration</source>
+        <translation>Delete configuration</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Show connection options</source>
+        <translation>Show connection options</translation>
+    </message>
+    <message>
+        <source>Hide connection options</source>
+        <translation>Hide connection options</translation>
+    </message>
+    <message>
+        <source>Connecting...</source>
+        <translation>Connecting...</translation>
+    </message>
+    <message>
+        <source>Connecting</source>
+        <translation>Connecting</translation>
+    </message>
+    <message>
+        <source>%1 Created %2 by %3</source>
+        <translation>%1 Created %2 by %3</translation>
+    </message>
+    <message>
+        <source>Active in database</source>
+        <translation>Active in database</translation>
+    </message>
+    <message>
+        <source>Deleting settings</source>
+        <translation>Deleting settings</translation>
+    </message>
+    <message>
+        <source>Deleting from database:</source>
+        <translation>Deleting from database:</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cannot delete active configuration</source>
+        <translation>Cannot delete active configuration</translation>
+    </message>
+    <message>
+        <source>Settings configuration was not deleted</source>
+        <translation>Settings configuration was not deleted</translation>
+    </message>
+    <message>
+        <source>Could not delete settings configuration</source>
+        <translation>Could not delete settings configuration</translation>
+    </message>
+    <message>
+        <source>Check connection options and try again</source>
+        <translation>Check connection options and try again</translation>
+    </message>
+    <message>
+        <source>Deleting configuration failed</source>
+        <translation>Deleting configuration failed</translation>
+    </message>
+    <message>
+        <source>Deleting settings configuration from database was unsuccessful.</source>
+        <translation>Deleting settings configuration from database was unsuccessful.</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>Ok</translation>
+    </message>
+</context>
+<context>
     <name>ConnectionOptionsDialog</name>
     <message>
         <source>Audit trail connection options</source>
@@ -454,6 +680,14 @@
         <source>Enter valid date</source>
         <translation>Enter valid date</translation>
     </message>
+    <message>
+        <source>Calendar</source>
+        <translation>Calendar</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Time</translation>
+    </message>
 </context>
 <context>
     <name>DiffView</name>
@@ -488,6 +722,69 @@
     <message>
         <source>Switch to compare to previously loaded settings</source>
         <translation>Switch to compare to previously loaded settings</translation>
+    </message>
+</context>
+<context>
+    <name>DistributionView</name>
+    <message>
+        <source>Check user rights and try again.</source>
+        <translation>Check user rights and try again.</translation>
+    </message>
+    <message>
+        <source>Check configuration ID and try again.</source>
+        <translation>Check configuration ID and try again.</translation>
+    </message>
+    <message>
+        <source>Check connection options and try again.</source>
+        <translation>Check connection options and try again.</translation>
+    </message>
+    <message>
+        <source>Distribute settings</source>
+        <translation>Distribute settings</translation>
+    </message>
+    <message>
+        <source>Options to connect settings database</source>
+        <translation>Options to connect settings database</translation>
+    </message>
+    <message>
+        <source>Insert additional configuration information</source>
+        <translation>Insert additional configuration information</translation>
+    </message>
+    <message>
+        <source>Inform user about settings change</source>
+        <translation>Inform user about settings change</translation>
+    </message>
+    <message>
+        <source>Add configuration release notes</source>
+        <translation>Add configuration release notes</translation>
+    </message>
+    <message>
+        <source>Save to database</source>
+        <translation>Save to database</translation>
+    </message>
+    <message>
+        <source>Distribute to users</source>
+        <translation>Distribute to users</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Connecting...</source>
+        <translation>Connecting...</translation>
+    </message>
+    <message>
+        <source>Sending settings...</source>
+        <translation>Sending settings...</translation>
+    </message>
+    <message>
+        <source>Could not connect to database.</source>
+        <translation>Could not connect to database.</translation>
+    </message>
+    <message>
+        <source>Settings could not be inserted to database.</source>
+        <translation>Settings could not be inserted to database.</translation>
     </message>
 </context>
 <context>
@@ -1486,6 +1783,22 @@ Previous settings restored.</translation>
     <message>
         <source>Importing settings from %1 did not succeed. Please try again.</source>
         <translation>Importing settings from %1 did not succeed. Please try again.</translation>
+    </message>
+    <message>
+        <source>Access control</source>
+        <translation>Access control</translation>
+    </message>
+    <message>
+        <source>and</source>
+        <translation>and</translation>
+    </message>
+    <message>
+        <source>Audit trail</source>
+        <translation>Audit trail</translation>
+    </message>
+    <message>
+        <source>Notice.</source>
+        <translation>Notice.</translation>
     </message>
 </context>
 <context>

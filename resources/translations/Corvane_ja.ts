@@ -25,6 +25,133 @@
     </message>
 </context>
 <context>
+    <name>AccessSettingsView</name>
+    <message>
+        <source>None</source>
+        <translation>なし</translation>
+    </message>
+    <message>
+        <source>Windows group based</source>
+        <translation>Windows グループ</translation>
+    </message>
+    <message>
+        <source>Windows user based</source>
+        <translation>Windows ユーザー</translation>
+    </message>
+    <message>
+        <source>Internal users</source>
+        <translation>内部ユーザー</translation>
+    </message>
+    <message>
+        <source>Access control settings</source>
+        <translation>アクセス制御の設定</translation>
+    </message>
+    <message>
+        <source>Access control method</source>
+        <translation>アクセス制御の方式</translation>
+    </message>
+    <message>
+        <source>Offline Cache</source>
+        <translation>オフラインキャッシュ</translation>
+    </message>
+    <message>
+        <source>Enabled</source>
+        <translation>有効</translation>
+    </message>
+    <message>
+        <source>Expiration time</source>
+        <translation>有効期限</translation>
+    </message>
+    <message>
+        <source>Warn user of expiration</source>
+        <translation>期限切れをユーザーに警告する</translation>
+    </message>
+    <message>
+        <source>Local access control system</source>
+        <translation>ローカルのアクセス制御システム</translation>
+    </message>
+    <message>
+        <source>Path to local access control database</source>
+        <translation>ローカルのアクセス制御データベースのパス</translation>
+    </message>
+    <message>
+        <source>Browse...</source>
+        <translation>参照...</translation>
+    </message>
+    <message>
+        <source>Audit trail settings</source>
+        <translation>監査証跡の設定</translation>
+    </message>
+    <message>
+        <source>Offline audit trail enabled</source>
+        <translation>オフライン監査証跡を有効にする</translation>
+    </message>
+    <message>
+        <source>Audit trail offline database location</source>
+        <translation>監査証跡のオフラインデータベースの場所</translation>
+    </message>
+    <message>
+        <source>Online audit trail</source>
+        <translation>オンライン監査証跡</translation>
+    </message>
+    <message>
+        <source>Unknown. Click to read state from database.</source>
+        <translation>不明です。クリックするとデータベースから状態を読み取ります。</translation>
+    </message>
+    <message>
+        <source> Days</source>
+        <translation> 日</translation>
+    </message>
+    <message>
+        <source> Days (No expiration)</source>
+        <translation> 日 (無期限)</translation>
+    </message>
+    <message>
+        <source>Select offline database location directory</source>
+        <translation>オフラインデータベースのフォルダーを選択</translation>
+    </message>
+    <message>
+        <source>Connect</source>
+        <translation>接続</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Please enter username.</source>
+        <translation>ユーザー名を入力してください。</translation>
+    </message>
+    <message>
+        <source>Setting not accepted</source>
+        <translation>設定は受け付けられませんでした</translation>
+    </message>
+    <message>
+        <source>Setting was not loaded nor written.</source>
+        <translation>設定の読み取りも書き込みも行われませんでした。</translation>
+    </message>
+    <message>
+        <source>Setting read</source>
+        <translation>設定を読み取りました</translation>
+    </message>
+    <message>
+        <source>Setting value for connected database is now shown.</source>
+        <translation>接続したデータベースの設定値を表示しています。</translation>
+    </message>
+    <message>
+        <source>Setting accepted</source>
+        <translation>設定を受け付けました</translation>
+    </message>
+    <message>
+        <source>Setting is now bound to the connected database. Please save or distribute to bring into effect.</source>
+        <translation>設定は接続したデータベースに結び付けられました。有効にするには、保存または配布してください。</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
     <name>AuditTrailQueryModel</name>
     <message>
         <source>Unknown</source>
@@ -288,6 +415,105 @@
     </message>
 </context>
 <context>
+    <name>ConfManagementDialog</name>
+    <message>
+        <source>Settings configuration management</source>
+        <translation>設定構成の管理</translation>
+    </message>
+    <message>
+        <source>Select settings configuration</source>
+        <translation>設定構成を選択</translation>
+    </message>
+    <message>
+        <source>Configuration notes</source>
+        <translation>構成のメモ</translation>
+    </message>
+    <message>
+        <source>Connected - reconnect</source>
+        <translation>接続済み - 再接続</translation>
+    </message>
+    <message>
+        <source>No connection - connect</source>
+        <translation>未接続 - 接続</translation>
+    </message>
+    <message>
+        <source>Load configuration</source>
+        <translation>構成を読み込む</translation>
+    </message>
+    <message>
+        <source>Delete configuration</source>
+        <translation>構成を削除</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Show connection options</source>
+        <translation>接続オプションを表示</translation>
+    </message>
+    <message>
+        <source>Hide connection options</source>
+        <translation>接続オプションを隠す</translation>
+    </message>
+    <message>
+        <source>Connecting...</source>
+        <translation>接続しています...</translation>
+    </message>
+    <message>
+        <source>Connecting</source>
+        <translation>接続しています</translation>
+    </message>
+    <message>
+        <source>%1 Created %2 by %3</source>
+        <translation>%1 作成日時 %2 作成者 %3</translation>
+    </message>
+    <message>
+        <source>Active in database</source>
+        <translation>データベースで有効</translation>
+    </message>
+    <message>
+        <source>Deleting settings</source>
+        <translation>設定の削除</translation>
+    </message>
+    <message>
+        <source>Deleting from database:</source>
+        <translation>データベースから削除します:</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cannot delete active configuration</source>
+        <translation>有効な構成は削除できません</translation>
+    </message>
+    <message>
+        <source>Settings configuration was not deleted</source>
+        <translation>設定構成は削除されませんでした</translation>
+    </message>
+    <message>
+        <source>Could not delete settings configuration</source>
+        <translation>設定構成を削除できませんでした</translation>
+    </message>
+    <message>
+        <source>Check connection options and try again</source>
+        <translation>接続オプションを確認して、もう一度お試しください</translation>
+    </message>
+    <message>
+        <source>Deleting configuration failed</source>
+        <translation>構成の削除に失敗しました</translation>
+    </message>
+    <message>
+        <source>Deleting settings configuration from database was unsuccessful.</source>
+        <translation>設定構成をデータベースから削除できませんでした。</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
     <name>ConnectionOptionsDialog</name>
     <message>
         <source>Audit trail connection options</source>
@@ -454,6 +680,14 @@
         <source>Enter valid date</source>
         <translation>有効な日付を入力してください</translation>
     </message>
+    <message>
+        <source>Calendar</source>
+        <translation>カレンダー</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>時刻</translation>
+    </message>
 </context>
 <context>
     <name>DiffView</name>
@@ -488,6 +722,69 @@
     <message>
         <source>Switch to compare to previously loaded settings</source>
         <translation>前回読み込んだ設定との比較に切り替え</translation>
+    </message>
+</context>
+<context>
+    <name>DistributionView</name>
+    <message>
+        <source>Check user rights and try again.</source>
+        <translation>ユーザーの権限を確認して、もう一度お試しください。</translation>
+    </message>
+    <message>
+        <source>Check configuration ID and try again.</source>
+        <translation>構成 ID を確認して、もう一度お試しください。</translation>
+    </message>
+    <message>
+        <source>Check connection options and try again.</source>
+        <translation>接続オプションを確認して、もう一度お試しください。</translation>
+    </message>
+    <message>
+        <source>Distribute settings</source>
+        <translation>設定の配布</translation>
+    </message>
+    <message>
+        <source>Options to connect settings database</source>
+        <translation>設定データベースへの接続オプション</translation>
+    </message>
+    <message>
+        <source>Insert additional configuration information</source>
+        <translation>構成の追加情報を入力</translation>
+    </message>
+    <message>
+        <source>Inform user about settings change</source>
+        <translation>設定の変更をユーザーに知らせる</translation>
+    </message>
+    <message>
+        <source>Add configuration release notes</source>
+        <translation>構成のリリースノートを追加</translation>
+    </message>
+    <message>
+        <source>Save to database</source>
+        <translation>データベースに保存</translation>
+    </message>
+    <message>
+        <source>Distribute to users</source>
+        <translation>ユーザーに配布</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Connecting...</source>
+        <translation>接続しています...</translation>
+    </message>
+    <message>
+        <source>Sending settings...</source>
+        <translation>設定を送信しています...</translation>
+    </message>
+    <message>
+        <source>Could not connect to database.</source>
+        <translation>データベースに接続できませんでした。</translation>
+    </message>
+    <message>
+        <source>Settings could not be inserted to database.</source>
+        <translation>設定をデータベースに追加できませんでした。</translation>
     </message>
 </context>
 <context>
@@ -1486,6 +1783,22 @@ Previous settings restored.</source>
     <message>
         <source>Importing settings from %1 did not succeed. Please try again.</source>
         <translation>%1 からの設定のインポートに失敗しました。もう一度お試しください。</translation>
+    </message>
+    <message>
+        <source>Access control</source>
+        <translation>アクセス制御</translation>
+    </message>
+    <message>
+        <source>and</source>
+        <translation>と</translation>
+    </message>
+    <message>
+        <source>Audit trail</source>
+        <translation>監査証跡</translation>
+    </message>
+    <message>
+        <source>Notice.</source>
+        <translation>お知らせ。</translation>
     </message>
 </context>
 <context>

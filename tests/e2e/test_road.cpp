@@ -76,6 +76,7 @@ private slots:
     void init();
     void aChangedSettingIsSavedAndFoundRecorded();
     void anotherAdministratorSignsInWithAPassword();
+    void operatorsSignInByEveryWayOnTheDemonstrationWorkstation();
 
 private:
     QProcessEnvironment environment() const;
@@ -203,6 +204,24 @@ void TestRoad::anotherAdministratorSignsInWithAPassword()
         signIns += event.action == Actions::Login ? 1 : 0;
     QVERIFY2(signIns == 1, describe(events).constData());
     QVERIFY(!readFile(m_workstation->runtimeLog()).contains("corvane-e2e-secret"));
+}
+
+void TestRoad::operatorsSignInByEveryWayOnTheDemonstrationWorkstation()
+{
+    QProcess demo;
+    demo.start(QStringLiteral(PROGRAM_FOLDER "/demoworkstation"),
+               {m_workstation->dataDirectory(), localSettingsFile(), QStringLiteral("1.2.3")});
+    QVERIFY(demo.waitForFinished(kWalkTime));
+    QCOMPARE(demo.exitCode(), 0);
+    const Output signIns =
+        drive(QStringLiteral(E2E_SCRIPTS "/signins.py"),
+              {QStringLiteral(LAUNCHER), QStringLiteral(SCREENSHOTS "/signins")}, environment());
+    QVERIFY2(signIns.exitCode == 0, signIns.text.constData());
+
+    int signedIn = 0;
+    for (const Event &event : recorded())
+        signedIn += event.action == Actions::Login ? 1 : 0;
+    QCOMPARE(signedIn, 5);  // four, and the refused one
 }
 
 QTEST_GUILESS_MAIN(TestRoad)

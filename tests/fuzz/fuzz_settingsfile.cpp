@@ -3,6 +3,7 @@
 #include "CommunicationAndData/settings/settingscontent.h"
 
 #include <QFile>
+#include <QSettings>
 #include <QTemporaryDir>
 
 #include <cstddef>

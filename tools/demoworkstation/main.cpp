@@ -1,4 +1,5 @@
 #include "demosettings.h"
+#include "demosite.h"
 
 #include "CommunicationAndData/settings/settingskeys.h"
 
@@ -21,8 +22,9 @@ bool writeVersion(const QString &path, const QString &version)
 
 }  // namespace
 
-/// Prepares a demonstration workstation: the data directory with its version, and the local application
-/// settings of a hospital that has been working with the suite for a while. What is there already stays.
+/// Prepares a demonstration workstation: the data directory with its version, the local application settings
+/// of a hospital that has been working with the suite for a while, its site database and its offline access
+/// file. What is there already stays.
 int main(int argc, char *argv[])
 {
     QCoreApplication application(argc, argv);
@@ -52,6 +54,11 @@ int main(int argc, char *argv[])
     }
     if (!QFileInfo::exists(settings) && !writeDemoSettings(settings)) {
         QTextStream(stderr) << "The settings cannot be written: " << settings << '\n';
+        return kFailed;
+    }
+    QString error;
+    if (!makeDemoSite(data, error)) {
+        QTextStream(stderr) << "The site's databases cannot be made: " << error << '\n';
         return kFailed;
     }
     return 0;

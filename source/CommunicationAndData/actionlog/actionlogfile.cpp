@@ -39,6 +39,14 @@ QStringList companions()
     return {QString(), kJournalSuffix, kIndexSuffix, kRollbackSuffix};
 }
 
+/// The current directory may be another one later, as file dialogs change it on some systems.
+QString absoluteDirectory(const QString &directory)
+{
+    if (directory.isEmpty())
+        return QString();
+    return QDir::cleanPath(QDir(QDir::fromNativeSeparators(directory)).absolutePath());
+}
+
 QString freeDamagedName(const QString &directory)
 {
     const QString stamp = QDateTime::currentDateTimeUtc().toString(QStringLiteral("yyyyMMdd-hhmmss"));
@@ -61,13 +69,13 @@ void logLine(int severity, const QString &message)
 
 ActionLogFile::ActionLogFile(const QString &directory)
     : ActionLogWriter(kEncryptedDriver)
-    , m_directory(QDir::cleanPath(QDir::fromNativeSeparators(directory)))
+    , m_directory(absoluteDirectory(directory))
     , m_path(nativePath(m_directory + QLatin1Char('/') + QLatin1String(ActionLogTable::kFileName)))
 {}
 
 ActionLogWriter::Opening ActionLogFile::open()
 {
-    if (!QDir().mkpath(m_directory)) {
+    if (m_directory.isEmpty() || !QDir().mkpath(m_directory)) {
         setErrorText(QStringLiteral("The directory of the action log cannot be made"));
         return Opening::NotOpened;
     }

@@ -85,8 +85,11 @@ bool SqlCipherResult::prepare(const QString &)
     setActive(false);
     setSelect(false);
     setAt(QSql::BeforeFirstRow);
-    if (!connection())
-        return fail(tr("Unable to execute statement"), QSqlError::ConnectionError);
+    if (!connection()) {
+        setLastError(QSqlError(tr("Unable to execute statement"), tr("The connection is closed"),
+                               QSqlError::ConnectionError));
+        return false;
+    }
 
     const QByteArray sql = lastQuery().toUtf8();
     const char *rest = nullptr;

@@ -239,7 +239,8 @@ QMap<QString, QString> PersonBrowserSettingsView::offeredLanguages() const
     QMap<QString, QString> texts;
     const auto file = openSettingsFile(m_dataPath + QLatin1String(kLanguageFile));
     for (const QString &code : file->allKeys()) {
-        const QString text = file->value(code).toString();
+        // A text with commas that was written without quotes comes as a list.
+        const QString text = file->value(code).toStringList().join(QLatin1String(", "));
         if (!text.isEmpty())
             texts.insert(code, text);
     }
@@ -370,8 +371,9 @@ void PersonBrowserSettingsView::handleIdSystemChange(int index)
 
 void PersonBrowserSettingsView::handleIdChecked(bool checked)
 {
-    if (!checked)
-        handleIdSystemChange(m_defaultIdSystem->currentIndex());
+    QCheckBox *defaultBox = m_idSystemBoxes.value(m_defaultIdSystem->currentData().toInt());
+    if (!checked && defaultBox && sender() == defaultBox)
+        defaultBox->setChecked(true);
 }
 
 void PersonBrowserSettingsView::handleSelectedEthnicsChange()

@@ -4,6 +4,7 @@
 #include "CommunicationAndData/settings/settingshandler.h"
 #include "CommunicationAndData/settings/settingskeys.h"
 #include "CommunicationAndData/settings/stashimage.h"
+#include "Corvane/settings/accesssettingsview.h"
 #include "Corvane/settings/databasesettingsview.h"
 #include "Corvane/settings/personbrowsersettingsview.h"
 #include "Corvane/settings/settingssnapshot.h"
@@ -82,6 +83,8 @@ void SettingsView::setAccessControl(AccessControl *access)
 
 void SettingsView::createPages()
 {
+    m_accessPage = new AccessSettingsView(m_dataPath, m_access->allowedAccessTypes());
+    m_accessPage->setObjectName(QStringLiteral("access_page"));
     m_databasePage = new DatabaseSettingsView(m_access->allowedAccessTypes());
     m_databasePage->setObjectName(QStringLiteral("database_page"));
     m_generalPage = new PersonBrowserSettingsView(m_dataPath);
@@ -97,6 +100,7 @@ void SettingsView::createTabs()
     m_tabs->setStyleSheet(QStringLiteral("QTabBar::tab { height: %1px; }").arg(kTabHeight));
     m_tabs->addTab(m_generalPage, QString());
     m_tabs->addTab(m_databasePage, QString());
+    m_tabs->addTab(m_accessPage, QString());
 }
 
 void SettingsView::createMenus()
@@ -129,6 +133,8 @@ void SettingsView::buildOnlineMenu()
     m_diffAction = addAction(m_onlineMenu, QStringLiteral("diff_action"), false);
     m_manageAction = addAction(m_onlineMenu, QStringLiteral("manage_action"), isAllowed(DownloadSettings));
     m_distributeAction = addAction(m_onlineMenu, QStringLiteral("distribute_action"), false);
+    if (isAllowed(DownloadSettings))
+        connect(m_manageAction, &QAction::triggered, this, &SettingsView::manageSettings);
 }
 
 void SettingsView::buildTransferMenu()
@@ -182,16 +188,20 @@ void SettingsView::updateTabTexts()
 {
     m_tabs->setTabText(m_tabs->indexOf(m_generalPage), tr("General"));
     m_tabs->setTabText(m_tabs->indexOf(m_databasePage), tr("Database"));
+    m_tabs->setTabText(m_tabs->indexOf(m_accessPage), tr("Access control") + QLatin1Char(' ') + tr("and") +
+                                                          QLatin1Char('\n') + tr("Audit trail"));
 }
 
 void SettingsView::savePages()
 {
+    save(m_accessPage);
     save(m_databasePage);
     save(m_generalPage);
 }
 
 void SettingsView::reloadPages()
 {
+    reload(m_accessPage);
     reload(m_databasePage);
     reload(m_generalPage);
 }
@@ -208,6 +218,8 @@ void SettingsView::showSettings()
     m_diffAction->setEnabled(true);
     connect(m_diffAction, &QAction::triggered, this, &SettingsView::diffSettings);
     m_distributeAction->setEnabled(isAllowed(DistributeSettings));
+    if (isAllowed(DistributeSettings))
+        connect(m_distributeAction, &QAction::triggered, this, &SettingsView::distributeSettings);
     m_importAction->setEnabled(true);
     m_exportAction->setEnabled(true);
 }

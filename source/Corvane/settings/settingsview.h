@@ -7,6 +7,7 @@
 #include <QStringList>
 
 class AccessControl;
+class AccessSettingsView;
 class DatabaseSettingsView;
 class PersonBrowserSettingsView;
 class QAction;
@@ -40,8 +41,12 @@ public slots:
     /// Builds everything; the pages need the operator's rights. A null pointer leaves the view empty.
     void setAccessControl(AccessControl *access);
 
+    /// Opens the dialog that loads and deletes online configurations.
+    void manageSettings();
     /// Takes over an online configuration that the store has fetched. Only `success` is read.
     void settingsReceived(bool success, bool distributed, QString message);
+    /// Opens the dialog that puts the working settings into the settings database.
+    void distributeSettings();
     /// Shows what differs between the settings as they are and the sources that were loaded.
     void diffSettings();
     /// Replaces the working settings' file by one that the administrator chooses.
@@ -97,6 +102,7 @@ private:
     QTabWidget *m_tabs = nullptr;
     QLabel *m_prompt = nullptr;
 
+    AccessSettingsView *m_accessPage = nullptr;
     DatabaseSettingsView *m_databasePage = nullptr;
     PersonBrowserSettingsView *m_generalPage = nullptr;
 
@@ -119,6 +125,11 @@ private:
     QStringList m_currentSettings;      ///< snapshot before a comparison
     QString m_settingsTag;              ///< display name of the last source
     QString m_dataPath;
+    // What was typed in the dialogs; in memory only.
+    QString m_manageUsername;
+    QString m_managePassword;
+    QString m_distributeUsername;
+    QString m_distributePassword;
     bool m_firstLoad = true;
 };
 

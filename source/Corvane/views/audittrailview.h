@@ -88,6 +88,7 @@ private:
     void startFilterTimer(QPointer<QLineEdit> &pending, const char *filterSlot);
     void setFilter(AuditFilterKey key, const QVariant &value);
     void refreshResults();
+    void fitColumnsOnce();
 
     // Connection
     void loadConnectionOptions();
@@ -122,6 +123,7 @@ private:
     QAction *m_optionsAction;
     QAction *m_disconnectAction;
     AuditTrailQueryModel *m_model = nullptr;
+    bool m_columnsFitted = false;
 
     // Made anew with the filter panel.
     DateEdit *m_fromEdit = nullptr;

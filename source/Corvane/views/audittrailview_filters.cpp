@@ -5,6 +5,7 @@
 #include "ZephanShared/widgets/waitcursor.h"
 
 #include <QComboBox>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QStandardItemModel>
@@ -14,6 +15,8 @@
 namespace {
 
 constexpr int kFilterDelay = 600;  // milliseconds, from the first letter on
+constexpr int kRowsToFit = 50;     // rows that tell how wide the columns begin
+constexpr int kWidestColumn = 280;
 
 }  // namespace
 
@@ -173,4 +176,17 @@ void AuditTrailView::refreshResults()
     for (int column = 0; column < m_model->columnCount(); ++column)
         m_model->setHeaderData(column, Qt::Horizontal, AuditTrailQueryString::headerText(column),
                                Qt::EditRole);
+    fitColumnsOnce();
+}
+
+/// With the first rows; afterwards the widths are the reader's.
+void AuditTrailView::fitColumnsOnce()
+{
+    if (m_columnsFitted || m_model->rowCount() == 0)
+        return;
+    m_columnsFitted = true;
+    m_table->horizontalHeader()->setResizeContentsPrecision(kRowsToFit);
+    m_table->resizeColumnsToContents();
+    for (int column = 0; column < m_model->columnCount(); ++column)
+        m_table->setColumnWidth(column, qMin(m_table->columnWidth(column), kWidestColumn));
 }

@@ -45,6 +45,7 @@ DateEdit::DateEdit(bool withTime, QWidget *parent)
 {
     m_lineEdit->setValidator(new QRegExpValidator(QRegExp(m_format->pattern()), m_lineEdit));
     m_lineEdit->setStyleSheet(StylePrinter::lineEditStyle(true, false, false));
+    m_calendarButton->setObjectName(QStringLiteral("calendar_button"));
     m_calendarButton->setFixedSize(kButtonSize, kButtonSize);
     m_calendarButton->setStyleSheet(StylePrinter::toolButtonStyle());
     m_calendarButton->setCursor(Qt::PointingHandCursor);
@@ -60,6 +61,7 @@ DateEdit::DateEdit(bool withTime, QWidget *parent)
         buildTimeEdit();
 
     m_calendar = new QCalendarWidget(m_calendarButton);
+    m_calendar->setObjectName(QStringLiteral("calendar"));
     m_calendar->setWindowFlags(Qt::Popup);
     m_calendar->hide();
     connectEdits();
@@ -72,6 +74,7 @@ void DateEdit::buildTimeEdit()
 {
     setSpacing(kTimeSpacing);
     m_timeEdit = new QTimeEdit(QTime(0, 0));
+    m_timeEdit->setObjectName(QStringLiteral("time"));
     m_timeEdit->setStyleSheet(StylePrinter::timeEditStyle());
     m_timeEdit->setDisplayFormat(m_format->timeFormat());
     m_timeEdit->setToolTip(m_format->timeFormat());
@@ -102,6 +105,9 @@ void DateEdit::updateTexts()
 {
     m_calendarButton->setToolTip(tr("Open calendar"));
     m_calendarButton->setAccessibleName(tr("Open calendar"));
+    m_calendar->setAccessibleName(tr("Calendar"));
+    if (m_timeEdit)
+        m_timeEdit->setAccessibleName(tr("Time"));
     m_lineEdit->setToolTip(m_format->hintText());
     if (m_invalid)
         setInvalid(true);

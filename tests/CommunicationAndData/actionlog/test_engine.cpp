@@ -56,6 +56,7 @@ private slots:
 
     void locationIsADirectory_data();
     void locationIsADirectory();
+    void relativeLocationStaysWhenTheCurrentDirectoryChanges();
     void locationIsReadAtTheStartAlone();
     void fileIsEncrypted();
     void fileHasTheTwelveColumnsInOrder();
@@ -241,7 +242,7 @@ void TestEngine::eventsAreKeptInTheirOrder()
     EngineRun run;
     QCOMPARE(run.start(), 0U);
     QStringList expected;
-    for (int i = 0; i < 200; ++i) {
+    for (int i = 0; i < 50; ++i) {
         expected.append(QString::number(i));
         run.log(expected.last());
     }
@@ -405,6 +406,21 @@ void TestEngine::locationIsADirectory()
     QCOMPARE(run.start(), 0U);
     run.log(QStringLiteral("here"));
     QCOMPARE(readActionLog(file.replace(QLatin1String("%1"), directory()), QStringLiteral("info")),
+             QStringList(QStringLiteral("here")));
+}
+
+void TestEngine::relativeLocationStaysWhenTheCurrentDirectoryChanges()
+{
+    QVERIFY(QDir().mkpath(directory()));
+    QVERIFY(QDir::setCurrent(directory()));
+    EngineRun::useLocation(QStringLiteral("trail"));
+    EngineRun run;
+    QCOMPARE(run.start(), 0U);
+    QVERIFY(QDir::setCurrent(m_workstation.temporaryDirectory()));
+    run.log(QStringLiteral("here"));
+    QCoreApplication::processEvents();
+    QVERIFY(run.critical.isEmpty());
+    QCOMPARE(readActionLog(directory() + QStringLiteral("/trail/actionlog.db"), QStringLiteral("info")),
              QStringList(QStringLiteral("here")));
 }
 

@@ -177,7 +177,7 @@ void TestEngineFaults::unusableFileIsMovedAside()
 {
     QFETCH(Change, change);
 
-    writeRows(60);
+    writeRows(25);
     change(file());
     const QByteArray unusable = readFile(file());
 

@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr int kRounds = 25;
+constexpr int kRounds = 15;
 constexpr int kPatience = 120000;  // milliseconds
 
 /// The writing program as a process of its own.
@@ -159,7 +159,7 @@ void TestEngineProcesses::processKilledWhileItBeginsTheLogLeavesAStartableOne()
 
 void TestEngineProcesses::processesWriteIntoOneLog()
 {
-    constexpr int kEvents = 150;
+    constexpr int kEvents = 60;
     Writer first(directory(), QStringLiteral("first"), kEvents);
     QVERIFY(first.printed(1));
     Writer second(directory(), QStringLiteral("second"), kEvents);

@@ -103,8 +103,8 @@ void TestSettingsProcesses::twoProcessesKeepEachOthersKeys()
     const QString count = QStringLiteral("100");
     const auto first = child({QStringLiteral("write"), path, QStringLiteral("his"), count});
     const auto second = child({QStringLiteral("write"), path, QStringLiteral("ui"), count});
-    QVERIFY(first->waitForFinished(60000));
-    QVERIFY(second->waitForFinished(60000));
+    QVERIFY(first->waitForFinished(240000));
+    QVERIFY(second->waitForFinished(240000));
     const auto content = contentOf(path, file(QStringLiteral("shared_copy.ini")));
     for (const QString &group : {QStringLiteral("his"), QStringLiteral("ui")}) {
         QCOMPARE(content.value(group + QStringLiteral("/number")).toInt(), 100);

@@ -121,6 +121,7 @@ private slots:
     void fileThatCantGrowKeepsWhatItHad();
 
     void twoConnectionsSeeEachOthersRows();
+    void schemaChangeOfAnotherConnectionIsSeen();
     void lockIsReportedAtOnce();
     void lockIsWaitedForAsLongAsAsked();
     void statementGoesOnWhenTheLockIsGone();
@@ -428,6 +429,23 @@ void TestSqlCipherFiles::twoConnectionsSeeEachOthersRows()
     QCOMPARE(SqlFixture::value(first, kCount).toInt(), 1);
     QVERIFY(second.commit());
     QCOMPARE(SqlFixture::value(first, kCount).toInt(), 2);
+}
+
+void TestSqlCipherFiles::schemaChangeOfAnotherConnectionIsSeen()
+{
+    const QSqlDatabase first = m_files->open({QStringLiteral("file.db")});
+    SqlFixture::run(first, {kCreate, kInsert});
+    QSqlQuery query(first);
+    QVERIFY(query.prepare(QStringLiteral("SELECT * FROM t WHERE a <> ?")));
+    query.addBindValue(QStringLiteral("x"));
+    QVERIFY(query.exec());
+    QCOMPARE(query.record().count(), 1);
+    query.finish();
+    SqlFixture::run(m_files->open({QStringLiteral("file.db")}),
+                    QStringLiteral("ALTER TABLE t ADD COLUMN b DEFAULT 'new'"));
+    QVERIFY(query.exec() && query.next());
+    QCOMPARE(query.record().count(), 2);
+    QCOMPARE(query.value(1).toString(), QStringLiteral("new"));
 }
 
 void TestSqlCipherFiles::lockIsReportedAtOnce()

@@ -78,6 +78,7 @@ private slots:
     void aLanguageFileWithoutLanguagesGivesTheBuiltInOnes_data();
     void aLanguageFileWithoutLanguagesGivesTheBuiltInOnes();
     void theLanguageFileReplacesTheBuiltInLanguages();
+    void aLanguagesTextMayHaveCommas();
     void languagesAreSortedByTheirTexts();
     void aStoredLanguageThatIsNotOfferedSelectsTheSystemLocaleAndIsSavedSo_data();
     void aStoredLanguageThatIsNotOfferedSelectsTheSystemLocaleAndIsSavedSo();
@@ -91,6 +92,7 @@ private slots:
     void reloadingIsNotHeldBackByTheDefaultThatIsShown();
     void choosingUnknownLeavesBothBoxesAndStoresTheCheckedNumbersAndZero();
     void uncheckingTheDefaultSystemHasNoEffectAndUncheckingTheOtherStays();
+    void uncheckingTheOtherSystemLeavesTheBoxOfTheDefaultAsItIs();
 
     void aStoredSingleNumberSelectsOneEthnicGroup();
     void aNumberOutsideTheEthnicGroupsIsIgnored();
@@ -223,6 +225,14 @@ void TestPersonBrowserSettingsView::theLanguageFileReplacesTheBuiltInLanguages()
     QCOMPARE(items(box), QStringList({"Afrikaans", QStringLiteral("Svenska åäö"), "Zulu", "System locale"}));
     QCOMPARE(box->itemData(0).toString(), QStringLiteral("yy"));
     QCOMPARE(box->currentData().toString(), QStringLiteral("sv"));
+}
+
+void TestPersonBrowserSettingsView::aLanguagesTextMayHaveCommas()
+{
+    QVERIFY(writeFile(languageFile(), "[General]\nxx=Zulu, northern, spoken\nyy=\"Zulu, southern\"\n"));
+    PersonBrowserSettingsView page(m_workstation.dataDirectory());
+    QCOMPARE(items(child<QComboBox>(page, kLanguage)),
+             QStringList({"Zulu, northern, spoken", "Zulu, southern", "System locale"}));
 }
 
 void TestPersonBrowserSettingsView::languagesAreSortedByTheirTexts()
@@ -366,6 +376,21 @@ void TestPersonBrowserSettingsView::uncheckingTheDefaultSystemHasNoEffectAndUnch
     QVERIFY(systemBox(page, 1)->isChecked());
     QTest::mouseClick(systemBox(page, 2), Qt::LeftButton, {}, QPoint(8, systemBox(page, 2)->height() / 2));
     QVERIFY(!systemBox(page, 2)->isChecked());
+}
+
+void TestPersonBrowserSettingsView::uncheckingTheOtherSystemLeavesTheBoxOfTheDefaultAsItIs()
+{
+    PersonBrowserSettingsView page(m_workstation.dataDirectory());
+    setStored("application/personal_id_systems", QVariantList{2, 0});
+    page.reloadSettings();
+    QCOMPARE(child<QComboBox>(page, kDefaultSystem)->currentIndex(), 1);
+    QVERIFY(!systemBox(page, 1)->isChecked());
+    systemBox(page, 2)->click();
+    QVERIFY(!systemBox(page, 2)->isChecked());
+    QVERIFY(!systemBox(page, 1)->isChecked());
+    systemBox(page, 1)->click();
+    systemBox(page, 1)->click();
+    QVERIFY(systemBox(page, 1)->isChecked());
 }
 
 void TestPersonBrowserSettingsView::aStoredSingleNumberSelectsOneEthnicGroup()

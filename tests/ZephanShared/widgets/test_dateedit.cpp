@@ -87,6 +87,7 @@ private slots:
     void englishWordsStandInWhereALanguageHasNoAmAndPm();
     void contentChangedComesWithEachKey();
     void currentTimeStandsInForAnEmptyField();
+    void whatAPersonCanUseHasNames();
 
 private:
     Workstation m_workstation;
@@ -368,6 +369,16 @@ void TestDateEdit::currentTimeStandsInForAnEmptyField()
     const Form form;
     QVERIFY(qAbs(form.date->dateTime(true).secsTo(QDateTime::currentDateTime())) < 60);
     QVERIFY(!form.date->dateTime(false).isValid());
+}
+
+void TestDateEdit::whatAPersonCanUseHasNames()
+{
+    const Form form(true);
+    for (const char *name : {"calendar_button", "calendar", "time"}) {
+        const auto *widget = form.findChild<QWidget *>(QLatin1String(name));
+        QVERIFY2(widget, name);
+        QVERIFY2(!widget->accessibleName().isEmpty(), name);
+    }
 }
 
 QTEST_MAIN(TestDateEdit)

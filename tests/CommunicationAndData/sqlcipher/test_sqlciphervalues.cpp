@@ -2,8 +2,6 @@
 
 #include <QDateTime>
 #include <QSqlError>
-#include <QSqlField>
-#include <QSqlQueryModel>
 #include <QSqlRecord>
 #include <QUuid>
 #include <QtTest>
@@ -11,27 +9,9 @@
 #include <limits>
 
 Q_DECLARE_METATYPE(QSql::NumericalPrecisionPolicy)
-Q_DECLARE_METATYPE(QVariant::Type)
 
-namespace {
-
-// A statement of a thousand million rows: whoever fetches more than is asked for never comes back.
-const QString kEndlessRows =
-    QStringLiteral("WITH RECURSIVE numbers(n) AS (SELECT 0 UNION ALL SELECT n + 1 FROM numbers WHERE n < "
-                   "1000000000) SELECT n, 'row ' || n FROM numbers");
-
-QString countTo(int last)
-{
-    return QStringLiteral(
-               "WITH RECURSIVE numbers(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM numbers WHERE n "
-               "< %1) SELECT n FROM numbers")
-        .arg(last);
-}
-
-}  // namespace
-
-/// Statements of the driver: values in and out, placeholders, moving among rows, models.
-class TestSqlCipherQueries : public QObject
+/// Values in and out of statements: their types, their placeholders and what statements report.
+class TestSqlCipherValues : public QObject
 {
     Q_OBJECT
 
@@ -48,7 +28,6 @@ private slots:
     void precision_data();
     void precision();
     void precisionOfTheConnectionIsTheQueries();
-
     void placeholders_data();
     void placeholders();
     void wrongNumberOfValues_data();
@@ -61,12 +40,10 @@ private slots:
     void batchStopsAtTheFirstError();
     void batchOfUnequalListsIsRefused();
     void boundValueIsNeverStatementText();
-
     void lastInsertId();
     void lastInsertIdIsThatOfItsOwnStatement();
     void affectedRows_data();
     void affectedRows();
-
     void statementError_data();
     void statementError();
     void oneStatementAtATime_data();
@@ -74,47 +51,17 @@ private slots:
     void errorInTheMiddleOfTheRows();
     void queryWithoutStatementFails();
 
-    void moving_data();
-    void moving();
-    void forwardOnlyMoving_data();
-    void forwardOnlyMoving();
-    void cellOutsideTheRowIsEmpty_data();
-    void cellOutsideTheRowIsEmpty();
-    void sizeIsNotKnown();
-    void recordOfAResult();
-    void columnTypeOfAResult_data();
-    void columnTypeOfAResult();
-    void recordOfAStatementWithoutRowsIsEmpty();
-
-    void schemaChangeIsSeenByAPreparedStatement();
-    void finishLetsGoOfTheRows();
-    void rowsReadToTheEndLockNothing();
-    void rollbackEndsRowsUnderWay();
-
-    void modelShowsItsFirstPageOfAThousandMillionRows();
-    void modelFetchesPageByPage();
-    void modelGoesBackOverAllRows();
-    void forwardQueryReadsOnlyWhatIsAskedFor();
-
-    void closingMakesQueriesInactive_data();
-    void closingMakesQueriesInactive();
-    void queryOutlivesItsConnection();
-    void modelOutlivesItsConnection();
-    void preparedQueryFailsAfterReopening();
-
 private:
-    QStringList walk(QSqlQuery &query, const QStringList &steps);
-
     QSqlDatabase m_database;
     SqlFixture m_files;
 };
 
-void TestSqlCipherQueries::init()
+void TestSqlCipherValues::init()
 {
     m_database = m_files.open({QStringLiteral(":memory:"), false});
 }
 
-void TestSqlCipherQueries::cleanup()
+void TestSqlCipherValues::cleanup()
 {
     m_database = QSqlDatabase();
     const WarningCatcher catcher;
@@ -122,7 +69,7 @@ void TestSqlCipherQueries::cleanup()
     QCOMPARE(catcher.warnings(), QStringList());
 }
 
-void TestSqlCipherQueries::valueComesBack_data()
+void TestSqlCipherValues::valueComesBack_data()
 {
     QTest::addColumn<QVariant>("value");
     QTest::addColumn<QVariant>("readBack");
@@ -182,7 +129,7 @@ void TestSqlCipherQueries::valueComesBack_data()
     QTest::newRow("not a number") << QVariant(std::nan("")) << null;
 }
 
-void TestSqlCipherQueries::valueComesBack()
+void TestSqlCipherValues::valueComesBack()
 {
     QFETCH(const QVariant, value);
     QFETCH(const QVariant, readBack);
@@ -206,7 +153,7 @@ void TestSqlCipherQueries::valueComesBack()
     }
 }
 
-void TestSqlCipherQueries::valueWithoutTextIsRefused()
+void TestSqlCipherValues::valueWithoutTextIsRefused()
 {
     SqlFixture::run(m_database, QStringLiteral("CREATE TABLE t (a)"));
     QSqlQuery query(m_database);
@@ -218,7 +165,7 @@ void TestSqlCipherQueries::valueWithoutTextIsRefused()
     QCOMPARE(SqlFixture::value(m_database, QStringLiteral("SELECT count(*) FROM t")).toInt(), 0);
 }
 
-void TestSqlCipherQueries::storageClass_data()
+void TestSqlCipherValues::storageClass_data()
 {
     QTest::addColumn<QVariant>("value");
     QTest::addColumn<QString>("storage");
@@ -232,7 +179,7 @@ void TestSqlCipherQueries::storageClass_data()
     QTest::newRow("no value is null") << QVariant() << "null";
 }
 
-void TestSqlCipherQueries::storageClass()
+void TestSqlCipherValues::storageClass()
 {
     QFETCH(const QVariant, value);
     QSqlQuery query(m_database);
@@ -242,7 +189,7 @@ void TestSqlCipherQueries::storageClass()
     QTEST(query.value(0).toString(), "storage");
 }
 
-void TestSqlCipherQueries::nullIsANullText()
+void TestSqlCipherValues::nullIsANullText()
 {
     QSqlQuery query(QStringLiteral("SELECT NULL"), m_database);
     QVERIFY(query.next());
@@ -252,7 +199,7 @@ void TestSqlCipherQueries::nullIsANullText()
     QCOMPARE(query.value(0).type(), QVariant::String);
 }
 
-void TestSqlCipherQueries::precision_data()
+void TestSqlCipherValues::precision_data()
 {
     QTest::addColumn<QSql::NumericalPrecisionPolicy>("policy");
     QTest::addColumn<QString>("expression");
@@ -271,7 +218,7 @@ void TestSqlCipherQueries::precision_data()
     QTest::newRow("an integer stays of 64 bits") << QSql::LowPrecisionInt32 << "9223372036854775807" << most;
 }
 
-void TestSqlCipherQueries::precision()
+void TestSqlCipherValues::precision()
 {
     QFETCH(const QSql::NumericalPrecisionPolicy, policy);
     QFETCH(const QString, expression);
@@ -286,7 +233,7 @@ void TestSqlCipherQueries::precision()
     }
 }
 
-void TestSqlCipherQueries::precisionOfTheConnectionIsTheQueries()
+void TestSqlCipherValues::precisionOfTheConnectionIsTheQueries()
 {
     m_database.setNumericalPrecisionPolicy(QSql::LowPrecisionInt64);
     QSqlQuery query(QStringLiteral("SELECT 7.5"), m_database);
@@ -294,7 +241,7 @@ void TestSqlCipherQueries::precisionOfTheConnectionIsTheQueries()
     QCOMPARE(query.value(0), QVariant(Q_INT64_C(7)));
 }
 
-void TestSqlCipherQueries::placeholders_data()
+void TestSqlCipherValues::placeholders_data()
 {
     QTest::addColumn<QString>("statement");
     QTest::addColumn<QVariantMap>("named");
@@ -336,7 +283,7 @@ void TestSqlCipherQueries::placeholders_data()
     QTest::newRow("no placeholders and no values") << "SELECT 1" << none << QVariantList() << "1";
 }
 
-void TestSqlCipherQueries::placeholders()
+void TestSqlCipherValues::placeholders()
 {
     QFETCH(const QString, statement);
     QFETCH(const QVariantMap, named);
@@ -355,7 +302,7 @@ void TestSqlCipherQueries::placeholders()
     QTEST(row.join(QLatin1Char(' ')), "row");
 }
 
-void TestSqlCipherQueries::wrongNumberOfValues_data()
+void TestSqlCipherValues::wrongNumberOfValues_data()
 {
     QTest::addColumn<QString>("statement");
     QTest::addColumn<QVariantMap>("named");
@@ -370,7 +317,7 @@ void TestSqlCipherQueries::wrongNumberOfValues_data()
     QTest::newRow("too many for a repeated name") << "SELECT :a, :a" << none << QVariantList{1, 2, 3};
 }
 
-void TestSqlCipherQueries::wrongNumberOfValues()
+void TestSqlCipherValues::wrongNumberOfValues()
 {
     QFETCH(const QString, statement);
     QFETCH(const QVariantMap, named);
@@ -387,7 +334,7 @@ void TestSqlCipherQueries::wrongNumberOfValues()
     QCOMPARE(query.lastError().driverText(), QStringLiteral("Parameter count mismatch"));
 }
 
-void TestSqlCipherQueries::unknownNameIsNoValue()
+void TestSqlCipherValues::unknownNameIsNoValue()
 {
     QSqlQuery query(m_database);
     QVERIFY(query.prepare(QStringLiteral("SELECT :a")));
@@ -397,7 +344,7 @@ void TestSqlCipherQueries::unknownNameIsNoValue()
     QCOMPARE(query.value(0).toInt(), 1);
 }
 
-void TestSqlCipherQueries::preparedStatementRunsAgainWithOtherValues()
+void TestSqlCipherValues::preparedStatementRunsAgainWithOtherValues()
 {
     SqlFixture::run(m_database, QStringLiteral("CREATE TABLE t (a, b)"));
     QSqlQuery query(m_database);
@@ -411,7 +358,7 @@ void TestSqlCipherQueries::preparedStatementRunsAgainWithOtherValues()
              (QStringList{"0-0", "1-1", "2-null", "3-9", "4-16"}));
 }
 
-void TestSqlCipherQueries::valuesStayBoundForTheNextRun()
+void TestSqlCipherValues::valuesStayBoundForTheNextRun()
 {
     QSqlQuery query(m_database);
     QVERIFY(query.prepare(QStringLiteral("SELECT ?, ?")));
@@ -426,7 +373,7 @@ void TestSqlCipherQueries::valuesStayBoundForTheNextRun()
     QCOMPARE(query.boundValue(1).toInt(), 2);
 }
 
-void TestSqlCipherQueries::batchInsertsAllRows_data()
+void TestSqlCipherValues::batchInsertsAllRows_data()
 {
     QTest::addColumn<QString>("statement");
     QTest::addColumn<bool>("isNamed");
@@ -436,7 +383,7 @@ void TestSqlCipherQueries::batchInsertsAllRows_data()
     QTest::newRow("by a repeated name") << "INSERT INTO t VALUES (:a, :b, :a)" << true;
 }
 
-void TestSqlCipherQueries::batchInsertsAllRows()
+void TestSqlCipherValues::batchInsertsAllRows()
 {
     QFETCH(const QString, statement);
     QFETCH(const bool, isNamed);
@@ -459,7 +406,7 @@ void TestSqlCipherQueries::batchInsertsAllRows()
     QCOMPARE(query.boundValue(isNamed ? 1 : 0).toList().size(), 3);
 }
 
-void TestSqlCipherQueries::batchStopsAtTheFirstError()
+void TestSqlCipherValues::batchStopsAtTheFirstError()
 {
     SqlFixture::run(m_database, QStringLiteral("CREATE TABLE t (a UNIQUE)"));
     QSqlQuery query(m_database);
@@ -470,7 +417,7 @@ void TestSqlCipherQueries::batchStopsAtTheFirstError()
     QCOMPARE(SqlFixture::column(m_database, QStringLiteral("SELECT a FROM t")), (QStringList{"1", "2"}));
 }
 
-void TestSqlCipherQueries::batchOfUnequalListsIsRefused()
+void TestSqlCipherValues::batchOfUnequalListsIsRefused()
 {
     SqlFixture::run(m_database, QStringLiteral("CREATE TABLE t (a, b)"));
     QSqlQuery query(m_database);
@@ -482,7 +429,7 @@ void TestSqlCipherQueries::batchOfUnequalListsIsRefused()
     QCOMPARE(SqlFixture::value(m_database, QStringLiteral("SELECT count(*) FROM t")).toInt(), 0);
 }
 
-void TestSqlCipherQueries::boundValueIsNeverStatementText()
+void TestSqlCipherValues::boundValueIsNeverStatementText()
 {
     SqlFixture::run(m_database, {"CREATE TABLE t (a)", "INSERT INTO t VALUES ('x')"});
     QSqlQuery query(m_database);
@@ -493,7 +440,7 @@ void TestSqlCipherQueries::boundValueIsNeverStatementText()
     QCOMPARE(m_database.tables(), QStringList{"t"});
 }
 
-void TestSqlCipherQueries::lastInsertId()
+void TestSqlCipherValues::lastInsertId()
 {
     SqlFixture::run(m_database, QStringLiteral("CREATE TABLE t (id INTEGER PRIMARY KEY, a)"));
     QSqlQuery query(m_database);
@@ -506,7 +453,7 @@ void TestSqlCipherQueries::lastInsertId()
     QVERIFY(!QSqlQuery(m_database).lastInsertId().isValid());
 }
 
-void TestSqlCipherQueries::lastInsertIdIsThatOfItsOwnStatement()
+void TestSqlCipherValues::lastInsertIdIsThatOfItsOwnStatement()
 {
     SqlFixture::run(m_database, QStringLiteral("CREATE TABLE t (id INTEGER PRIMARY KEY)"));
     QSqlQuery first(QStringLiteral("INSERT INTO t VALUES (10)"), m_database);
@@ -515,7 +462,7 @@ void TestSqlCipherQueries::lastInsertIdIsThatOfItsOwnStatement()
     QCOMPARE(second.lastInsertId().toInt(), 20);
 }
 
-void TestSqlCipherQueries::affectedRows_data()
+void TestSqlCipherValues::affectedRows_data()
 {
     QTest::addColumn<QString>("statement");
     QTest::addColumn<int>("rows");
@@ -531,7 +478,7 @@ void TestSqlCipherQueries::affectedRows_data()
     QTest::newRow("rows that are read") << "SELECT * FROM t" << -1;
 }
 
-void TestSqlCipherQueries::affectedRows()
+void TestSqlCipherValues::affectedRows()
 {
     QFETCH(const QString, statement);
     SqlFixture::run(m_database, {"CREATE TABLE t (a)", "INSERT INTO t VALUES (1), (2), (3)"});
@@ -541,7 +488,7 @@ void TestSqlCipherQueries::affectedRows()
     QTEST(query.numRowsAffected(), "rows");
 }
 
-void TestSqlCipherQueries::statementError_data()
+void TestSqlCipherValues::statementError_data()
 {
     QTest::addColumn<QString>("statement");
     QTest::addColumn<int>("number");
@@ -560,7 +507,7 @@ void TestSqlCipherQueries::statementError_data()
         << "INSERT INTO child VALUES (5)" << 19 << "FOREIGN KEY constraint failed";
 }
 
-void TestSqlCipherQueries::statementError()
+void TestSqlCipherValues::statementError()
 {
     SqlFixture::run(m_database,
                     {"PRAGMA foreign_keys = ON", "CREATE TABLE t (a UNIQUE, b NOT NULL)",
@@ -579,7 +526,7 @@ void TestSqlCipherQueries::statementError()
     QVERIFY(!query.lastError().isValid());
 }
 
-void TestSqlCipherQueries::oneStatementAtATime_data()
+void TestSqlCipherValues::oneStatementAtATime_data()
 {
     QTest::addColumn<QString>("statement");
     QTest::addColumn<bool>("isOne");
@@ -595,7 +542,7 @@ void TestSqlCipherQueries::oneStatementAtATime_data()
     QTest::newRow("nor nonsense") << "SELECT 1; nonsense" << false;
 }
 
-void TestSqlCipherQueries::oneStatementAtATime()
+void TestSqlCipherValues::oneStatementAtATime()
 {
     QFETCH(const QString, statement);
     QFETCH(const bool, isOne);
@@ -610,7 +557,7 @@ void TestSqlCipherQueries::oneStatementAtATime()
     QCOMPARE(m_database.tables(), QStringList{"t"});
 }
 
-void TestSqlCipherQueries::errorInTheMiddleOfTheRows()
+void TestSqlCipherValues::errorInTheMiddleOfTheRows()
 {
     // abs() fails for the least number, which comes third.
     const QString statement =
@@ -629,7 +576,7 @@ void TestSqlCipherQueries::errorInTheMiddleOfTheRows()
     }
 }
 
-void TestSqlCipherQueries::queryWithoutStatementFails()
+void TestSqlCipherValues::queryWithoutStatementFails()
 {
     QSqlQuery query(m_database);
     QVERIFY(!query.exec());
@@ -638,336 +585,5 @@ void TestSqlCipherQueries::queryWithoutStatementFails()
     QVERIFY(query.lastError().isValid());
 }
 
-QStringList TestSqlCipherQueries::walk(QSqlQuery &query, const QStringList &steps)
-{
-    QStringList places;
-    for (const QString &step : steps) {
-        bool isThere = false;
-        if (step == QLatin1String("first"))
-            isThere = query.first();
-        else if (step == QLatin1String("last"))
-            isThere = query.last();
-        else if (step == QLatin1String("next"))
-            isThere = query.next();
-        else if (step == QLatin1String("previous"))
-            isThere = query.previous();
-        else if (step.startsWith(QLatin1String("by ")))
-            isThere = query.seek(step.mid(3).toInt(), true);
-        else
-            isThere = query.seek(step.toInt());
-        places.append(isThere                              ? query.value(0).toString()
-                      : query.at() == QSql::BeforeFirstRow ? QStringLiteral("before")
-                      : query.at() == QSql::AfterLastRow   ? QStringLiteral("after")
-                                                           : QStringLiteral("no"));
-    }
-    return places;
-}
-
-void TestSqlCipherQueries::moving_data()
-{
-    QTest::addColumn<int>("rows");
-    QTest::addColumn<QStringList>("steps");
-    QTest::addColumn<QStringList>("places");
-
-    QTest::newRow("next to the end and back again")
-        << 3 << QStringList{"next", "next", "next", "next", "previous", "previous", "previous", "previous"}
-        << QStringList{"1", "2", "3", "after", "3", "2", "1", "before"};
-    QTest::newRow("the last and then all the way back")
-        << 3 << QStringList{"last", "previous", "previous", "previous"}
-        << QStringList{"3", "2", "1", "before"};
-    QTest::newRow("the first at any time")
-        << 3 << QStringList{"first", "last", "first", "next"} << QStringList{"1", "3", "1", "2"};
-    QTest::newRow("seeking to and fro") << 1000 << QStringList{"500", "20", "999", "0", "700"}
-                                        << QStringList{"501", "21", "1000", "1", "701"};
-    QTest::newRow("seeking by steps")
-        << 1000 << QStringList{"by 10", "by 5", "by -3", "by -20"} << QStringList{"10", "15", "12", "before"};
-    QTest::newRow("seeking past the end and back") << 3 << QStringList{"3", "1", "100", "last", "-1", "next"}
-                                                   << QStringList{"after", "2", "after", "3", "before", "1"};
-    QTest::newRow("staying where one is") << 3 << QStringList{"1", "1"} << QStringList{"2", "2"};
-    QTest::newRow("no rows at all") << 0 << QStringList{"next", "first", "last", "previous", "0", "5"}
-                                    << QStringList{"after", "after", "after", "after", "after", "after"};
-}
-
-void TestSqlCipherQueries::moving()
-{
-    QFETCH(const int, rows);
-    QFETCH(const QStringList, steps);
-    QSqlQuery query(m_database);
-    QVERIFY(query.exec(QStringLiteral("SELECT n FROM (%1) WHERE n <= %2").arg(countTo(rows)).arg(rows)));
-    QVERIFY(query.isSelect());
-    QTEST(walk(query, steps), "places");
-}
-
-void TestSqlCipherQueries::forwardOnlyMoving_data()
-{
-    QTest::addColumn<int>("rows");
-    QTest::addColumn<QStringList>("steps");
-    QTest::addColumn<QStringList>("places");
-
-    QTest::newRow("next to the end") << 3 << QStringList{"next", "next", "next", "next", "next"}
-                                     << QStringList{"1", "2", "3", "after", "after"};
-    QTest::newRow("the last is read")
-        << 3 << QStringList{"last", "last", "next", "last"} << QStringList{"3", "3", "after", "after"};
-    QTest::newRow("the last from the middle")
-        << 5 << QStringList{"next", "next", "last"} << QStringList{"1", "2", "5"};
-    QTest::newRow("the only row is the last") << 1 << QStringList{"next", "last"} << QStringList{"1", "1"};
-    QTest::newRow("seeking ahead") << 1000 << QStringList{"10", "by 5", "900"}
-                                   << QStringList{"11", "16", "901"};
-    QTest::newRow("seeking past the end") << 3 << QStringList{"5", "next"} << QStringList{"after", "after"};
-    QTest::newRow("the first only once") << 3 << QStringList{"first", "next"} << QStringList{"1", "2"};
-    QTest::newRow("no rows at all") << 0 << QStringList{"next", "last"} << QStringList{"after", "after"};
-}
-
-void TestSqlCipherQueries::forwardOnlyMoving()
-{
-    QFETCH(const int, rows);
-    QFETCH(const QStringList, steps);
-    QSqlQuery query(m_database);
-    query.setForwardOnly(true);
-    QVERIFY(query.exec(QStringLiteral("SELECT n FROM (%1) WHERE n <= %2").arg(countTo(rows)).arg(rows)));
-    QTEST(walk(query, steps), "places");
-}
-
-void TestSqlCipherQueries::cellOutsideTheRowIsEmpty_data()
-{
-    QTest::addColumn<bool>("isForwardOnly");
-    QTest::newRow("among kept rows") << false;
-    QTest::newRow("reading forward") << true;
-}
-
-void TestSqlCipherQueries::cellOutsideTheRowIsEmpty()
-{
-    QFETCH(const bool, isForwardOnly);
-    QSqlQuery query(m_database);
-    query.setForwardOnly(isForwardOnly);
-    QVERIFY(query.exec(QStringLiteral("SELECT 1, 2")) && query.next());
-    QVERIFY(!query.value(2).isValid());
-    QVERIFY(query.isNull(2));
-    QVERIFY(query.isNull(-1));
-    QCOMPARE(query.value(1).toInt(), 2);
-    QVERIFY(!query.next());
-    QVERIFY(query.isNull(0));
-}
-
-void TestSqlCipherQueries::sizeIsNotKnown()
-{
-    QSqlQuery query(QStringLiteral("SELECT 1"), m_database);
-    QCOMPARE(query.size(), -1);
-    QVERIFY(query.last());
-    QCOMPARE(query.size(), -1);
-}
-
-void TestSqlCipherQueries::recordOfAResult()
-{
-    SqlFixture::run(m_database, {"CREATE TABLE t (id INTEGER, \"two words\" VARCHAR(5))",
-                                 "INSERT INTO t VALUES (1, 'x')"});
-    QSqlQuery query(QStringLiteral("SELECT id AS number, \"two words\", id + 1 FROM t"), m_database);
-    const QSqlRecord record = query.record();
-    QCOMPARE(record.count(), 3);
-    QCOMPARE(record.fieldName(0), QStringLiteral("number"));
-    QCOMPARE(record.field(0).tableName(), QStringLiteral("t"));
-    QCOMPARE(record.fieldName(1), QStringLiteral("two words"));
-    QCOMPARE(record.field(2).tableName(), QString());
-    QVERIFY(query.next());
-    QCOMPARE(query.value(QStringLiteral("two words")).toString(), QStringLiteral("x"));
-    QCOMPARE(query.record().value(0), QVariant(Q_INT64_C(1)));
-}
-
-void TestSqlCipherQueries::columnTypeOfAResult_data()
-{
-    QTest::addColumn<QString>("expression");
-    QTest::addColumn<QVariant::Type>("type");
-
-    QTest::newRow("a declared column has its type") << "i FROM t" << QVariant::Int;
-    QTest::newRow("a declared column without rows too") << "i FROM t WHERE 0" << QVariant::Int;
-    QTest::newRow("a number") << "1" << QVariant::Int;
-    QTest::newRow("a fraction") << "1.5" << QVariant::Double;
-    QTest::newRow("a text") << "'a'" << QVariant::String;
-    QTest::newRow("bytes") << "x'00'" << QVariant::ByteArray;
-    QTest::newRow("a null has none") << "NULL" << QVariant::Invalid;
-    QTest::newRow("an expression without rows has none") << "i + 1 FROM t WHERE 0" << QVariant::Invalid;
-}
-
-void TestSqlCipherQueries::columnTypeOfAResult()
-{
-    QFETCH(const QString, expression);
-    SqlFixture::run(m_database, {"CREATE TABLE t (i INTEGER)", "INSERT INTO t VALUES (1)"});
-    const QSqlQuery query(QStringLiteral("SELECT ") + expression, m_database);
-    QTEST(query.record().field(0).type(), "type");
-}
-
-void TestSqlCipherQueries::recordOfAStatementWithoutRowsIsEmpty()
-{
-    QSqlQuery query(m_database);
-    QVERIFY(query.exec(QStringLiteral("CREATE TABLE t (a)")));
-    QVERIFY(!query.isSelect());
-    QVERIFY(query.record().isEmpty());
-    QVERIFY(!query.next());
-}
-
-void TestSqlCipherQueries::schemaChangeIsSeenByAPreparedStatement()
-{
-    SqlFixture::run(m_database, {"CREATE TABLE t (a)", "INSERT INTO t VALUES (1)"});
-    QSqlQuery query(m_database);
-    QVERIFY(query.prepare(QStringLiteral("SELECT * FROM t WHERE a = ?")));
-    query.addBindValue(1);
-    QVERIFY(query.exec() && query.next());
-    QCOMPARE(query.record().count(), 1);
-    query.finish();
-
-    SqlFixture::run(m_database, QStringLiteral("ALTER TABLE t ADD COLUMN b DEFAULT 'new'"));
-    QVERIFY(query.exec() && query.next());
-    QCOMPARE(query.record().count(), 2);
-    QCOMPARE(query.value(1).toString(), QStringLiteral("new"));
-    query.finish();
-
-    SqlFixture::run(m_database, QStringLiteral("DROP TABLE t"));
-    QVERIFY(!query.exec());
-    QCOMPARE(query.lastError().databaseText(), QStringLiteral("no such table: t"));
-}
-
-void TestSqlCipherQueries::finishLetsGoOfTheRows()
-{
-    SqlFixture::run(m_database, {"CREATE TABLE t (a)", "INSERT INTO t VALUES (1), (2)"});
-    QSqlQuery query(QStringLiteral("SELECT a FROM t"), m_database);
-    QVERIFY(query.next());
-    QCOMPARE(SqlFixture::errorOf(m_database, QStringLiteral("DROP TABLE t")), 6);
-    query.finish();
-    QVERIFY(!query.isActive());
-    QVERIFY(!query.next());
-    QCOMPARE(SqlFixture::errorOf(m_database, QStringLiteral("DROP TABLE t")), 0);
-}
-
-void TestSqlCipherQueries::rowsReadToTheEndLockNothing()
-{
-    SqlFixture::run(m_database, {"CREATE TABLE t (a)", "INSERT INTO t VALUES (1), (2)"});
-    QSqlQuery query(QStringLiteral("SELECT a FROM t"), m_database);
-    QVERIFY(query.next() && query.next());
-    QCOMPARE(SqlFixture::errorOf(m_database, QStringLiteral("DROP TABLE t")), 6);
-    QVERIFY(!query.next());
-    QCOMPARE(SqlFixture::errorOf(m_database, QStringLiteral("DROP TABLE t")), 0);
-    QVERIFY(query.first());
-    QCOMPARE(query.value(0).toInt(), 1);
-}
-
-void TestSqlCipherQueries::rollbackEndsRowsUnderWay()
-{
-    SqlFixture::run(m_database, {"CREATE TABLE t (a)", "INSERT INTO t VALUES (1), (2), (3)"});
-    QVERIFY(m_database.transaction());
-    SqlFixture::run(m_database, QStringLiteral("CREATE TABLE other (a)"));
-    QSqlQuery query(QStringLiteral("SELECT a FROM t"), m_database);
-    QVERIFY(query.next());
-    QVERIFY(m_database.rollback());
-    QVERIFY(!query.next());
-    QCOMPARE(query.lastError().nativeErrorCode(), QStringLiteral("4"));
-}
-
-void TestSqlCipherQueries::modelShowsItsFirstPageOfAThousandMillionRows()
-{
-    QSqlQueryModel model;
-    model.setQuery(kEndlessRows, m_database);
-    QVERIFY2(!model.lastError().isValid(), qPrintable(model.lastError().text()));
-    QCOMPARE(model.rowCount(), 256);
-    QCOMPARE(model.data(model.index(255, 1)).toString(), QStringLiteral("row 255"));
-    QVERIFY(model.canFetchMore());
-}
-
-void TestSqlCipherQueries::modelFetchesPageByPage()
-{
-    QSqlQueryModel model;
-    model.setQuery(countTo(600), m_database);
-    QCOMPARE(model.rowCount(), 256);
-    model.fetchMore();
-    QCOMPARE(model.rowCount(), 511);
-    model.fetchMore();
-    QCOMPARE(model.rowCount(), 600);
-    QVERIFY(!model.canFetchMore());
-    QCOMPARE(model.data(model.index(599, 0)).toInt(), 600);
-    QCOMPARE(model.data(model.index(0, 0)).toInt(), 1);
-}
-
-void TestSqlCipherQueries::modelGoesBackOverAllRows()
-{
-    constexpr int kRows = 30000;
-    QSqlQueryModel model;
-    model.setQuery(countTo(kRows), m_database);
-    while (model.canFetchMore())
-        model.fetchMore();
-    QCOMPARE(model.rowCount(), kRows);
-    for (int row = kRows - 1; row >= 0; row -= 7)
-        QCOMPARE(model.data(model.index(row, 0)).toInt(), row + 1);
-}
-
-void TestSqlCipherQueries::forwardQueryReadsOnlyWhatIsAskedFor()
-{
-    QSqlQuery query(m_database);
-    query.setForwardOnly(true);
-    QVERIFY(query.exec(kEndlessRows));
-    QVERIFY(query.seek(100));
-    QCOMPARE(query.value(1).toString(), QStringLiteral("row 100"));
-}
-
-void TestSqlCipherQueries::closingMakesQueriesInactive_data()
-{
-    QTest::addColumn<bool>("isForwardOnly");
-    QTest::newRow("that keep rows") << false;
-    QTest::newRow("that read forward") << true;
-}
-
-void TestSqlCipherQueries::closingMakesQueriesInactive()
-{
-    QFETCH(const bool, isForwardOnly);
-    QSqlQuery query(m_database);
-    query.setForwardOnly(isForwardOnly);
-    QVERIFY(query.exec(countTo(10)) && query.next() && query.next());
-    m_database.close();
-    QVERIFY(!query.isActive());
-    QVERIFY(!query.next());
-    QVERIFY(!query.previous());
-    QVERIFY(!query.seek(0));
-    QVERIFY(!query.last());
-    QVERIFY(query.isNull(0));
-    QVERIFY(query.record().isEmpty());
-    QVERIFY(!query.lastInsertId().isValid());
-    QCOMPARE(query.numRowsAffected(), -1);
-    QVERIFY(!query.exec());
-    query.finish();
-    query.clear();
-}
-
-void TestSqlCipherQueries::queryOutlivesItsConnection()
-{
-    QSqlQuery query(m_database);
-    QVERIFY(query.exec(countTo(10)) && query.next());
-    const QString name = m_database.connectionName();
-    m_database = QSqlDatabase();
-    QSqlDatabase::removeDatabase(name);
-    QVERIFY(!query.isActive());
-    QVERIFY(!query.next());
-}
-
-void TestSqlCipherQueries::modelOutlivesItsConnection()
-{
-    QSqlQueryModel model;
-    model.setQuery(countTo(1000), m_database);
-    QCOMPARE(model.rowCount(), 256);
-    m_database.close();
-    QVERIFY(!model.data(model.index(3, 0)).isValid());
-    model.fetchMore();
-    QVERIFY(!model.data(model.index(3, 0)).isValid());
-    model.clear();
-}
-
-void TestSqlCipherQueries::preparedQueryFailsAfterReopening()
-{
-    QSqlQuery query(m_database);
-    QVERIFY(query.prepare(QStringLiteral("SELECT 1")));
-    QVERIFY(m_database.open());
-    QVERIFY(!query.exec());
-    QCOMPARE(query.lastError().databaseText(), QStringLiteral("No query"));
-    QVERIFY(query.exec(QStringLiteral("SELECT 2")) && query.next());
-    QCOMPARE(query.value(0).toInt(), 2);
-}
-
-QTEST_GUILESS_MAIN(TestSqlCipherQueries)
-#include "test_sqlcipherqueries.moc"
+QTEST_GUILESS_MAIN(TestSqlCipherValues)
+#include "test_sqlciphervalues.moc"
