@@ -93,6 +93,8 @@ int OperatorLookup::rights(const QList<OperatorModel> &operators, const Operator
             ids.append(id);
             titles.append(query.value(TitleColumn).toString());
         }
+        if (!readToTheEnd(query))
+            return 0;
     }
     bearer->setOperatorRoleIDList(ids);
     bearer->setOperatorRoleNames(titles);
@@ -114,19 +116,34 @@ QList<OperatorModel> OperatorLookup::readOperators(QSqlQuery &query, OperatorMod
     QList<OperatorModel> operators;
     while (query.next())
         operators.append(readOperator(query, type));
-    return operators;
+    return readToTheEnd(query) ? operators : QList<OperatorModel>();
 }
 
 bool OperatorLookup::run(QSqlQuery &query, const QString &statement, const QVariantList &values)
 {
     query.setForwardOnly(true);
-    bool done = query.prepare(statement);
+    const bool done = query.prepare(statement);
     for (const QVariant &value : values)
         query.addBindValue(value);
-    done = done && query.exec();
-    if (!done) {
-        m_failed = true;
-        m_errorText = query.lastError().text();
-    }
-    return done;
+    if (done && query.exec())
+        return true;
+    fail(query);
+    return false;
+}
+
+bool OperatorLookup::readToTheEnd(const QSqlQuery &query)
+{
+    if (query.lastError().type() == QSqlError::NoError)
+        return true;
+    fail(query);
+    return false;
+}
+
+void OperatorLookup::fail(const QSqlQuery &query)
+{
+    m_failed = true;
+    m_errorText = query.lastError().text().trimmed();
+    // Some drivers fail without a word, as when the connection is gone.
+    if (m_errorText.isEmpty())
+        m_errorText = QStringLiteral("The access database gave no answer");
 }

@@ -34,6 +34,10 @@ private:
     QList<OperatorModel> readOperators(QSqlQuery &query, OperatorModelData::OperatorType type);
     bool run(QSqlQuery &query, const QString &statement, const QVariantList &values);
 
+    /// Whether the rows ended because there are no more, and not by a failure.
+    bool readToTheEnd(const QSqlQuery &query);
+    void fail(const QSqlQuery &query);
+
     const QSqlDatabase &m_database;
     bool m_failed = false;
     QString m_errorText;

@@ -42,7 +42,7 @@ QSqlDatabase ActionLogWriter::addDatabase(const QString &databaseName)
 
 bool ActionLogWriter::isOpened()
 {
-    return keepError(m_database.lastError()) && m_database.isOpen();
+    return keepResult(m_database.isOpen(), m_database.lastError());
 }
 
 void ActionLogWriter::close()
@@ -62,8 +62,8 @@ bool ActionLogWriter::write(const ActionLogEntry &entry)
     const QVariantList values = entry.values();
     for (int i = 0; i < values.size(); ++i)
         m_insert->bindValue(i, values.at(i));
-    m_insert->exec();
-    const bool written = keepError(m_insert->lastError());
+    const bool done = m_insert->exec();
+    const bool written = keepResult(done, m_insert->lastError());
     m_insert->finish();
     return written;
 }
@@ -82,13 +82,13 @@ QString ActionLogWriter::run(const QString &statement)
 {
     QSqlQuery query(m_database);
     query.setForwardOnly(true);
-    query.exec(statement);
-    if (!keepError(query.lastError()))
+    const bool done = query.exec(statement);
+    if (!keepResult(done, query.lastError()))
         return QString();
     QString value;
     if (query.isSelect() && query.next())
         value = query.value(0).toString();
-    keepError(query.lastError());
+    keepResult(true, query.lastError());
     return value;
 }
 
@@ -99,7 +99,7 @@ bool ActionLogWriter::completeTables(QSqlDriver::DbmsType server)
         // Another program may have made them at the same moment: what counts is that they are there.
         if (!hasTables()) {
             if (cause.type() != QSqlError::NoError)
-                keepError(cause);
+                keepResult(false, cause);
             return false;
         }
     }
@@ -137,16 +137,20 @@ void ActionLogWriter::completeHash()
 bool ActionLogWriter::prepareInsert()
 {
     m_insert = std::make_unique<QSqlQuery>(m_database);
-    m_insert->prepare(ActionLogTable::insertStatement());
-    if (keepError(m_insert->lastError()))
+    const bool done = m_insert->prepare(ActionLogTable::insertStatement());
+    if (keepResult(done, m_insert->lastError()))
         return true;
     m_insert.reset();
     return false;
 }
 
-bool ActionLogWriter::keepError(const QSqlError &error)
+/// Some drivers fail without a word, as when the connection is gone: only both together mean success.
+bool ActionLogWriter::keepResult(bool done, const QSqlError &error)
 {
     m_error = error;
-    m_errorText = error.type() == QSqlError::NoError ? QString() : error.text().trimmed();
-    return error.type() == QSqlError::NoError;
+    if (!done && error.type() == QSqlError::NoError)
+        m_error =
+            QSqlError(QString(), QStringLiteral("The database gave no answer"), QSqlError::UnknownError);
+    m_errorText = m_error.text().trimmed();
+    return succeeded();
 }

@@ -50,7 +50,7 @@ protected:
     QString run(const QString &statement);
     bool succeeded() const
     {
-        return m_error.type() == QSqlError::NoError && m_errorText.isEmpty();
+        return m_error.type() == QSqlError::NoError;
     }
     const QSqlError &error() const
     {
@@ -67,7 +67,7 @@ private:
     bool hasTables();
     void completeHash();
     bool prepareInsert();
-    bool keepError(const QSqlError &error);
+    bool keepResult(bool done, const QSqlError &error);
 
     const QString m_driver;
     const QString m_connectionName;
