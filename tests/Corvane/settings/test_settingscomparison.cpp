@@ -1,3 +1,4 @@
+#include "Corvane/settings/confmanagementdialog.h"
 #include "settingsbench.h"
 #include "settingstest.h"
 #include "support/messageboxes.h"
@@ -17,6 +18,22 @@ bool receive(SettingsView &view, bool success)
 {
     return QMetaObject::invokeMethod(&view, "settingsReceived", Q_ARG(bool, success), Q_ARG(bool, false),
                                      Q_ARG(QString, QString()));
+}
+
+/// What the store says of a configuration that was asked for.
+bool answer(bool success)
+{
+    return QMetaObject::invokeMethod(store(), "onlineSettingsReady", Q_ARG(bool, success), Q_ARG(bool, false),
+                                     Q_ARG(QString, QString()));
+}
+
+void cancelManagement(SettingsBench &bench)
+{
+    bench.choose("online_menu", "manage_action");
+    auto *dialog = bench.view().findChild<ConfManagementDialog *>();
+    QVERIFY(dialog && dialog->isVisible());
+    QTest::mouseClick(child<QPushButton>(*dialog, "cancel_button"), Qt::LeftButton);
+    QTRY_VERIFY(!bench.view().findChild<ConfManagementDialog *>());
 }
 
 QString leftPane(const DiffView &dialog)
@@ -50,6 +67,8 @@ private slots:
     void aRejectedOnlineLoadIsUndone();
     void anAcceptedOnlineLoadReachesThePages();
     void aFailedOnlineLoadIsToldAndThePagesStay();
+    void aCancelledManagementDialogLeavesTheViewListening_data();
+    void aCancelledManagementDialogLeavesTheViewListening();
 
 private:
     Workstation m_workstation;
@@ -224,6 +243,30 @@ void TestSettingsComparison::aFailedOnlineLoadIsToldAndThePagesStay()
     const DiffAnswers answers([](DiffView &) {}, true);
     QVERIFY(receive(bench.view(), true));
     QCOMPARE(answers.count(), 0);
+}
+
+void TestSettingsComparison::aCancelledManagementDialogLeavesTheViewListening_data()
+{
+    QTest::addColumn<int>("cancelled");
+    QTest::addColumn<int>("heard");
+    QTest::newRow("without a dialog nothing is heard") << 0 << 0;
+    QTest::newRow("after one dialog one answer is heard") << 1 << 1;
+    QTest::newRow("what listens twice stops at the first answer") << 2 << 1;
+}
+
+void TestSettingsComparison::aCancelledManagementDialogLeavesTheViewListening()
+{
+    QFETCH(int, cancelled);
+    QFETCH(int, heard);
+    SettingsBench bench(m_workstation, kAllRights);
+    for (int i = 0; i < cancelled; ++i)
+        cancelManagement(bench);
+    QVERIFY(bench.takeEvents().isEmpty());
+    const MessageBoxes boxes;
+    for (int i = 0; i < 2; ++i)
+        QVERIFY(answer(false));
+    QCOMPARE(boxes.seen().size(), heard);
+    QCOMPARE(bench.takeEvents().size(), heard);
 }
 
 QTEST_MAIN(TestSettingsComparison)

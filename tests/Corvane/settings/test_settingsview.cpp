@@ -128,8 +128,15 @@ void TestSettingsView::afterSignInThePromptAndTheMenusAreThere()
 
     auto *bar = child<QMenuBar>(view, "settings_menus");
     QVERIFY(bar->isDefaultUp());
-    QVERIFY(bar->styleSheet().startsWith(
-        QStringLiteral("QMenuBar { border: none; }QMenuBar::item { background: ")));
+    QCOMPARE(bar->styleSheet(),
+             QStringLiteral("QMenuBar { border: none; }"
+                            "QMenuBar::item { background: white; padding: 3px; border: groove; "
+                            "border-radius: 4px; border-width: 2px; border-color: darkgray; "
+                            "margin-right: 15px; }"
+                            "QMenuBar::item:selected { padding: 3px; border: groove; border-radius: 4px; "
+                            "border-width: 3px; border-color: darkgray; margin-right: 15px; }"
+                            "QMenuBar::item:pressed { padding: 3px; border: inset; border-radius: 4px; "
+                            "border-width: 2px; border-color: darkgray; margin-right: 15px; }"));
     QList<QStringList> menus;
     for (const QAction *menu : bar->actions()) {
         QStringList texts{menu->text()};
