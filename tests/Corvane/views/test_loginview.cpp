@@ -18,6 +18,7 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
+#include <QVBoxLayout>
 
 #include <functional>
 #include <memory>
@@ -81,6 +82,7 @@ private slots:
     void cleanup();
 
     void selectionPageOffersTheWays();
+    void spareHeightIsSharedAmongLabelsBoxesAndGaps();
     void textsFollowTheLanguage();
 
     void currentAdministratorGetsAllRights();
@@ -244,6 +246,22 @@ void TestLoginView::selectionPageOffersTheWays()
           static_cast<const QWidget *>(find<QLabel>("heading_label")),
           static_cast<const QWidget *>(find<QLabel>("status_label"))})
         QCOMPARE(widget->size(), QSize(250, 30));
+}
+
+void TestLoginView::spareHeightIsSharedAmongLabelsBoxesAndGaps()
+{
+    const auto shares = [](const QWidget *widget) {
+        const auto *layout = qobject_cast<const QVBoxLayout *>(widget->layout());
+        QList<int> stretches;
+        for (int i = 0; layout && i < layout->count(); ++i)
+            stretches.append(layout->stretch(i));
+        return stretches;
+    };
+    const auto *selection = find<QWidget>("selection_page");
+    QCOMPARE(shares(selection), (QList<int>{64, 10, 64, 32, 10, 64, 32}));
+    QCOMPARE(selection->layout()->spacing(), 3);
+    // Above the product label, itself, below it, the pages, below them, the status and the languages.
+    QCOMPARE(shares(m_view.get()), (QList<int>{5, 5, 5, 10, 5, 64, 0}));
 }
 
 void TestLoginView::textsFollowTheLanguage()
