@@ -438,11 +438,11 @@
     </message>
     <message>
         <source>Load configuration</source>
-        <translation>Konfiguration laden</translation>
+        <translation>Laden</translation>
     </message>
     <message>
         <source>Delete configuration</source>
-        <translation>Konfiguration löschen</translation>
+        <translation>Löschen</translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -450,11 +450,11 @@
     </message>
     <message>
         <source>Show connection options</source>
-        <translation>Verbindungsoptionen anzeigen</translation>
+        <translation>Optionen anzeigen</translation>
     </message>
     <message>
         <source>Hide connection options</source>
-        <translation>Verbindungsoptionen ausblenden</translation>
+        <translation>Optionen ausblenden</translation>
     </message>
     <message>
         <source>Connecting...</source>
@@ -728,15 +728,15 @@
     <name>DistributionView</name>
     <message>
         <source>Check user rights and try again.</source>
-        <translation>Prüfen Sie die Benutzerrechte und versuchen Sie es erneut.</translation>
+        <translation>Benutzerrechte prüfen und erneut versuchen.</translation>
     </message>
     <message>
         <source>Check configuration ID and try again.</source>
-        <translation>Prüfen Sie die Konfigurations-ID und versuchen Sie es erneut.</translation>
+        <translation>Konfigurations-ID prüfen und erneut versuchen.</translation>
     </message>
     <message>
         <source>Check connection options and try again.</source>
-        <translation>Prüfen Sie die Verbindungsoptionen und versuchen Sie es erneut.</translation>
+        <translation>Verbindungsoptionen prüfen und erneut versuchen.</translation>
     </message>
     <message>
         <source>Distribute settings</source>
@@ -744,7 +744,7 @@
     </message>
     <message>
         <source>Options to connect settings database</source>
-        <translation>Verbindung zur Einstellungsdatenbank</translation>
+        <translation>Verbindung zur Datenbank</translation>
     </message>
     <message>
         <source>Insert additional configuration information</source>
@@ -760,11 +760,11 @@
     </message>
     <message>
         <source>Save to database</source>
-        <translation>In Datenbank speichern</translation>
+        <translation>Nur speichern</translation>
     </message>
     <message>
         <source>Distribute to users</source>
-        <translation>An Benutzer verteilen</translation>
+        <translation>Verteilen</translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -784,7 +784,7 @@
     </message>
     <message>
         <source>Settings could not be inserted to database.</source>
-        <translation>Die Einstellungen konnten nicht in die Datenbank eingefügt werden.</translation>
+        <translation>Speichern in der Datenbank fehlgeschlagen.</translation>
     </message>
 </context>
 <context>

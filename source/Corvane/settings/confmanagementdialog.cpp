@@ -6,12 +6,15 @@
 #include "ZephanShared/toolkit/logger.h"
 #include "ZephanShared/widgets/waitcursor.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QStyle>
 #include <QTextCursor>
 #include <QTextOption>
 #include <QTimer>
@@ -28,8 +31,6 @@ constexpr int kStretch = 10;
 constexpr int kAreaHeight = 300;
 constexpr int kNotesHeight = 100;
 constexpr int kColumns = 6;
-constexpr int kHalf = kColumns / 2;
-constexpr int kThird = kColumns / 3;
 
 // Rows of the grid; stretching ones stand between the parts.
 constexpr int kListLabelRow = 0;
@@ -100,12 +101,16 @@ void ConfManagementDialog::buildList()
     connect(m_list, SIGNAL(currentIndexChanged(int)), this, SLOT(showNotes(int)));
 }
 
+// The rows of buttons share their width as their texts need it in the language at hand.
 void ConfManagementDialog::buildConnection()
 {
+    auto *tools = new QHBoxLayout;
+    m_layout->addLayout(tools, kToolRow, 0, 1, kColumns);
     m_connectButton = addToolButton("connect_button", SLOT(handleToolClicked()));
-    m_layout->addWidget(m_connectButton, kToolRow, 0, 1, kHalf, Qt::AlignLeft);
+    tools->addWidget(m_connectButton);
+    tools->addStretch();
     m_optionsButton = addToolButton("options_button", SLOT(toggleDbGroup()));
-    m_layout->addWidget(m_optionsButton, kToolRow, kHalf, 1, kHalf, Qt::AlignRight);
+    tools->addWidget(m_optionsButton);
     m_area = makeConnectionArea(kWidth - 2 * kSideMargin);
     m_area->setMinimumHeight(kAreaHeight);
     m_area->hide();
@@ -114,12 +119,16 @@ void ConfManagementDialog::buildConnection()
 
 void ConfManagementDialog::buildButtons()
 {
+    auto *buttons = new QHBoxLayout;
+    m_layout->addLayout(buttons, kButtonRow, 0, 1, kColumns);
     m_loadButton = addButton("load_button", SLOT(handleLoadClicked()));
-    m_layout->addWidget(m_loadButton, kButtonRow, 0, 1, kThird, Qt::AlignLeft);
+    buttons->addWidget(m_loadButton);
+    buttons->addStretch();
     m_deleteButton = addButton("delete_button", SLOT(handleDeleteClicked()));
-    m_layout->addWidget(m_deleteButton, kButtonRow, kThird, 1, kThird, Qt::AlignHCenter);
+    buttons->addWidget(m_deleteButton);
+    buttons->addStretch();
     m_cancelButton = addButton("cancel_button", SLOT(handleCancelClicked()));
-    m_layout->addWidget(m_cancelButton, kButtonRow, 2 * kThird, 1, kThird, Qt::AlignRight);
+    buttons->addWidget(m_cancelButton);
     setChoiceEnabled(false);
 }
 
@@ -260,6 +269,7 @@ void ConfManagementDialog::showNotes(int index)
 {
     m_notes->setPlainText(m_notesById.value(m_list->itemData(index).toInt()).notes);
     m_notes->moveCursor(QTextCursor::Start);
+    showWholeTexts();
 }
 
 void ConfManagementDialog::markActive(int id)
@@ -269,6 +279,16 @@ void ConfManagementDialog::markActive(int id)
         return;
     m_list->setItemText(index, m_list->itemText(index) + QStringLiteral(" - ") + tr("Active in database"));
     m_list->setCurrentIndex(index);
+    showWholeTexts();
+}
+
+/// Texts that are too long for the box are whole in its list and in its tip.
+void ConfManagementDialog::showWholeTexts()
+{
+    m_list->setToolTip(m_list->currentText());
+    QAbstractItemView *view = m_list->view();
+    view->setMinimumWidth(view->sizeHintForColumn(0) +
+                          view->style()->pixelMetric(QStyle::PM_ScrollBarExtent));
 }
 
 void ConfManagementDialog::setListEnabled(bool enabled)

@@ -69,6 +69,7 @@ private:
     void updateOptionsText();
     void requestList();
     void fillList();
+    void showWholeTexts();
     void setListEnabled(bool enabled);
     void setChoiceEnabled(bool enabled);
     void showConnecting(const QString &text);

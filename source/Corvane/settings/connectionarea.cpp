@@ -37,8 +37,3 @@ DatabaseGroupSettings *ConnectionArea::editor() const
 {
     return m_editor;
 }
-
-void ConnectionArea::setMinimumContentSize(int width, int height)
-{
-    widget()->setMinimumSize(width, height);
-}

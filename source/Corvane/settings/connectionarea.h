@@ -18,8 +18,6 @@ public:
     ConnectionArea(int databaseIndex, QMap<QString, QVariant> *connection, QWidget *parent);
 
     DatabaseGroupSettings *editor() const;
-    /// The least size of what scrolls.
-    void setMinimumContentSize(int width, int height);
 
 private:
     DatabaseGroupSettings *m_editor;

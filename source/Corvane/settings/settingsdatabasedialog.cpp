@@ -13,7 +13,6 @@
 namespace {
 
 constexpr int kSupportDatabase = 3;
-constexpr int kScrollBarRoom = 15;
 
 }  // namespace
 
@@ -49,7 +48,6 @@ ConnectionArea *SettingsDatabaseDialog::makeConnectionArea(int width)
     m_area = new ConnectionArea(kSupportDatabase, &m_connectionSettings, this);
     m_area->setObjectName(QStringLiteral("connection_area"));
     m_area->setMinimumWidth(width);
-    m_area->setMinimumContentSize(width - kScrollBarRoom, 0);
     return m_area;
 }
 

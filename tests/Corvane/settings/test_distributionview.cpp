@@ -1,0 +1,666 @@
+#include "Corvane/settings/distributionview.h"
+#include "settingsbench.h"
+#include "settingstest.h"
+#include "siteconnection.h"
+#include "support/messageboxes.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDateTime>
+#include <QFile>
+#include <QGridLayout>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <functional>
+
+using namespace SettingsTest;
+
+namespace {
+
+constexpr int kAnswerTime = 20000;  // milliseconds
+const QString kNoConnection =
+    QStringLiteral("Could not connect to database. Check connection options and try again.");
+const QString kNotInserted = QStringLiteral("Settings could not be inserted to database. ");
+
+QPlainTextEdit *notes(const QObject &dialog)
+{
+    return child<QPlainTextEdit>(dialog, "release_notes");
+}
+
+QString status(const QObject &dialog)
+{
+    return child<QLabel>(dialog, "distribution_status")->text();
+}
+
+void press(const QObject &dialog, const char *button)
+{
+    QTest::mouseClick(child<QPushButton>(dialog, button), Qt::LeftButton);
+}
+
+/// Which of distribute, save and cancel can be pressed.
+QList<bool> buttons(const QObject &dialog)
+{
+    QList<bool> states;
+    for (const char *name : {"distribute_button", "save_button", "cancel_button"})
+        states.append(child<QPushButton>(dialog, name)->isEnabled());
+    return states;
+}
+
+const QList<bool> kAllEnabled = {true, true, true};
+const QList<bool> kAllDisabled = {false, false, false};
+
+AuditEvent failed(const QString &data)
+{
+    return settingsError(Actions::SaveSettings, 0x14200002, data);
+}
+
+}  // namespace
+
+/// The distribution dialog with the store's real worker and a database of the site.
+class TestDistributionView : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void theDialogHasItsSizesAndTexts();
+    void cancelHasTheFocusAndReturnInALineSendsNothing();
+    void theMenuOpensTheDialogAfterThePagesWereSaved();
+    void anOperatorWithoutRight16OpensNoDialog();
+    void showingThePagesTwiceOpensOneDialog();
+    void missingRightsAreNotedAndTheDialogOpensAnyway_data();
+    void missingRightsAreNotedAndTheDialogOpensAnyway();
+    void withoutTheDatabaseRightTheDatabaseGroupsAreNotSent();
+    void aFirstDistributionStartsWithTheStoresParametersAndEmptyCredentials();
+    void aRememberedConnectionIsShown();
+    void savingStoresTheSettingsAndLeavesTheActiveConfiguration();
+    void distributingMakesTheConfigurationActive();
+    void theInformBoxIsSent();
+    void theRecord_data();
+    void theRecord();
+    void anOperatorNameOf40CharactersIsStoredWithItsFirst32_data();
+    void anOperatorNameOf40CharactersIsStoredWithItsFirst32();
+    void aSecondDistributionInTheSameRunShowsUserAndPasswordAgain();
+    void buttonsAreDisabledWhileAnAnswerIsAwaited();
+    void aConnectionFailureIsToldAndKeepsWhatWasEntered();
+    void aConnectionFailureLeavesTheDistributeFlagClear();
+    void aFailedAttemptFollowedByASuccessfulOneSendsTheSameWorkingSettings();
+    void failedStoring_data();
+    void failedStoring();
+    void aDatabaseThatRefusesIsTold();
+    void whatConnectingChangesIsPutBackBeforeSending();
+    void cancellingWritesNothing_data();
+    void cancellingWritesNothing();
+    void closingWhileConnectingSendsNothing();
+    void closingWhileSendingEndsTheDialog();
+
+private:
+    void open(const QString &operatorName = QStringLiteral("anna"));
+    DistributionView *openFromMenu(SettingsBench &bench);
+    void connectTo(const QString &file, const char *button = "save_button");
+    void waitForTheEnd();
+    /// Does something as soon as the dialog has been told that it is connected.
+    void whenConnected(const std::function<void()> &action) const
+    {
+        connect(store(), &SettingsHandler::onlineReconnected, m_dialog.data(), action, Qt::QueuedConnection);
+    }
+    QStringList rows(const QString &what) const
+    {
+        return SiteConnection::run(m_site,
+                                   {QStringLiteral("SELECT %1 FROM configurations ORDER BY id").arg(what)});
+    }
+    QStringList remembered() const
+    {
+        return SiteConnection::remembered(m_files.cache(), "supportdb_online");
+    }
+
+    Workstation m_workstation;
+    SettingsFiles m_files{m_workstation};
+    QString m_site;
+    QString m_username;
+    QString m_password;
+    QPointer<DistributionView> m_dialog;
+};
+
+void TestDistributionView::init()
+{
+    m_files.reset();
+    m_site = m_workstation.path("site.db");
+    QFile::remove(m_site);
+    m_username.clear();
+    m_password.clear();
+}
+
+void TestDistributionView::cleanup()
+{
+    if (m_dialog)
+        m_dialog->close();
+    QTRY_VERIFY(!m_dialog);
+    QVERIFY(!QApplication::activeModalWidget());
+}
+
+void TestDistributionView::open(const QString &operatorName)
+{
+    m_dialog = new DistributionView(m_workstation.dataDirectory(), &m_username, &m_password, operatorName);
+    m_dialog->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_dialog));
+}
+
+DistributionView *TestDistributionView::openFromMenu(SettingsBench &bench)
+{
+    bench.choose("online_menu", "distribute_action");
+    m_dialog = bench.view().findChild<DistributionView *>();
+    return m_dialog;
+}
+
+void TestDistributionView::connectTo(const QString &file, const char *button)
+{
+    child<QLineEdit>(*m_dialog, "connection_setting_1")->setText("Driver=SQLite3;Database=" + file);
+    press(*m_dialog, button);
+}
+
+void TestDistributionView::waitForTheEnd()
+{
+    QTRY_VERIFY_WITH_TIMEOUT(!m_dialog, kAnswerTime);
+}
+
+void TestDistributionView::theDialogHasItsSizesAndTexts()
+{
+    open();
+    QCOMPARE(m_dialog->size(), QSize(480, 600));
+    QCOMPARE(m_dialog->minimumSize(), m_dialog->maximumSize());
+    QCOMPARE(m_dialog->windowModality(), Qt::ApplicationModal);
+    QVERIFY(qobject_cast<QDialog *>(m_dialog));
+    const auto *grid = qobject_cast<QGridLayout *>(m_dialog->layout());
+    QCOMPARE(grid->contentsMargins(), QMargins(6, 2, 6, 2));
+    QCOMPARE(grid->horizontalSpacing(), 10);
+    QCOMPARE(grid->verticalSpacing(), 10);
+    QCOMPARE(grid->rowStretch(2), 20);
+
+    const auto textAt = [&](int row, int column) {
+        const QWidget *widget = grid->itemAtPosition(row, column)->widget();
+        return widget->property("text").toString();
+    };
+    QCOMPARE(textAt(0, 0), QStringLiteral("Options to connect settings database"));
+    QCOMPARE(textAt(3, 0), QStringLiteral("Insert additional configuration information"));
+    QCOMPARE(textAt(4, 0), QStringLiteral("Inform user about settings change"));
+    QCOMPARE(textAt(5, 0), QStringLiteral("Add configuration release notes:"));
+    QCOMPARE(textAt(7, 0), QString());
+    QCOMPARE(textAt(9, 0), QStringLiteral("Distribute to users"));
+    QCOMPARE(textAt(9, 1), QStringLiteral("Save to database"));
+    QCOMPARE(textAt(9, 2), QStringLiteral("Cancel"));
+    QVERIFY(grid->itemAtPosition(0, 0)->widget()->font().bold());
+    QVERIFY(grid->itemAtPosition(3, 0)->widget()->font().bold());
+    QVERIFY(!grid->itemAtPosition(5, 0)->widget()->font().bold());
+    for (const auto &rowAndHeight : {qMakePair(0, 20), qMakePair(1, 250), qMakePair(3, 20), qMakePair(4, 20),
+                                     qMakePair(5, 20), qMakePair(6, 100), qMakePair(7, 40), qMakePair(9, 30)})
+        QCOMPARE(grid->itemAtPosition(rowAndHeight.first, 0)->widget()->height(), rowAndHeight.second);
+
+    const auto *area = child<QScrollArea>(*m_dialog, "connection_area");
+    QCOMPARE(grid->itemAtPosition(1, 0)->widget(), area);
+    QCOMPARE(area->horizontalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
+    QCOMPARE(area->verticalScrollBarPolicy(), Qt::ScrollBarAsNeeded);
+    QVERIFY(area->widget()->width() <= area->viewport()->width());
+    QCOMPARE(notes(*m_dialog)->wordWrapMode(), QTextOption::WordWrap);
+    QVERIFY(child<QLabel>(*m_dialog, "distribution_status")->wordWrap());
+    QVERIFY(!child<QComboBox>(*m_dialog, "database_selector")->isVisible());
+    QVERIFY(!child<QComboBox>(*m_dialog, "online_mode_combo")->isVisible());
+    QCOMPARE(buttons(*m_dialog), kAllEnabled);
+}
+
+void TestDistributionView::cancelHasTheFocusAndReturnInALineSendsNothing()
+{
+    open();
+    QCOMPARE(m_dialog->focusWidget(), child<QPushButton>(*m_dialog, "cancel_button"));
+    QSignalSpy requests(m_dialog, SIGNAL(requestReconnect(QMap<QString, QVariant>)));
+    auto *user = child<QLineEdit>(*m_dialog, "username_edit");
+    user->setFocus();
+    QTest::keyClicks(user, "reader");
+    QTest::keyClick(user, Qt::Key_Return);
+    QTest::keyClick(child<QCheckBox>(*m_dialog, "inform_users"), Qt::Key_Enter);
+    QVERIFY(requests.isEmpty());
+    QVERIFY(m_dialog->isVisible());
+}
+
+void TestDistributionView::theMenuOpensTheDialogAfterThePagesWereSaved()
+{
+    SettingsBench bench(m_workstation, kAllRights);
+    bench.choose("local_menu", "load_action");
+    bench.takeEvents();
+    setStored("ui/geometry", "here");
+    child<QComboBox>(bench.view(), "measurement_units")->setCurrentIndex(1);
+    MessageBoxes boxes;
+    QVERIFY(openFromMenu(bench));
+    QVERIFY(m_dialog->isVisible());
+    QVERIFY(boxes.seen().isEmpty());
+    QCOMPARE(m_files.workingValue("ui/measurement_units").toInt(), 1);
+    QVERIFY(!m_files.workingKeys().contains("ui/geometry"));
+    QVERIFY(bench.takeEvents().isEmpty());
+    connectTo(m_site, "distribute_button");
+    waitForTheEnd();
+    QCOMPARE(rows("creator"), QStringList{"anna"});
+    QVERIFY(bench.takeEvents().isEmpty());
+}
+
+void TestDistributionView::anOperatorWithoutRight16OpensNoDialog()
+{
+    SettingsBench bench(m_workstation, kAllRights & ~DistributeSettings);
+    bench.choose("local_menu", "load_action");
+    QVERIFY(!openFromMenu(bench));
+    child<QAction>(bench.view(), "distribute_action")->setEnabled(true);
+    QVERIFY(!openFromMenu(bench));
+}
+
+void TestDistributionView::showingThePagesTwiceOpensOneDialog()
+{
+    SettingsBench bench(m_workstation, kAllRights);
+    QVERIFY(!openFromMenu(bench));
+    bench.view().showSettings();
+    bench.view().showSettings();
+    QVERIFY(openFromMenu(bench));
+    QCOMPARE(bench.view().findChildren<DistributionView *>().size(), 1);
+}
+
+void TestDistributionView::missingRightsAreNotedAndTheDialogOpensAnyway_data()
+{
+    QTest::addColumn<int>("rights");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("without right 2") << (kAllRights & ~2)
+                                     << "Notice. Lacking privileges to save database settings.";
+    QTest::newRow("without right 4") << (kAllRights & ~4)
+                                     << "Notice. Lacking privileges to save local audit trail settings.";
+    QTest::newRow("with right 16 alone")
+        << int(DistributeSettings)
+        << "Notice. Lacking privileges to save database settings. Lacking privileges to save local audit "
+           "trail settings. Lacking privileges to save local access control settings.";
+}
+
+void TestDistributionView::missingRightsAreNotedAndTheDialogOpensAnyway()
+{
+    QFETCH(int, rights);
+    QFETCH(QString, text);
+    SettingsBench bench(m_workstation, rights);
+    bench.choose("local_menu", "load_action");
+    MessageBoxes boxes;
+    QVERIFY(openFromMenu(bench));
+    QCOMPARE(boxes.seen().size(), 1);
+    QCOMPARE(boxes.seen().first().text, text);
+    QCOMPARE(boxes.seen().first().buttons, QStringList{"Ok"});
+    QVERIFY(m_dialog->isVisible());
+}
+
+void TestDistributionView::withoutTheDatabaseRightTheDatabaseGroupsAreNotSent()
+{
+    m_files.setLocal({{"persondb/sqltype", 2},
+                      {"studydb/sqltype", 2},
+                      {"supportdb/sqltype", 2},
+                      {"actiondb/sqltype", 2},
+                      {"persondb/params/size", 1},
+                      {"persondb/params/1/key", "Server"},
+                      {"persondb/params/1/value", "db.example"}});
+    SettingsBench bench(m_workstation, kAllRights & ~WriteLocalDbSettings);
+    bench.choose("local_menu", "load_action");
+    QCOMPARE(SiteConnection::lines(bench.view(), "connection_setting_").first(),
+             QStringLiteral("Server=db.example"));
+    MessageBoxes boxes;
+    QVERIFY(openFromMenu(bench));
+    for (const QString &key : m_files.workingKeys())
+        QVERIFY2(!key.contains(QLatin1String("db/")), qPrintable(key));
+    // The page shows what is left.
+    QCOMPARE(child<QWidget>(bench.view(), "database_page")
+                 ->findChild<QLineEdit *>(QStringLiteral("connection_setting_1"))
+                 ->text(),
+             QString());
+}
+
+void TestDistributionView::aFirstDistributionStartsWithTheStoresParametersAndEmptyCredentials()
+{
+    store()->setDatabaseSettings("supportdb", {{"params", SiteConnection::params(m_site)}});
+    store()->setSafeValue("supportdb/username", "stored user");
+    store()->setSafeValue("supportdb/password", "stored password");
+    setStored("supportdb/sqltype", 2);
+    m_username = "remembered";
+    open();
+    QCOMPARE(SiteConnection::lines(*m_dialog, "connection_setting_"),
+             QStringList({"Database=" + m_site, "Driver=SQLite3", ""}));
+    QCOMPARE(SiteConnection::lines(*m_dialog, "connection_parameter_"),
+             QStringList({"SQL_ATTR_LOGIN_TIMEOUT=2", "SQL_ATTR_CONNECTION_TIMEOUT=2", ""}));
+    QCOMPARE(child<QComboBox>(*m_dialog, "sql_type_combo")->currentData().toInt(), 2);
+    QCOMPARE(SiteConnection::userOf(*m_dialog), QString());
+    QCOMPARE(SiteConnection::passwordOf(*m_dialog), QString());
+}
+
+void TestDistributionView::aRememberedConnectionIsShown()
+{
+    store()->setDatabaseSettings("supportdb", {{"params", QVariantMap{{"A", "1"}}}});
+    SiteConnection::remember(m_files.cache(), "supportdb_online", SiteConnection::params(m_site),
+                             QStringList{"SQL_ATTR_LOGIN_TIMEOUT=9"}, 2);
+    m_username = "remembered";
+    m_password = "secret";
+    open();
+    QCOMPARE(SiteConnection::lines(*m_dialog, "connection_setting_"),
+             QStringList({"Database=" + m_site, "Driver=SQLite3", ""}));
+    QCOMPARE(SiteConnection::lines(*m_dialog, "connection_parameter_"),
+             QStringList({"SQL_ATTR_LOGIN_TIMEOUT=9", ""}));
+    QCOMPARE(child<QComboBox>(*m_dialog, "sql_type_combo")->currentData().toInt(), 2);
+    QCOMPARE(SiteConnection::userOf(*m_dialog), QStringLiteral("remembered"));
+    QCOMPARE(SiteConnection::passwordOf(*m_dialog), QStringLiteral("secret"));
+}
+
+void TestDistributionView::savingStoresTheSettingsAndLeavesTheActiveConfiguration()
+{
+    setStored("site/own", "sent");
+    open();
+    connectTo(m_site, "distribute_button");
+    waitForTheEnd();
+    const QStringList before = m_files.workingKeys();
+    open();
+    connectTo(m_site, "save_button");
+    waitForTheEnd();
+    QCOMPARE(rows("COALESCE(active, 0)"), QStringList({"1", "0"}));
+    QCOMPARE(m_files.workingKeys(), before);
+    // What was stored is what stood there.
+    setStored("site/own", "changed");
+    QVERIFY(store()->getOnlineSettings(2));
+    QCOMPARE(stored("site/own").toString(), QStringLiteral("sent"));
+}
+
+void TestDistributionView::distributingMakesTheConfigurationActive()
+{
+    for (int i = 0; i < 2; ++i) {
+        open();
+        connectTo(m_site, "distribute_button");
+        waitForTheEnd();
+    }
+    QCOMPARE(rows("COALESCE(active, 0)"), QStringList({"0", "1"}));
+}
+
+void TestDistributionView::theInformBoxIsSent()
+{
+    open();
+    connectTo(m_site);
+    waitForTheEnd();
+    open();
+    QVERIFY(!child<QCheckBox>(*m_dialog, "inform_users")->isChecked());
+    child<QCheckBox>(*m_dialog, "inform_users")->click();
+    connectTo(m_site);
+    waitForTheEnd();
+    QCOMPARE(rows("inform_users"), QStringList({"0", "1"}));
+}
+
+void TestDistributionView::theRecord_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::newRow("an empty note is sent as an empty text") << QString();
+    QTest::newRow("lines") << "first\nsecond\n";
+    QTest::newRow("letters of many languages") << QString::fromUtf8("Übersicht – リリース 'quoted' \"%1\" ;");
+}
+
+void TestDistributionView::theRecord()
+{
+    QFETCH(QString, text);
+    const QDateTime before = QDateTime::currentDateTimeUtc().addSecs(-1);
+    open();
+    notes(*m_dialog)->setPlainText(text);
+    connectTo(m_site);
+    waitForTheEnd();
+    QCOMPARE(rows("notes"), QStringList{text});
+    const QString created = rows("created").value(0);
+    QDateTime time = QDateTime::fromString(created, "yyyy-MM-dd hh:mm:ss");
+    time.setTimeSpec(Qt::UTC);
+    QVERIFY2(time.isValid(), qPrintable(created));
+    QVERIFY(time >= before && time <= QDateTime::currentDateTimeUtc());
+}
+
+void TestDistributionView::anOperatorNameOf40CharactersIsStoredWithItsFirst32_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("creator");
+    QTest::newRow("40 characters") << QString(32, 'a') + QString(8, 'b') << QString(32, 'a');
+    QTest::newRow("32 characters") << QString(32, 'a') << QString(32, 'a');
+    QTest::newRow("an empty name is Admin") << QString() << "Admin";
+}
+
+void TestDistributionView::anOperatorNameOf40CharactersIsStoredWithItsFirst32()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, creator);
+    open(name);
+    connectTo(m_site);
+    waitForTheEnd();
+    QCOMPARE(rows("creator"), QStringList{creator});
+}
+
+void TestDistributionView::aSecondDistributionInTheSameRunShowsUserAndPasswordAgain()
+{
+    {
+        SettingsBench bench(m_workstation, kAllRights);
+        bench.choose("local_menu", "load_action");
+        QVERIFY(openFromMenu(bench));
+        SiteConnection::signInAs(*m_dialog, "reader", "secret");
+        connectTo(m_site);
+        waitForTheEnd();
+        QCOMPARE(remembered(), QStringList({"connectoptions=SQL_ATTR_LOGIN_TIMEOUT=2;"
+                                            "SQL_ATTR_CONNECTION_TIMEOUT=2",
+                                            "driverparams=", "params/1/key=Database",
+                                            "params/1/value=" + m_site, "params/2/key=Driver",
+                                            "params/2/value=SQLite3", "params/size=2", "sqltype=1"}));
+        QVERIFY(openFromMenu(bench));
+        QCOMPARE(SiteConnection::userOf(*m_dialog), QStringLiteral("reader"));
+        QCOMPARE(SiteConnection::passwordOf(*m_dialog), QStringLiteral("secret"));
+        m_dialog->close();
+        waitForTheEnd();
+    }
+    // After a restart the password is gone and the parameters are not.
+    SettingsBench bench(m_workstation, kAllRights);
+    bench.choose("local_menu", "load_action");
+    QVERIFY(openFromMenu(bench));
+    QCOMPARE(SiteConnection::lines(*m_dialog, "connection_setting_"),
+             QStringList({"Database=" + m_site, "Driver=SQLite3", ""}));
+    QCOMPARE(SiteConnection::userOf(*m_dialog), QString());
+    QCOMPARE(SiteConnection::passwordOf(*m_dialog), QString());
+    for (const QString &file : {m_files.cache(), m_files.working()})
+        QVERIFY(!readFile(file).contains("secret"));
+}
+
+void TestDistributionView::buttonsAreDisabledWhileAnAnswerIsAwaited()
+{
+    open();
+    QSignalSpy sent(store(), &SettingsHandler::settingsOnlineStoredReady);
+    connectTo(m_site);
+    QCOMPARE(status(*m_dialog), QStringLiteral("Connecting..."));
+    QCOMPARE(buttons(*m_dialog), kAllDisabled);
+    QString sendingStatus;
+    QList<bool> sendingButtons;
+    whenConnected([&] {
+        sendingStatus = status(*m_dialog);
+        sendingButtons = buttons(*m_dialog);
+    });
+    waitForTheEnd();
+    QCOMPARE(sendingStatus, QStringLiteral("Sending settings..."));
+    QCOMPARE(sendingButtons, kAllDisabled);
+    QCOMPARE(sent.count(), 1);
+}
+
+void TestDistributionView::aConnectionFailureIsToldAndKeepsWhatWasEntered()
+{
+    SettingsBench bench(m_workstation, kAllRights);
+    bench.choose("local_menu", "load_action");
+    bench.takeEvents();
+    QVERIFY(openFromMenu(bench));
+    SiteConnection::signInAs(*m_dialog, "reader", "secret");
+    notes(*m_dialog)->setPlainText("kept");
+    child<QCheckBox>(*m_dialog, "inform_users")->click();
+    const QStringList cache = remembered();
+    connectTo(m_workstation.path("nowhere/site.db"), "distribute_button");
+    QTRY_COMPARE_WITH_TIMEOUT(status(*m_dialog), kNoConnection, kAnswerTime);
+    QCOMPARE(buttons(*m_dialog), kAllEnabled);
+    QCOMPARE(bench.takeEvents(), QList<AuditEvent>{failed("No connection to settings database")});
+    QCOMPARE(notes(*m_dialog)->toPlainText(), QStringLiteral("kept"));
+    QVERIFY(child<QCheckBox>(*m_dialog, "inform_users")->isChecked());
+    QCOMPARE(SiteConnection::userOf(*m_dialog), QStringLiteral("reader"));
+    QCOMPARE(SiteConnection::passwordOf(*m_dialog), QStringLiteral("secret"));
+    QCOMPARE(remembered(), cache);
+}
+
+void TestDistributionView::aConnectionFailureLeavesTheDistributeFlagClear()
+{
+    open();
+    connectTo(m_workstation.path("nowhere/site.db"), "distribute_button");
+    QTRY_COMPARE_WITH_TIMEOUT(status(*m_dialog), kNoConnection, kAnswerTime);
+    connectTo(m_site, "save_button");
+    waitForTheEnd();
+    QCOMPARE(rows("COALESCE(active, 0)"), QStringList{"0"});
+}
+
+void TestDistributionView::aFailedAttemptFollowedByASuccessfulOneSendsTheSameWorkingSettings()
+{
+    setStored("site/own", "sent");
+    open();
+    connectTo(m_workstation.path("nowhere/site.db"));
+    QTRY_COMPARE_WITH_TIMEOUT(status(*m_dialog), kNoConnection, kAnswerTime);
+    // A database that connects and then refuses.
+    QVERIFY(QMetaObject::invokeMethod(m_dialog, "storeReady",
+                                      Q_ARG(OnlineSettings::QueryError, OnlineSettings::NoRights)));
+    connectTo(m_site);
+    waitForTheEnd();
+    setStored("site/own", "changed");
+    QVERIFY(store()->getOnlineSettings(1));
+    QCOMPARE(stored("site/own").toString(), QStringLiteral("sent"));
+}
+
+void TestDistributionView::failedStoring_data()
+{
+    QTest::addColumn<int>("error");
+    QTest::addColumn<QString>("sentence");
+    QTest::newRow("no rights") << 3 << "Check user rights and try again.";
+    QTest::newRow("unusable id") << 4 << "Check configuration ID and try again.";
+    QTest::newRow("connection lost") << 5 << "Check connection options and try again.";
+    QTest::newRow("active") << 2 << "Check connection options and try again.";
+    QTest::newRow("unknown") << 99 << "Check connection options and try again.";
+}
+
+void TestDistributionView::failedStoring()
+{
+    QFETCH(int, error);
+    QFETCH(QString, sentence);
+    open();
+    QSignalSpy errors(m_dialog, &DistributionView::logError);
+    // The store's answer, as it comes from its worker.
+    emit store()->settingsOnlineStoredReady(static_cast<OnlineSettings::QueryError>(error));
+    QTRY_COMPARE(status(*m_dialog), kNotInserted + sentence);
+    QCOMPARE(buttons(*m_dialog), kAllEnabled);
+    QCOMPARE(errors.count(), 1);
+    QCOMPARE(errors.first().at(0).value<Actions::Action>(), Actions::SaveSettings);
+    QCOMPARE(errors.first().at(1).value<ZephanError>(), ZephanError(0x14200002));
+    QCOMPARE(errors.first().at(2).value<QVariant>().toString(),
+             QStringLiteral("Distributing failed, OnlineSettings error: %1").arg(error));
+    const QByteArray log = readFile(m_workstation.runtimeLog());
+    QVERIFY(log.contains("DistributionView::storeReady"));
+    QVERIFY(log.contains("Distributing failed"));
+}
+
+void TestDistributionView::aDatabaseThatRefusesIsTold()
+{
+    open();
+    connectTo(m_site);
+    waitForTheEnd();
+    SiteConnection::run(m_site, {"CREATE TRIGGER refuse BEFORE INSERT ON configurations BEGIN SELECT "
+                                 "RAISE(ABORT, 'refused'); END"});
+    setStored("site/own", "kept");
+    open();
+    connectTo(m_site);
+    QTRY_VERIFY_WITH_TIMEOUT(status(*m_dialog).startsWith(kNotInserted), kAnswerTime);
+    QCOMPARE(buttons(*m_dialog), kAllEnabled);
+    QCOMPARE(stored("site/own").toString(), QStringLiteral("kept"));
+    SiteConnection::run(m_site, {"DROP TRIGGER refuse"});
+    press(*m_dialog, "save_button");
+    waitForTheEnd();
+    QCOMPARE(rows("id").size(), 2);
+}
+
+void TestDistributionView::whatConnectingChangesIsPutBackBeforeSending()
+{
+    setStored("site/own", "opened");
+    open();
+    setStored("site/own", "changed meanwhile");
+    connectTo(m_site);
+    waitForTheEnd();
+    QCOMPARE(stored("site/own").toString(), QStringLiteral("opened"));
+    setStored("site/own", "later");
+    QVERIFY(store()->getOnlineSettings(1));
+    QCOMPARE(stored("site/own").toString(), QStringLiteral("opened"));
+}
+
+void TestDistributionView::cancellingWritesNothing_data()
+{
+    QTest::addColumn<QString>("way");
+    QTest::newRow("the cancel button") << "button";
+    QTest::newRow("the window's close button") << "window";
+    QTest::newRow("Escape") << "escape";
+}
+
+void TestDistributionView::cancellingWritesNothing()
+{
+    QFETCH(QString, way);
+    setStored("site/own", "opened");
+    open();
+    SiteConnection::signInAs(*m_dialog, "reader", "secret");
+    child<QLineEdit>(*m_dialog, "connection_setting_1")->setText("Driver=SQLite3");
+    setStored("site/own", "changed meanwhile");
+    if (way == "button")
+        press(*m_dialog, "cancel_button");
+    else if (way == "window")
+        m_dialog->close();
+    else
+        QTest::keyClick(m_dialog, Qt::Key_Escape);
+    waitForTheEnd();
+    QCOMPARE(stored("site/own").toString(), QStringLiteral("opened"));
+    QCOMPARE(m_username + m_password, QString());
+    QVERIFY(!QFile::exists(m_files.cache()));
+}
+
+void TestDistributionView::closingWhileConnectingSendsNothing()
+{
+    setStored("site/own", "opened");
+    open();
+    QSignalSpy answers(store(), &SettingsHandler::onlineReconnected);
+    QSignalSpy sent(store(), &SettingsHandler::settingsOnlineStoredReady);
+    connectTo(m_site, "distribute_button");
+    QVERIFY(answers.wait(kAnswerTime));
+    // The answer is on its way to the dialog.
+    m_dialog->close();
+    waitForTheEnd();
+    QCOMPARE(stored("site/own").toString(), QStringLiteral("opened"));
+    store()->callOnlineInit();
+    QSignalSpy lists(store(), &SettingsHandler::onlineNotesReady);
+    emit store()->requestIDs(0, true);
+    QVERIFY(lists.wait(kAnswerTime));
+    QVERIFY(store()->getOnlineNotesList().isEmpty());
+    QVERIFY(sent.isEmpty());
+}
+
+void TestDistributionView::closingWhileSendingEndsTheDialog()
+{
+    open();
+    QSignalSpy sent(store(), &SettingsHandler::settingsOnlineStoredReady);
+    connectTo(m_site);
+    whenConnected([&] { m_dialog->close(); });
+    waitForTheEnd();
+    QTRY_COMPARE_WITH_TIMEOUT(sent.count(), 1, kAnswerTime);
+    QVERIFY(!QFile::exists(m_files.cache()));
+    QCOMPARE(m_username, QString());
+}
+
+QTEST_MAIN(TestDistributionView)
+#include "test_distributionview.moc"
