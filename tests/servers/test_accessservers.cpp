@@ -143,22 +143,24 @@ void TestAccessServers::refusals_data()
     for (const auto kind : {DatabaseServer::MariaDb, DatabaseServer::PostgreSql}) {
         const char *const name = kind == DatabaseServer::MariaDb ? "MariaDB" : "PostgreSQL";
         const auto row = [name](const char *what) {
-            return qPrintable(QStringLiteral("%1: %2").arg(QLatin1String(name), QLatin1String(what)));
+            return QByteArray(name) + ": " + what;
         };
-        QTest::newRow(row("a wrong password")) << kind << kConsole << text("wrong") << QVariantMap{};
-        QTest::newRow(row("no password")) << kind << kConsole << QString() << QVariantMap{};
-        QTest::newRow(row("an unknown account")) << kind << text("tuntematon") << kPassword << QVariantMap{};
-        QTest::newRow(row("an account that sees no access table"))
+        QTest::newRow(row("a wrong password").constData())
+            << kind << kConsole << text("wrong") << QVariantMap{};
+        QTest::newRow(row("no password").constData()) << kind << kConsole << QString() << QVariantMap{};
+        QTest::newRow(row("an unknown account").constData())
+            << kind << text("tuntematon") << kPassword << QVariantMap{};
+        QTest::newRow(row("an account that sees no access table").constData())
             << kind << kAuditor << kPassword << QVariantMap{};
-        QTest::newRow(row("a database without the tables"))
+        QTest::newRow(row("a database without the tables").constData())
             << kind << QString() << QString() << QVariantMap{{text("Database"), kEmptyDatabase}};
-        QTest::newRow(row("a database that is not there"))
+        QTest::newRow(row("a database that is not there").constData())
             << kind << QString() << QString() << QVariantMap{{text("Database"), text("nowhere")}};
-        QTest::newRow(row("a port where nobody listens"))
+        QTest::newRow(row("a port where nobody listens").constData())
             << kind << kConsole << kPassword << QVariantMap{{text("Port"), text("1")}};
-        QTest::newRow(row("a server that accepts and never answers"))
+        QTest::newRow(row("a server that accepts and never answers").constData())
             << kind << kConsole << kPassword << QVariantMap{{text("Port"), text("silent")}};
-        QTest::newRow(row("a host of no known name"))
+        QTest::newRow(row("a host of no known name").constData())
             << kind << kConsole << kPassword << QVariantMap{{text("Server"), text("no-such-host.invalid")}};
     }
     const auto sqlite = DatabaseServer::Sqlite;
