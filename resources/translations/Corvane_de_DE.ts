@@ -1850,6 +1850,10 @@ Die vorherigen Einstellungen wurden wiederhergestellt.</translation>
         <source>Unable to bind parameters</source>
         <translation>Die Parameter können nicht gebunden werden</translation>
     </message>
+    <message>
+        <source>The connection is closed</source>
+        <translation>Die Verbindung ist geschlossen</translation>
+    </message>
 </context>
 <context>
     <name>SupportConnectionHandler</name>

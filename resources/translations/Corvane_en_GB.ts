@@ -1850,6 +1850,10 @@ Previous settings restored.</translation>
         <source>Unable to bind parameters</source>
         <translation>Unable to bind parameters</translation>
     </message>
+    <message>
+        <source>The connection is closed</source>
+        <translation>The connection is closed</translation>
+    </message>
 </context>
 <context>
     <name>SupportConnectionHandler</name>

@@ -1850,6 +1850,10 @@ Previous settings restored.</source>
         <source>Unable to bind parameters</source>
         <translation>パラメーターをバインドできません</translation>
     </message>
+    <message>
+        <source>The connection is closed</source>
+        <translation>接続は閉じています</translation>
+    </message>
 </context>
 <context>
     <name>SupportConnectionHandler</name>
