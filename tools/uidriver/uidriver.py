@@ -194,6 +194,12 @@ def xdotool(*arguments):
                    stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
 
+def visible_windows():
+    """How many windows the program shows, popups among them."""
+    found = subprocess.run(["xdotool", "search", "--onlyvisible", "--class", "Corvane"], capture_output=True, text=True)
+    return len(found.stdout.split())
+
+
 def press_key(*keys):
     """Presses keys by their X names, such as "Return" or "ctrl+c"."""
     xdotool("key", "--clearmodifiers", *keys)
@@ -266,16 +272,29 @@ class Program:
         """Opens the combo box with this name and chooses one of its items from the keyboard."""
         box = self.find("combo box", combo)
         names = [entry.name for entry in box.descendants() if entry.role == "list item"]
-        box.click()
-        time.sleep(0.4)
+        self._open_list(box)
         press_key("Home", *["Down"] * names.index(item))
         press_key("Return")
         time.sleep(0.2)
 
+    @staticmethod
+    def _open_list(box):
+        """A click on a window that has just come up may only activate it: then a second one opens the list, which
+        is a window of its own."""
+        before = visible_windows()
+        for _ in range(5):
+            box.click()
+            try:
+                wait_until(lambda: visible_windows() > before, "the list of %r" % box, patience=4)
+                time.sleep(0.2)
+                return
+            except NotFound:
+                continue
+        raise NotFound("the list of %r does not open" % box)
+
     def menu(self, menu, action):
         """Opens a menu of the menu bar and clicks one of its actions."""
         self.find("menu item", menu).click()
-        time.sleep(0.3)
         wait_until(lambda: self.look("menu item", action) or self.look("check menu item", action),
                    "the action %r" % action).click()
 
