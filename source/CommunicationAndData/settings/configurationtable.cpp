@@ -176,7 +176,10 @@ bool ConfigurationTable::isAlive()
 
 QString ConfigurationTable::errorText() const
 {
-    return m_diagnosis.message.simplified();
+    return QStringLiteral("[%1, %2] %3")
+        .arg(m_diagnosis.state)
+        .arg(m_diagnosis.native)
+        .arg(m_diagnosis.message.simplified());
 }
 
 QString ConfigurationTable::text(const char *column) const

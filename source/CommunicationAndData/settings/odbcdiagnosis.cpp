@@ -12,18 +12,18 @@
 #include <sql.h>
 #include <sqlext.h>
 
-#include <cstring>
+#include <type_traits>
 
 namespace {
 
 constexpr int kStateSize = 5;
 
-/// The handle that Qt's driver gives, whatever name of its type it was built with.
+static_assert(std::is_same_v<SQLHANDLE, void *>, "Qt's driver hands its handles out as what they are");
+
 SQLHANDLE handleIn(const QVariant &value)
 {
-    if (!value.isValid() || std::strcmp(value.typeName(), "SQLHANDLE") != 0)
-        return nullptr;
-    return *static_cast<const SQLHANDLE *>(value.constData());
+    return value.userType() == QMetaType::VoidStar ? *static_cast<const SQLHANDLE *>(value.constData())
+                                                   : nullptr;
 }
 
 OdbcDiagnosis diagnosis(SQLSMALLINT type, const QVariant &handle, const QSqlError &error)

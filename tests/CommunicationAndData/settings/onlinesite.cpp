@@ -70,7 +70,7 @@ DatabaseServer &OnlineSite::server() const
 
 QString OnlineSite::accountName(Account account) const
 {
-    if (m_kind == DatabaseServer::Sqlite)
+    if (!hasAccounts())
         return QString();
     const char *const names[] = {"console", "application", "auditor"};
     return account == Owner ? server().admin() : m_database + QLatin1Char('_') + text(names[account]);
@@ -129,10 +129,10 @@ bool OnlineSite::prepare()
     if (m_prepared.contains(m_kind))
         return true;
     QStringList scripts{text("access"), text("action_log"), text("configurations")};
-    if (m_kind != DatabaseServer::Sqlite)
+    if (hasAccounts())
         scripts.append(text("grants"));
     const auto make = [this](Account account, const char *role) {
-        return m_kind == DatabaseServer::Sqlite ||
+        return !hasAccounts() ||
                server().makeAccount(m_database, accountName(account), password(account), text(role));
     };
     const bool made = server().makeDatabase(m_database, scripts) &&

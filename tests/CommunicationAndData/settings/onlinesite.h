@@ -40,6 +40,16 @@ public:
     QString errorText() const;
 
     DatabaseServer &server() const;
+    /// False for a file.
+    bool hasAccounts() const
+    {
+        return m_kind != DatabaseServer::Sqlite;
+    }
+    /// Lets `use` make the database and the accounts anew.
+    void forget()
+    {
+        m_prepared.remove(m_kind);
+    }
     QString database() const
     {
         return m_database;
