@@ -220,12 +220,13 @@ bool ConfigurationTable::begin()
     return done;
 }
 
+/// PostgreSQL's driver calls a commit done that was lost together with its connection.
 bool ConfigurationTable::commit()
 {
     const bool done = m_database.commit();
     if (!done)
         m_diagnosis = OdbcDiagnosis::of(m_database);
-    return done;
+    return done && isAlive();
 }
 
 void ConfigurationTable::rollBack()

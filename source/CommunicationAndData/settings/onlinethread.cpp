@@ -10,10 +10,10 @@ namespace {
 constexpr char kConnectionName[] = "settings.online";
 
 // Longer than any operation takes at a server that answers, trying again for a while included.
-constexpr int kLongestAnswer = 60000;  // milliseconds
+constexpr int kLongestAnswer = 30000;  // milliseconds
 
 // The window stands still while a configuration is fetched.
-constexpr std::chrono::milliseconds kLongestWait(20000);
+constexpr std::chrono::milliseconds kLongestWait(15000);
 
 constexpr unsigned long kLongestEnding = 5000;  // milliseconds
 

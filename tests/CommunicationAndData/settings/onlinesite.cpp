@@ -99,12 +99,7 @@ QMap<QString, QVariant> OnlineSite::connection(Account account, const QVariantMa
 
 QStringList OnlineSite::column(const QString &statement)
 {
-    if (!QSqlDatabase::contains(kWitness)) {
-        QSqlDatabase witness = QSqlDatabase::addDatabase(text(OdbcConnection::kDriver), kWitness);
-        witness.setDatabaseName(OdbcConnection::databaseName(server().parameters(m_database)));
-        OdbcConnection::open(witness, QString(), accountName(Owner), password(Owner));
-    }
-    QSqlQuery query(QSqlDatabase::database(kWitness));
+    QSqlQuery query(witness());
     query.setForwardOnly(true);
     if (!query.exec(statement))
         return {query.lastError().text()};
@@ -112,6 +107,18 @@ QStringList OnlineSite::column(const QString &statement)
     while (query.next())
         values.append(query.value(0).toString());
     return values;
+}
+
+bool OnlineSite::lock()
+{
+    QSqlDatabase database = witness();
+    return database.transaction() &&
+           QSqlQuery(database).exec(text("UPDATE configurations SET notes = 'held' WHERE active = 1"));
+}
+
+bool OnlineSite::unlock()
+{
+    return witness().commit();
 }
 
 bool OnlineSite::run(const QString &statement)
@@ -122,6 +129,16 @@ bool OnlineSite::run(const QString &statement)
 QStringList OnlineSite::activeIds()
 {
     return column(text("SELECT id FROM configurations WHERE active = 1"));
+}
+
+QSqlDatabase OnlineSite::witness()
+{
+    if (!QSqlDatabase::contains(kWitness)) {
+        QSqlDatabase made = QSqlDatabase::addDatabase(text(OdbcConnection::kDriver), kWitness);
+        made.setDatabaseName(OdbcConnection::databaseName(server().parameters(m_database)));
+        OdbcConnection::open(made, QString(), accountName(Owner), password(Owner));
+    }
+    return QSqlDatabase::database(kWitness);
 }
 
 bool OnlineSite::prepare()

@@ -5,6 +5,7 @@
 
 #include <QMap>
 #include <QSet>
+#include <QSqlDatabase>
 #include <QVariant>
 
 #include <memory>
@@ -68,12 +69,16 @@ public:
 
     /// The first column of a query's rows, asked over a connection that is nobody else's.
     QStringList column(const QString &statement);
+    /// Holds the active configuration's row, or the file, as another administrator does in a transaction.
+    bool lock();
+    bool unlock();
     /// Runs a statement as the owner.
     bool run(const QString &statement);
     /// The configurations that are active, by their own account; more than one would be an error.
     QStringList activeIds();
 
 private:
+    QSqlDatabase witness();
     bool prepare();
     void closeWitness();
 

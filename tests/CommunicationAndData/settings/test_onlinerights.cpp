@@ -197,7 +197,7 @@ void TestOnlineRights::fileThatCannotBeWrittenIsALackOfRights()
     const WithoutPrivileges asNobody;
     QVERIFY(OnlineStore::connectTo(withParameter("Database", path)));
     QCOMPARE(stored(true), OnlineSettings::NoRights);
-    QCOMPARE(OnlineStore::remove(id), OnlineSettings::ConfigurationActive);
+    QCOMPARE(OnlineStore::remove(id), OnlineSettings::NoRights);
     QCOMPARE(OnlineStore::activeId(), id);
 }
 
