@@ -14,11 +14,13 @@
 #include <QCoreApplication>
 #include <QEvent>
 #include <QEventLoop>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QHostInfo>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -38,6 +40,13 @@ constexpr char kStartErrorText[] = "Could not start program. Error code %1";
 bool isGoodStart(ZephanError errorCode)
 {
     return errorCode == ZephanErrors::kNone || errorCode == ZephanErrors::kActionLogReplaced;
+}
+
+/// A box would otherwise come up over the place where its hidden parent is going to be.
+void centreOnScreen(QMessageBox &box)
+{
+    box.move(QGuiApplication::primaryScreen()->availableGeometry().center() -
+             QRect(QPoint(), box.sizeHint()).center());
 }
 
 void setName(QAbstractButton *button, const QString &name)
@@ -263,5 +272,7 @@ void CentralElement::showWarning(const QString &title, const QString &text, QWid
     QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::Ok, parent, flags);
     box.setObjectName(QStringLiteral("start_message"));
     box.button(QMessageBox::Ok)->setText(tr("Ok"));
+    if (parent && !parent->isVisible())
+        centreOnScreen(box);
     box.exec();
 }

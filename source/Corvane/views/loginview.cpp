@@ -52,10 +52,12 @@ LoginView::LoginView(SupportConnectionHandler *handler, QTranslator *translator,
         new ProductLabel(QStringLiteral(":/resources/halvorn_logo.png"), tr("Corvane"), kProductWidth, this),
         kStretch, Qt::AlignHCenter | Qt::AlignTop);
     m_layout->addStretch(kStretch);
-    m_layout->addLayout(m_pages, kPageStretch);
-    m_layout->setAlignment(m_pages, Qt::AlignHCenter);
+    // A stacked layout has no alignment of its own.
+    auto *pages = new QWidget(this);
+    pages->setLayout(m_pages);
+    m_layout->addWidget(pages, kPageStretch, Qt::AlignHCenter);
     m_layout->addStretch(kStretch);
-    m_layout->addWidget(m_statusLabel, kLabelStretch);
+    m_layout->addWidget(m_statusLabel, kLabelStretch, Qt::AlignHCenter);
 
     if (m_handler)
         m_handler->setOfflineAllowed(false);
@@ -102,9 +104,11 @@ QWidget *LoginView::createSelectionPage()
     m_windowsAdministratorLabel =
         createLabel(QStringLiteral("windows_administrator_label"), Qt::AlignLeft | Qt::AlignBottom);
     m_windowsAdministratorCombo = createLoginCombo(QStringLiteral("windows_administrator_combo"));
+    m_windowsAdministratorLabel->setBuddy(m_windowsAdministratorCombo);
     m_authenticatedUserLabel =
         createLabel(QStringLiteral("authenticated_user_label"), Qt::AlignLeft | Qt::AlignBottom);
     m_authenticatedUserCombo = createLoginCombo(QStringLiteral("authenticated_user_combo"));
+    m_authenticatedUserLabel->setBuddy(m_authenticatedUserCombo);
 
     auto *layout = new QVBoxLayout(page);
     layout->setSpacing(kSelectionSpacing);

@@ -59,6 +59,7 @@ void LoginView::buildLanguageSelector()
 
     auto *label = new QLabel(tr("Language:"), m_languageContainer);
     label->setObjectName(QStringLiteral("language_label"));
+    label->setBuddy(m_languageCombo);
     auto *layout = new QVBoxLayout(m_languageContainer);
     layout->setSpacing(kSpacing);
     layout->addWidget(label, kStretch, Qt::AlignLeft);
