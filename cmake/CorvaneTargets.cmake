@@ -42,9 +42,7 @@ function(corvane_floor name)
 endfunction()
 
 # corvane_test(NAME [SOURCES files...] LINK targets... [LABELS labels...] [TIMEOUT seconds] [GUILESS]):
-# a QtTest program from NAME.cpp, run offscreen with CTest. One without a screen plug-in is GUILESS: it needs no
-# whole stacks to tell that plug-in's leaks from its own, and deriving a file's key, which allocates a great deal,
-# takes a twentieth of the time under the sanitizers.
+# a QtTest program from NAME.cpp, run with CTest: offscreen, unless it is GUILESS and has no use for a screen.
 function(corvane_test name)
     cmake_parse_arguments(TEST "GUILESS" "TIMEOUT" "SOURCES;LINK;LABELS" ${ARGN})
     add_executable(${name} ${name}.cpp ${TEST_SOURCES})
@@ -53,13 +51,12 @@ function(corvane_test name)
     if(NOT TEST_TIMEOUT)
         set(TEST_TIMEOUT 180)
     endif()
-    if(TEST_GUILESS)
-        set(asan_options fast_unwind_on_malloc=1)
-    else()
-        set(asan_options fast_unwind_on_malloc=0)
+    set(screen "")
+    if(NOT TEST_GUILESS)
+        set(screen "QT_QPA_PLATFORM=offscreen;")
     endif()
     set_tests_properties(${name} PROPERTIES
         TIMEOUT ${TEST_TIMEOUT}
         LABELS "${TEST_LABELS}"
-        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;UBSAN_OPTIONS=print_stacktrace=1;ASAN_OPTIONS=${asan_options};LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/leaks.supp:print_suppressions=0")
+        ENVIRONMENT "${screen}LC_ALL=C.UTF-8;UBSAN_OPTIONS=print_stacktrace=1;LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/leaks.supp:print_suppressions=0")
 endfunction()

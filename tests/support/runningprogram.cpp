@@ -18,7 +18,8 @@ QJsonObject request(const QString &what, const QString &name = QString())
 
 }  // namespace
 
-RunningProgram::RunningProgram(const QProcessEnvironment &environment, const QString &program)
+RunningProgram::RunningProgram(const QProcessEnvironment &environment, const QString &program,
+                               const QStringList &arguments)
 {
     QProcessEnvironment withRemoteControl = environment;
     withRemoteControl.insert(QStringLiteral("QT_PLUGIN_PATH"), QStringLiteral(CORVANE_TEST_PLUGINS));
@@ -26,7 +27,7 @@ RunningProgram::RunningProgram(const QProcessEnvironment &environment, const QSt
                              QStringLiteral("corvaneremote:") + m_folder.filePath(QStringLiteral("remote")));
     m_process.setProcessEnvironment(withRemoteControl);
     m_process.setProcessChannelMode(QProcess::MergedChannels);
-    m_process.start(program.isEmpty() ? builtProgram() : program, QStringList());
+    m_process.start(program.isEmpty() ? builtProgram() : program, arguments);
     m_process.waitForStarted();
 }
 

@@ -16,9 +16,10 @@ class RunningProgram
 public:
     static constexpr int Patience = 60000;  // milliseconds
 
-    /// \param program      the executable; empty for the one beside the test
     /// \param environment  the workstation's
-    explicit RunningProgram(const QProcessEnvironment &environment, const QString &program = QString());
+    /// \param program      the executable; empty for the one beside the test
+    explicit RunningProgram(const QProcessEnvironment &environment, const QString &program = QString(),
+                            const QStringList &arguments = {});
     ~RunningProgram();
     Q_DISABLE_COPY(RunningProgram)
 

@@ -54,6 +54,7 @@ LoginView::LoginView(SupportConnectionHandler *handler, QTranslator *translator,
     m_layout->addStretch(kStretch);
     // A stacked layout has no alignment of its own.
     auto *pages = new QWidget(this);
+    pages->setObjectName(QStringLiteral("login_pages"));
     pages->setLayout(m_pages);
     m_layout->addWidget(pages, kPageStretch, Qt::AlignHCenter);
     m_layout->addStretch(kStretch);

@@ -21,8 +21,6 @@ constexpr int kComboHeight = 25;
 constexpr int kSpacing = 3;
 constexpr int kStretch = 1;
 
-const auto kDefaultLanguage = QLatin1String("en_GB");
-
 }  // namespace
 
 void LoginView::languageChange(int index)
@@ -82,8 +80,9 @@ void LoginView::fillLanguageCombo()
     for (const auto &[text, code] : entries)
         m_languageCombo->addItem(text, code);
 
-    const QString present =
-        openSettingsFile(localCachePath())->value(LocalCache::kLanguage, kDefaultLanguage).toString();
+    const QString present = openSettingsFile(localCachePath())
+                                ->value(LocalCache::kLanguage, QLatin1String(TranslationFiles::kDefaultCode))
+                                .toString();
     m_languageCombo->setCurrentIndex(
         m_languageCombo->findData(present, Qt::UserRole, Qt::MatchExactly | Qt::MatchCaseSensitive));
 }

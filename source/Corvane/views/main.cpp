@@ -62,10 +62,12 @@ QIcon programIcon()
     return icon;
 }
 
+/// The splash is only closed and never deleted, since whatever goes wrong up to the end may still hide it.
 ZephanSplash *createSplash(const QPixmap &background, const QString &versionPath)
 {
-    auto *splash = new ZephanSplash(Qt::AlignBottom, Qt::black, background,
-                                    Qt::WindowStaysOnTopHint | Qt::BypassWindowManagerHint, nullptr);
+    static auto *const splash =
+        new ZephanSplash(Qt::AlignBottom, Qt::black, background,
+                         Qt::WindowStaysOnTopHint | Qt::BypassWindowManagerHint, nullptr);
     splash->drawLogo(QStringLiteral(":/resources/halvorn_logo.png"));
     splash->setTimerInterval(kSplashTime);
     splash->drawVersionFile(versionPath);

@@ -10,18 +10,13 @@
 #include <QSettings>
 #include <QTranslator>
 
-namespace {
-
-const auto kDefaultLanguage = QLatin1String("en_GB");
-
-}  // namespace
-
 QString startLanguage(QSettings &localCache)
 {
     QString language = localCache.value(LocalCache::kLanguage, QString()).toString();
     if (language.isEmpty()) {
-        language =
-            SettingsHandler::getInstance()->value(SettingsKeys::kLanguage, kDefaultLanguage).toString();
+        language = SettingsHandler::getInstance()
+                       ->value(SettingsKeys::kLanguage, QLatin1String(TranslationFiles::kDefaultCode))
+                       .toString();
         localCache.setValue(LocalCache::kLanguage, language);
     }
     return language;
@@ -31,6 +26,6 @@ void installTranslation(QTranslator &translator, const QString &language)
 {
     if (!TranslationFiles::load(translator, language) &&
         !TranslationFiles::load(translator, systemLanguageCode(QLocale::system().bcp47Name())))
-        TranslationFiles::load(translator, kDefaultLanguage);
+        TranslationFiles::load(translator, QLatin1String(TranslationFiles::kDefaultCode));
     QCoreApplication::installTranslator(&translator);
 }

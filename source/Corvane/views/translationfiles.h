@@ -10,6 +10,9 @@ class QTranslator;
 /// executable.
 namespace TranslationFiles {
 
+/// The code of the language that the program comes up in where nothing else is chosen.
+constexpr char kDefaultCode[] = "en_GB";
+
 /// The folder, in native separators.
 QString directory();
 

@@ -246,6 +246,8 @@ void TestLoginView::selectionPageOffersTheWays()
           static_cast<const QWidget *>(find<QLabel>("heading_label")),
           static_cast<const QWidget *>(find<QLabel>("status_label"))})
         QCOMPARE(widget->size(), QSize(250, 30));
+    const int middle = administrator->mapTo(m_view.get(), administrator->rect().center()).x();
+    QVERIFY(qAbs(middle - m_view->rect().center().x()) <= 1);
 }
 
 void TestLoginView::spareHeightIsSharedAmongLabelsBoxesAndGaps()

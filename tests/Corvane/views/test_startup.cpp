@@ -48,6 +48,7 @@ private slots:
     void lockOfAKilledCopyIsNoObstacle();
     void dataDirectoryThatCannotHoldTheLockEndsInSilence_data();
     void dataDirectoryThatCannotHoldTheLockEndsInSilence();
+    void readOnlyDataDirectoryEndsInSilence();
     void brokenFilesDoNotStopTheStart_data();
     void brokenFilesDoNotStopTheStart();
     void aboutDialogTellsTheVersion_data();
@@ -156,7 +157,7 @@ void TestStartup::leavingTheSettingsViewIsRecordedBeforeTheLogout()
     program.click(QStringLiteral("settings_button"));
     QVERIFY(!program.widget(QStringLiteral("header_home_button")).isEmpty());
     program.close();
-    QCOMPARE(program.exitCode(), 0);
+    QVERIFY2(program.exitCode() == 0, program.output().constData());
     QCOMPARE(events(), (QStringList{"5100|Corvane", "1300|Corvane", "5100|Corvane Settings Management",
                                     "5101|Corvane Settings Management", "1301|Corvane", "5101|Corvane"}));
 }
@@ -236,6 +237,30 @@ void TestStartup::dataDirectoryThatCannotHoldTheLockEndsInSilence()
     QCOMPARE(program.exitCode(), 1);
     QCOMPARE(program.output(), QByteArray());
     QVERIFY(!QFile::exists("/Halvorn"));
+}
+
+void TestStartup::readOnlyDataDirectoryEndsInSilence()
+{
+    const ProgramFolder folder;
+    const QFile::Permissions readable = QFile::ReadOwner | QFile::ExeOwner | QFile::ReadGroup |
+                                        QFile::ExeGroup | QFile::ReadOther | QFile::ExeOther;
+    QVERIFY(QFile::setPermissions(m_workstation->dataDirectory(), readable));
+    QVERIFY(QFile::setPermissions(m_workstation->path("."), readable | QFile::WriteOwner));
+    QVERIFY(QFile::setPermissions(QFileInfo(folder.program()).path(), readable | QFile::WriteOwner));
+    QString program = folder.program();
+    QStringList arguments;
+    if (geteuid() == 0) {  // whom no permission holds back
+        arguments << "--reuid=65534"
+                  << "--regid=65534"
+                  << "--clear-groups" << program;
+        program = "setpriv";
+    }
+
+    RunningProgram copy(environment(), program, arguments);
+    QCOMPARE(copy.exitCode(), 1);
+    QCOMPARE(QDir(m_workstation->dataDirectory()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+             QStringList());
+    QVERIFY(!QFile::exists(m_workstation->runtimeLog()));
 }
 
 void TestStartup::brokenFilesDoNotStopTheStart_data()
