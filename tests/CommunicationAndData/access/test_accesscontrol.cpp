@@ -1,81 +1,18 @@
-#include "CommunicationAndData/access/accesscontrol.h"
-
-#include "CommunicationAndData/access/accessmethodsystem.h"
 #include "CommunicationAndData/access/passwordhelper.h"
 #include "CommunicationAndData/settings/settingshandler.h"
 #include "CommunicationAndData/settings/settingskeys.h"
 #include "ZephanShared/toolkit/zephanerror.h"
-#include "support/workstation.h"
+#include "accesstables.h"
 
 #include <QPointer>
-#include <QSignalSpy>
-#include <QSqlDatabase>
-#include <QSqlError>
-#include <QSqlQuery>
 #include <QTest>
 
-namespace {
-
-const QString kNone = QStringLiteral("none");
-const QString kInternal = QStringLiteral("Internal users");
-const QString kGroups = QStringLiteral("Windows group based");
-const QString kUsers = QStringLiteral("Windows user based");
-const QString kSalt = QStringLiteral("abcdefghijklmnop");
-
-QString id(int number)
-{
-    return QStringLiteral("00000000-0000-0000-0000-%1").arg(number, 12, 10, QLatin1Char('0'));
-}
-
-QString currentAccount()
-{
-    QString sid;
-    QString error;
-    return currentUsername(sid, error);
-}
-
-QString withoutPrefix(const QString &account)
-{
-    return account.section(QLatin1Char('\\'), -1);
-}
-
-/// An access control with its answers.
-class SignIn
-{
-public:
-    SignIn(const QString &method, QSqlDatabase *database)
-        : control(nullptr, method, database, SqlStorage::Sqlite)
-        , results(&control, &AccessControl::loginResult)
-    {}
-
-    uint login(const QString &user = QString(), const QString &password = QString())
-    {
-        control.login(user, password);
-        if (results.isEmpty())
-            results.wait();
-        return results.takeLast().at(0).toUInt();
-    }
-
-    AccessControl control;
-    QSignalSpy results;
-};
-
-}  // namespace
-
-class TestAccessControl : public QObject
+/// Internal users, the rights of their roles, and how a sign-in ends in every other case.
+class TestAccessControl : public AccessTables
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase_data();
-    void init();
-    void cleanup();
-    void cleanupTestCase();
-
-    void givenUserIsTakenAsItIs_data();
-    void givenUserIsTakenAsItIs();
-    void defaultRightsAreReadInsideLogin();
-    void defaultRightsCountForNoneAlone();
     void internalUserSignsInWithThePassword_data();
     void internalUserSignsInWithThePassword();
     void internalUserIsRefused_data();
@@ -83,12 +20,6 @@ private slots:
     void internalUserHasTheFieldsOfTheRow();
     void liveRowOfADeletedNameCounts();
     void oneOfTwoRowsOfANameHasThePassword();
-    void windowsGroupSignsIn_data();
-    void windowsGroupSignsIn();
-    void allGroupsOfTheAccountCount();
-    void groupMemberIsTheAccountItself();
-    void windowsUserSignsIn_data();
-    void windowsUserSignsIn();
     void rightsAreTheUnionOfLiveRoles_data();
     void rightsAreTheUnionOfLiveRoles();
     void rightIsAllowedWhenAllItsBitsAre();
@@ -102,158 +33,7 @@ private slots:
     void objectCanBeDeletedInTheSlot();
     void objectCanBeDeletedBeforeTheResult();
     void failedAttemptNamesTheUserAndNotThePassword();
-
-private:
-    void run(const QString &statement, const QVariantList &values = {});
-    void addOperator(int number, int type, const QString &name, const QVariant &deleted = 0);
-    void addInternalUser(int number, const QString &name, const QString &password,
-                         const QVariant &deleted = 0);
-    void addRole(int operatorNumber, int role, const QVariant &rights, const QVariant &deleted = 0);
-
-    Workstation m_workstation;
-    QSqlDatabase m_database;
-    int m_run = 0;
 };
-
-void TestAccessControl::initTestCase_data()
-{
-    QTest::addColumn<QString>("driver");
-    QTest::addColumn<QString>("databaseName");
-
-    QTest::newRow("QSQLCIPHER") << "QSQLCIPHER"
-                                << "%1";
-    QTest::newRow("QSQLITE") << "QSQLITE"
-                             << "%1";
-    QTest::newRow("QODBC3") << "QODBC3"
-                            << "Driver=SQLite3;Database=%1";
-}
-
-void TestAccessControl::init()
-{
-    QFETCH_GLOBAL(QString, driver);
-    QFETCH_GLOBAL(QString, databaseName);
-    ++m_run;
-    SettingsHandler::getInstance()->changeSettingsFile(
-        m_workstation.path(QStringLiteral("settings%1.ini").arg(m_run)));
-    m_database = QSqlDatabase::addDatabase(driver, QStringLiteral("access"));
-    m_database.setDatabaseName(
-        databaseName.arg(m_workstation.path(QStringLiteral("access%1.db").arg(m_run))));
-    QVERIFY2(m_database.open(), qPrintable(m_database.lastError().text()));
-    run(QStringLiteral("PRAGMA synchronous = OFF"));
-    run(QStringLiteral("CREATE TABLE roles (role_id INTEGER PRIMARY KEY, title TEXT, actions INTEGER, "
-                       "deleted INTEGER)"));
-    run(QStringLiteral(
-        "CREATE TABLE operator (operator_id VARCHAR(36) PRIMARY KEY, last_name VARCHAR(100), "
-        "middle_name VARCHAR(100), first_name VARCHAR(100), organization_id VARCHAR(36), "
-        "department_id VARCHAR(36), user_id VARCHAR(20), username VARCHAR(255), password TEXT, "
-        "salt VARCHAR(16), date_created DATE, date_updated DATE, deleted INTEGER, "
-        "operator_type INTEGER)"));
-    run(QStringLiteral("CREATE TABLE operator_roles (operator_roles_id INTEGER PRIMARY KEY, "
-                       "operator_id VARCHAR(36) NOT NULL, role_id INTEGER NOT NULL)"));
-}
-
-void TestAccessControl::cleanup()
-{
-    m_database.close();
-    m_database = QSqlDatabase();
-    QSqlDatabase::removeDatabase(QStringLiteral("access"));
-}
-
-void TestAccessControl::cleanupTestCase()
-{
-    const QByteArray log = readFile(m_workstation.runtimeLog());
-    QVERIFY(!log.isEmpty());
-    QVERIFY(!log.contains("pass-word"));
-}
-
-void TestAccessControl::run(const QString &statement, const QVariantList &values)
-{
-    QSqlQuery query(m_database);
-    query.prepare(statement);
-    for (const QVariant &value : values)
-        query.addBindValue(value);
-    QVERIFY2(query.exec(), qPrintable(query.lastError().text()));
-}
-
-void TestAccessControl::addOperator(int number, int type, const QString &name, const QVariant &deleted)
-{
-    run(QStringLiteral("INSERT INTO operator (operator_id, username, operator_type, deleted, password, salt) "
-                       "VALUES (?, ?, ?, ?, '', '')"),
-        {id(number), name, type, deleted});
-}
-
-void TestAccessControl::addInternalUser(int number, const QString &name, const QString &password,
-                                        const QVariant &deleted)
-{
-    addOperator(number, OperatorModelData::InternalUser, name, deleted);
-    run(QStringLiteral("UPDATE operator SET password = ?, salt = ? WHERE operator_id = ?"),
-        {PasswordHelper::hashPassword(password, kSalt), kSalt, id(number)});
-}
-
-void TestAccessControl::addRole(int operatorNumber, int role, const QVariant &rights, const QVariant &deleted)
-{
-    run(QStringLiteral("INSERT INTO roles (role_id, title, actions, deleted) VALUES (?, ?, ?, ?)"),
-        {role, QStringLiteral("Role %1").arg(role), rights, deleted});
-    run(QStringLiteral("INSERT INTO operator_roles (operator_id, role_id) VALUES (?, ?)"),
-        {id(operatorNumber), role});
-}
-
-void TestAccessControl::givenUserIsTakenAsItIs_data()
-{
-    QTest::addColumn<QString>("user");
-    QTest::addColumn<QVariant>("defaultRights");
-    QTest::addColumn<int>("rights");
-
-    QTest::newRow("with all rights") << "DOMAIN\\admin" << QVariant(-1) << -1;
-    QTest::newRow("with some rights") << "admin" << QVariant(0x14) << 0x14;
-    QTest::newRow("with no rights") << "admin" << QVariant(0) << 0;
-    QTest::newRow("with no rights where none are set") << "admin" << QVariant() << 0;
-    QTest::newRow("with no rights where they are no number") << "admin" << QVariant("all") << 0;
-    QTest::newRow("without a name") << "" << QVariant(1) << 1;
-    QTest::newRow("with letters of many scripts") << QString::fromUtf8("Größe 日本") << QVariant(1) << 1;
-}
-
-void TestAccessControl::givenUserIsTakenAsItIs()
-{
-    QFETCH(QString, user);
-    QFETCH(QVariant, defaultRights);
-    QFETCH(int, rights);
-    if (defaultRights.isValid()) {
-        SettingsHandler::getInstance()->setSafeValue(QLatin1String(SettingsKeys::kDefaultRights),
-                                                     defaultRights);
-    }
-
-    SignIn signIn(kNone, nullptr);
-    QCOMPARE(signIn.login(user), 0U);
-    QCOMPARE(int(signIn.control.allowedAccessTypes()), rights);
-    QCOMPARE(signIn.control.getOperator()->username(), user);
-    QVERIFY(signIn.control.getOperator()->operatorID().isNull());
-    QVERIFY(signIn.control.getOperator()->operatorRoleIDList().isEmpty());
-}
-
-void TestAccessControl::defaultRightsAreReadInsideLogin()
-{
-    const QString key = QLatin1String(SettingsKeys::kDefaultRights);
-    SettingsHandler::getInstance()->setSafeValue(key, -1);
-    SignIn signIn(kNone, nullptr);
-    signIn.control.login(QStringLiteral("admin"), QString());
-    SettingsHandler::getInstance()->setSafeValue(key, 0);
-    QTRY_COMPARE(signIn.results.size(), 1);
-    QCOMPARE(int(signIn.control.allowedAccessTypes()), -1);
-}
-
-void TestAccessControl::defaultRightsCountForNoneAlone()
-{
-    SettingsHandler::getInstance()->setSafeValue(QLatin1String(SettingsKeys::kDefaultRights), -1);
-    addInternalUser(1, QStringLiteral("nurse"), QStringLiteral("pass-word"));
-    addOperator(2, OperatorModelData::WindowsUser, currentAccount());
-    addRole(1, 1, 0x1000);
-    for (const QString &method : {kInternal, kUsers}) {
-        SignIn signIn(method, &m_database);
-        QCOMPARE(signIn.login(QStringLiteral("nurse"), QStringLiteral("pass-word")), 0U);
-        QCOMPARE(int(signIn.control.allowedAccessTypes()), method == kInternal ? 0x1000 : 0);
-    }
-}
 
 void TestAccessControl::internalUserSignsInWithThePassword_data()
 {
@@ -434,109 +214,6 @@ void TestAccessControl::oneOfTwoRowsOfANameHasThePassword()
     QCOMPARE(signIn.login(QStringLiteral("nurse"), QStringLiteral("first")), 0U);
     QCOMPARE(int(signIn.control.allowedAccessTypes()), 0x1);
     QCOMPARE(signIn.login(QStringLiteral("nurse"), QStringLiteral("third")), ZephanErrors::kLoginFailed);
-}
-
-void TestAccessControl::windowsGroupSignsIn_data()
-{
-    QTest::addColumn<QString>("stored");
-    QTest::addColumn<int>("type");
-    QTest::addColumn<int>("deleted");
-    QTest::addColumn<uint>("result");
-
-    const QString group = currentUserGroups().value(0);
-    QVERIFY(!group.isEmpty());
-    const uint refused = ZephanErrors::kLoginFailed;
-    QTest::newRow("as it is") << group << 2 << 0 << 0U;
-    QTest::newRow("in capitals") << group.toUpper() << 2 << 0 << 0U;
-    QTest::newRow("in small letters") << group.toLower() << 2 << 0 << 0U;
-    QTest::newRow("without its prefix") << withoutPrefix(group).toUpper() << 2 << 0 << 0U;
-    QTest::newRow("of another computer is refused")
-        << "ELSEWHERE\\" + withoutPrefix(group) << 2 << 0 << refused;
-    QTest::newRow("that the account isn't in is refused") << group + "x" << 2 << 0 << refused;
-    QTest::newRow("with a part of the name is refused") << group.chopped(1) << 2 << 0 << refused;
-    QTest::newRow("with a wildcard is refused") << "%" << 2 << 0 << refused;
-    QTest::newRow("without a name is refused") << "" << 2 << 0 << refused;
-    QTest::newRow("that is deleted is refused") << group << 2 << 1 << refused;
-    QTest::newRow("that is the name of a user is refused") << group << 3 << 0 << refused;
-}
-
-void TestAccessControl::windowsGroupSignsIn()
-{
-    QFETCH(QString, stored);
-    QFETCH(int, type);
-    QFETCH(int, deleted);
-    QFETCH(uint, result);
-    addOperator(1, type, stored, deleted);
-    addRole(1, 1, 0x30);
-    SignIn signIn(kGroups, &m_database);
-    QCOMPARE(signIn.login(currentAccount()), result);
-    QCOMPARE(int(signIn.control.allowedAccessTypes()), result == 0 ? 0x30 : 0);
-}
-
-void TestAccessControl::allGroupsOfTheAccountCount()
-{
-    const QString group = currentUserGroups().value(0);
-    addOperator(1, OperatorModelData::WindowsGroup, group);
-    addOperator(2, OperatorModelData::WindowsGroup, withoutPrefix(group).toUpper());
-    addOperator(3, OperatorModelData::WindowsGroup, QStringLiteral("ELSEWHERE\\others"));
-    addOperator(4, OperatorModelData::WindowsGroup, group.toUpper(), 1);
-    addRole(1, 1, 0x1000);
-    addRole(2, 2, 0x10000);
-    addRole(3, 3, 0x1);
-    addRole(4, 4, 0x2);
-    SignIn signIn(kGroups, &m_database);
-    QCOMPARE(signIn.login(currentAccount()), 0U);
-    QCOMPARE(int(signIn.control.allowedAccessTypes()), 0x11000);
-    QCOMPARE(signIn.control.getOperator()->operatorRoleIDList(), QList<uint>({1, 2}));
-}
-
-void TestAccessControl::groupMemberIsTheAccountItself()
-{
-    addOperator(1, OperatorModelData::WindowsGroup, currentUserGroups().value(0));
-    SignIn signIn(kGroups, &m_database);
-    QCOMPARE(signIn.login(currentAccount()), 0U);
-    QString sid;
-    QString error;
-    const QString account = currentUsername(sid, error);
-    QCOMPARE(signIn.control.getOperator()->username(), account);
-    QCOMPARE(signIn.control.getOperator()->operatorID(), getUuidFromSid(sid, error));
-    QCOMPARE(signIn.control.getOperator()->operatorType(), 2U);
-}
-
-void TestAccessControl::windowsUserSignsIn_data()
-{
-    QTest::addColumn<QString>("stored");
-    QTest::addColumn<int>("type");
-    QTest::addColumn<int>("deleted");
-    QTest::addColumn<uint>("result");
-
-    const QString account = currentAccount();
-    const uint refused = ZephanErrors::kLoginFailed;
-    QTest::newRow("as it is") << account << 3 << 0 << 0U;
-    QTest::newRow("in capitals") << account.toUpper() << 3 << 0 << 0U;
-    QTest::newRow("in small letters") << account.toLower() << 3 << 0 << 0U;
-    QTest::newRow("without its prefix") << withoutPrefix(account) << 3 << 0 << 0U;
-    QTest::newRow("of another computer is refused")
-        << "ELSEWHERE\\" + withoutPrefix(account) << 3 << 0 << refused;
-    QTest::newRow("that is another is refused") << account + "x" << 3 << 0 << refused;
-    QTest::newRow("that is deleted is refused") << account << 3 << 1 << refused;
-    QTest::newRow("that is an internal user is refused") << account << 1 << 0 << refused;
-    QTest::newRow("that is a group is refused") << account << 2 << 0 << refused;
-}
-
-void TestAccessControl::windowsUserSignsIn()
-{
-    QFETCH(QString, stored);
-    QFETCH(int, type);
-    QFETCH(int, deleted);
-    QFETCH(uint, result);
-    addOperator(1, type, stored, deleted);
-    addRole(1, 1, 0x30);
-    SignIn signIn(kUsers, &m_database);
-    QCOMPARE(signIn.login(currentAccount()), result);
-    QCOMPARE(int(signIn.control.allowedAccessTypes()), result == 0 ? 0x30 : 0);
-    if (result == 0)
-        QCOMPARE(signIn.control.getOperator()->operatorID().toString(), id(1));
 }
 
 void TestAccessControl::rightsAreTheUnionOfLiveRoles_data()
