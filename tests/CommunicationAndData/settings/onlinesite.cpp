@@ -1,6 +1,7 @@
 #include "onlinesite.h"
 
 #include "CommunicationAndData/settings/odbcconnection.h"
+#include "CommunicationAndData/settings/settingshandler.h"
 #include "CommunicationAndData/settings/settingskeys.h"
 
 #include <QSqlDatabase>
@@ -95,6 +96,19 @@ QMap<QString, QVariant> OnlineSite::connection(Account account, const QVariantMa
             {group + text(SettingsKeys::kSqlType), 2},
             {group + text(SettingsKeys::kUsername), accountName(account)},
             {group + text(SettingsKeys::kPassword), password(account)}};
+}
+
+void OnlineSite::writeConnection() const
+{
+    SettingsHandler *const store = SettingsHandler::getInstance();
+    const QString group = text(SettingsKeys::kSupportDbGroup);
+    const auto key = [&group](const char *name) {
+        return group + QLatin1Char('/') + text(name);
+    };
+    store->setDatabaseSettings(group, {{text(SettingsKeys::kParams), server().parameters(m_database)}});
+    store->setValue(key(SettingsKeys::kConnectOptions), OdbcConnection::defaultConnectOptions());
+    store->setSafeValue(key(SettingsKeys::kUsername), accountName(Administrator));
+    store->setSafeValue(key(SettingsKeys::kPassword), password(Administrator));
 }
 
 QStringList OnlineSite::column(const QString &statement)
