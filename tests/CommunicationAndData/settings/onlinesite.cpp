@@ -98,7 +98,7 @@ QMap<QString, QVariant> OnlineSite::connection(Account account, const QVariantMa
             {group + text(SettingsKeys::kPassword), password(account)}};
 }
 
-void OnlineSite::writeConnection() const
+void OnlineSite::writeConnection(Account account) const
 {
     SettingsHandler *const store = SettingsHandler::getInstance();
     const QString group = text(SettingsKeys::kSupportDbGroup);
@@ -107,8 +107,8 @@ void OnlineSite::writeConnection() const
     };
     store->setDatabaseSettings(group, {{text(SettingsKeys::kParams), server().parameters(m_database)}});
     store->setValue(key(SettingsKeys::kConnectOptions), OdbcConnection::defaultConnectOptions());
-    store->setSafeValue(key(SettingsKeys::kUsername), accountName(Administrator));
-    store->setSafeValue(key(SettingsKeys::kPassword), password(Administrator));
+    store->setSafeValue(key(SettingsKeys::kUsername), accountName(account));
+    store->setSafeValue(key(SettingsKeys::kPassword), password(account));
 }
 
 QStringList OnlineSite::column(const QString &statement)

@@ -67,8 +67,8 @@ public:
     /// The same, with other connection parameters.
     QMap<QString, QVariant> connection(Account account, const QVariantMap &parameters) const;
 
-    /// Writes the administrator's connection into the working settings, as a page does.
-    void writeConnection() const;
+    /// Writes a connection into the working settings, as a page does.
+    void writeConnection(Account account = Administrator) const;
 
     /// The first column of a query's rows, asked over a connection that is nobody else's.
     QStringList column(const QString &statement);
