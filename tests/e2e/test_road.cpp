@@ -105,6 +105,9 @@ QProcessEnvironment TestRoad::environment() const
     environment.insert(QStringLiteral("PYTHONPATH"), QStringLiteral(UI_DRIVER));
     environment.insert(QStringLiteral("PYTHONDONTWRITEBYTECODE"), QStringLiteral("1"));
     environment.remove(QStringLiteral("QT_QPA_PLATFORM"));
+    // The screen's plug-in, which is unloaded before leaks are looked for, leaves memory that no suppression
+    // can name. The program's own leaks are looked for in the tests without a screen.
+    environment.insert(QStringLiteral("ASAN_OPTIONS"), QStringLiteral("detect_leaks=0"));
     return environment;
 }
 
