@@ -60,3 +60,23 @@ function(corvane_test name)
         LABELS "${TEST_LABELS}"
         ENVIRONMENT "${screen}LC_ALL=C.UTF-8;UBSAN_OPTIONS=print_stacktrace=1;LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/leaks.supp:print_suppressions=0")
 endfunction()
+
+# corvane_uses_servers(TESTS...): tests that need the private database servers. One program at a time works on the
+# servers, whose roles belong to all databases; the one that makes an empty server of them comes first. The sanitizer
+# sees no more than the last call of what the servers' drivers keep in the library of ciphers, so that these tests
+# pass over all that is kept there; the tests of the program's own ciphers do not.
+function(corvane_uses_servers)
+    foreach(name IN LISTS ARGV)
+        get_test_property(${name} ENVIRONMENT environment)
+        string(REPLACE "leaks.supp" "leaks_of_drivers.supp" environment "${environment}")
+        set_tests_properties(${name} PROPERTIES
+            ENVIRONMENT "${environment}"
+            FIXTURES_REQUIRED "mariadb;postgresql"
+            LABELS servers
+            RESOURCE_LOCK access_servers
+            TIMEOUT 900)
+        if(NOT name STREQUAL test_accessservers)
+            set_tests_properties(${name} PROPERTIES DEPENDS test_accessservers)
+        endif()
+    endforeach()
+endfunction()

@@ -317,7 +317,10 @@ void TestOnlineWorker::bigConfigurationComesBack()
 
 void TestOnlineWorker::configurationThatNoFileCanHoldIsNotTakenOver()
 {
-    OnlineStore::setContent({{text("ui/bytes"), QByteArray(3 * 1024 * 1024, '\xff')}});
+    Settings large;
+    for (int i = 0; i < 1300; ++i)
+        large.insert(QStringLiteral("ui/bytes_%1").arg(i), QByteArray(1024, '\xff'));
+    OnlineStore::setContent(large);
     const int id = sent(text("too large"));
     writeExample();
     const Settings before = OnlineStore::content();
