@@ -1,0 +1,14 @@
+#ifndef STORENAMES_H
+#define STORENAMES_H
+
+#include <QString>
+
+// What the stores of the access tables have in common in the audit trail and in the rows of deleted things.
+
+constexpr char kStoreKey[] = "access.supportdb";
+constexpr char kProgram[] = "Corvane";
+
+/// "_deleted" and a random number: what frees the name of a deleted row.
+QString deletedSuffix();
+
+#endif
