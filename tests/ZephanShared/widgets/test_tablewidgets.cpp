@@ -2,9 +2,12 @@
 #include "ZephanShared/widgets/columnlineedit.h"
 #include "support/messageboxes.h"
 
+#include <QAccessible>
+#include <QHelpEvent>
 #include <QSignalSpy>
 #include <QTableWidget>
 #include <QTest>
+#include <QToolTip>
 
 namespace {
 
@@ -70,6 +73,9 @@ private slots:
     void deletionOfAnEditIsAsked();
     void aConfirmedDeletionStands();
     void theSlotsAreFoundByName();
+    void anAmpersandInANameIsNoShortcut();
+    void aNameOfAnyLengthFitsItsCell_data();
+    void aNameOfAnyLengthFitsItsCell();
 };
 
 void TestTableWidgets::aTableHelperStartsAtZeroAndIsCopiedWhole()
@@ -263,6 +269,60 @@ void TestTableWidgets::theSlotsAreFoundByName()
     for (const char *slot : {"setDeleted()", "unsetUpdates()", "edited()"})
         QVERIFY2(edit.indexOfSlot(slot) >= 0, slot);
     QVERIFY(edit.indexOfSignal("updated()") >= 0);
+}
+
+void TestTableWidgets::anAmpersandInANameIsNoShortcut()
+{
+    ColumnButton button(text("R&D"), nullptr);
+    QSignalSpy clicked(&button, SIGNAL(clicked()));
+    button.show();
+    button.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&button));
+    QTest::keyClick(&button, Qt::Key_D, Qt::AltModifier);
+    QCOMPARE(clicked.size(), 0);
+    QCOMPARE(button.text(), text("R&D"));
+    QCOMPARE(QAccessible::queryAccessibleInterface(&button)->text(QAccessible::Name), text("R&D"));
+    button.setText(text("Wards"));
+    QCOMPARE(QAccessible::queryAccessibleInterface(&button)->text(QAccessible::Name), text("Wards"));
+
+    const ColumnButton many(QString(30, QLatin1Char('&')), nullptr);
+    const ColumnButton few(QString(20, QLatin1Char('&')), nullptr);
+    QVERIFY(many.sizeHint().width() > few.sizeHint().width());
+}
+
+void TestTableWidgets::aNameOfAnyLengthFitsItsCell_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<bool>("cut");
+
+    QTest::newRow("a short one is shown whole") << text("Nurse") << false;
+    QTest::newRow("10,000 characters are cut") << QString(10000, QLatin1Char('W')) << true;
+    QTest::newRow("line breaks make no further lines") << text("one\ntwo\nthree\n") << false;
+    QTest::newRow("right to left and combining letters")
+        << text("\u05de\u05e0\u05d4\u05dc e\u0301\u0327") << false;
+    QTest::newRow("a long one with marks of HTML") << text("<b>\"&amp;\" '</b> ").repeated(40) << true;
+}
+
+void TestTableWidgets::aNameOfAnyLengthFitsItsCell()
+{
+    QFETCH(QString, name);
+    QFETCH(bool, cut);
+    ColumnButton button(name, nullptr);
+    const QSize plain = ColumnButton(text("Nurse"), nullptr).sizeHint();
+    QCOMPARE(button.sizeHint().height(), plain.height());
+    QVERIFY(button.sizeHint().width() < 400);
+    button.resize(button.sizeHint());
+    button.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&button));
+    QCOMPARE(button.text(), name);
+
+    QHelpEvent help(QEvent::ToolTip, QPoint(1, 1), button.mapToGlobal(QPoint(1, 1)));
+    QCoreApplication::sendEvent(&button, &help);
+    QCOMPARE(QToolTip::isVisible(), cut);
+    if (cut)
+        QCOMPARE(QToolTip::text(), QStringLiteral("<p>%1</p>").arg(name.left(1000).toHtmlEscaped()));
+    QToolTip::hideText();
+    QTRY_VERIFY(!QToolTip::isVisible());
 }
 
 QTEST_MAIN(TestTableWidgets)
