@@ -1,7 +1,7 @@
-#include "CommunicationAndData/actionlog/actions.h"
 #include "CommunicationAndData/settings/settingshandler.h"
 #include "CommunicationAndData/settings/settingskeys.h"
 #include "CommunicationAndData/sqlcipher/databasekey.h"
+#include "ZephanShared/toolkit/actions.h"
 #include "demoworkstation/demosettings.h"
 #include "support/workstation.h"
 

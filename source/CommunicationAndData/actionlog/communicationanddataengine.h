@@ -2,7 +2,7 @@
 #define COMMUNICATIONANDDATAENGINE_H
 
 #include "CommunicationAndData/access/operatormodeldata.h"
-#include "CommunicationAndData/actionlog/actions.h"
+#include "ZephanShared/toolkit/actions.h"
 #include "ZephanShared/toolkit/uuidstring.h"
 #include "ZephanShared/toolkit/zephanerror.h"
 

@@ -1,6 +1,8 @@
 #ifndef SETTINGSKEYS_H
 #define SETTINGSKEYS_H
 
+#include "ZephanShared/toolkit/languages.h"
+
 /// Every key of the settings files, written once. The files are shared by all programs of the suite.
 ///
 /// A key is its group, "/" and its name. Safe keys, which are stored in an unreadable form, are marked.
@@ -99,7 +101,7 @@ constexpr char kOfflineLocation[] = "offline_location";
 namespace LocalCache {
 
 constexpr char kFileName[] = "local_cache";
-constexpr char kLanguage[] = "language";
+inline constexpr auto &kLanguage = kLanguageKey;
 constexpr char kAutosaveInfo[] = "autosaveinfo";
 constexpr char kLocalSave[] = "localsave";
 constexpr char kSupportDbOnlineGroup[] = "supportdb_online";

@@ -3,7 +3,7 @@
 
 #include "CommunicationAndData/access/accessrolemodeldata.h"
 #include "CommunicationAndData/access/operatormodeldata.h"
-#include "CommunicationAndData/actionlog/actions.h"
+#include "ZephanShared/toolkit/actions.h"
 #include "ZephanShared/toolkit/uuidstring.h"
 #include "ZephanShared/toolkit/zephanerror.h"
 

@@ -1,8 +1,8 @@
 #ifndef SETTINGSDATABASEDIALOG_H
 #define SETTINGSDATABASEDIALOG_H
 
-#include "CommunicationAndData/actionlog/actions.h"
 #include "Corvane/settings/connectioncache.h"
+#include "ZephanShared/toolkit/actions.h"
 #include "ZephanShared/toolkit/zephanerror.h"
 
 #include <QDialog>

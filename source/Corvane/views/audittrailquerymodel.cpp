@@ -1,6 +1,6 @@
 #include "Corvane/views/audittrailquerymodel.h"
 
-#include "CommunicationAndData/actionlog/actions.h"
+#include "ZephanShared/toolkit/actions.h"
 #include "ZephanShared/widgets/dateformathelper.h"
 
 #include <QDateTime>

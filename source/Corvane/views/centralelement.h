@@ -1,7 +1,7 @@
 #ifndef CENTRALELEMENT_H
 #define CENTRALELEMENT_H
 
-#include "CommunicationAndData/actionlog/actions.h"
+#include "ZephanShared/toolkit/actions.h"
 #include "ZephanShared/toolkit/zephanerror.h"
 
 #include <QPointer>

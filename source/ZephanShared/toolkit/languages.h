@@ -4,6 +4,9 @@
 #include <QString>
 #include <QVector>
 
+/// The value of an ini file that holds a translation code, in `local_cache` and beside it.
+constexpr char kLanguageKey[] = "language";
+
 /// A language of the suite: the code in its translation file's name and its English name.
 struct Language
 {

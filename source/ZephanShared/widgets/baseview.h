@@ -1,7 +1,7 @@
 #ifndef BASEVIEW_H
 #define BASEVIEW_H
 
-#include "CommunicationAndData/actionlog/actions.h"
+#include "ZephanShared/toolkit/actions.h"
 #include "ZephanShared/toolkit/uuidstring.h"
 #include "ZephanShared/toolkit/zephanerror.h"
 

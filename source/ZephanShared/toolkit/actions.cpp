@@ -1,4 +1,4 @@
-#include "CommunicationAndData/actionlog/actions.h"
+#include "ZephanShared/toolkit/actions.h"
 
 #include <QHash>
 
