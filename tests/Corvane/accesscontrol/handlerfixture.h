@@ -84,7 +84,7 @@ class HandlerFixture : public QObject
 {
     Q_OBJECT
 
-private slots:
+protected slots:
     void initTestCase();
     void init();
     void cleanup();
