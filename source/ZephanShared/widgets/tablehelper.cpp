@@ -28,12 +28,17 @@ bool TableHelper::deleted() const
     return m_deleted;
 }
 
+bool TableHelper::confirmed() const
+{
+    return m_confirmed;
+}
+
 void TableHelper::confirmDeletion(QWidget *asking)
 {
     QMessageBox box(QMessageBox::Question, tr("Delete"), tr("Are you sure?"),
                     QMessageBox::Ok | QMessageBox::No, asking);
     box.button(QMessageBox::Ok)->setText(tr("Ok"));
     box.button(QMessageBox::No)->setText(tr("No"));
-    if (box.exec() != QMessageBox::No)
-        m_deleted = true;
+    m_confirmed = box.exec() != QMessageBox::No;
+    m_deleted = m_deleted || m_confirmed;
 }

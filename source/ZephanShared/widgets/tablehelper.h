@@ -17,6 +17,8 @@ public:
     void setRow(int row);
     /// Whether the deletion was confirmed. There is no way back, not even when it fails afterwards.
     bool deleted() const;
+    /// The last answer, where a deletion that failed is asked about again.
+    bool confirmed() const;
 
 protected:
     /// Asks for confirmation and notes it; nothing is deleted here.
@@ -26,6 +28,7 @@ private:
     int m_column = 0;
     int m_row = 0;
     bool m_deleted = false;
+    bool m_confirmed = false;
 };
 
 #endif

@@ -1,0 +1,205 @@
+#include "ZephanShared/widgets/celltable.h"
+
+#include <QAbstractButton>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLineEdit>
+
+namespace {
+
+constexpr int kRowHeight = 30;
+
+}  // namespace
+
+CellTable::CellTable(TabKey tabKey, QWidget *parent)
+    : QTableWidget(parent)
+    , m_tabKey(tabKey)
+{
+    horizontalHeader()->hide();
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setDefaultSectionSize(kRowHeight);
+    setEditTriggers(NoEditTriggers);
+    setSelectionMode(NoSelection);
+    setTabKeyNavigation(false);
+    setHorizontalScrollMode(ScrollPerPixel);
+    setVerticalScrollMode(ScrollPerPixel);
+}
+
+void CellTable::growTo(int rows, int columns)
+{
+    setRowCount(qMax(rows, rowCount()));
+    setColumnCount(qMax(columns, columnCount()));
+}
+
+void CellTable::setCell(int row, int column, QWidget *widget)
+{
+    // Thousands of widgets are no stations of the Tab key.
+    widget->setFocusPolicy(Qt::ClickFocus);
+    setCellWidget(row, column, widget);
+}
+
+void CellTable::focusCell(int row, int column)
+{
+    if (!canFocus(row, column))
+        return;
+    setCurrentCell(row, column);
+    scrollTo(currentIndex());
+    cellWidget(row, column)->setFocus(Qt::OtherFocusReason);
+}
+
+bool CellTable::eventFilter(QObject *watched, QEvent *event)
+{
+    auto *cell = qobject_cast<QWidget *>(watched);
+    if (cell && cell->parentWidget() == viewport()) {
+        if (event->type() == QEvent::FocusIn)
+            setCurrentIndex(indexAt(cell->geometry().center()));
+        else if (event->type() == QEvent::KeyPress && handleKey(cell, static_cast<QKeyEvent *>(event)))
+            return true;
+    }
+    return QTableWidget::eventFilter(watched, event);
+}
+
+void CellTable::focusInEvent(QFocusEvent *event)
+{
+    QTableWidget::focusInEvent(event);
+    if (canFocus(currentRow(), currentColumn()))
+        focusCell(currentRow(), currentColumn());
+    else
+        focusFirstCell();
+}
+
+bool CellTable::handleKey(QWidget *cell, QKeyEvent *event)
+{
+    const int row = currentRow();
+    const int column = currentColumn();
+    switch (event->key()) {
+    case Qt::Key_Tab:
+        tab(1);
+        return true;
+    case Qt::Key_Backtab:
+        tab(-1);
+        return true;
+    case Qt::Key_Up:
+        step(row - 1, column, -1, 0);
+        return true;
+    case Qt::Key_Down:
+        step(row + 1, column, 1, 0);
+        return true;
+    case Qt::Key_PageUp:
+        page(-1);
+        return true;
+    case Qt::Key_PageDown:
+        page(1);
+        return true;
+    default:
+        return handleButtonKey(cell, event);
+    }
+}
+
+bool CellTable::handleButtonKey(QWidget *cell, QKeyEvent *event)
+{
+    auto *button = qobject_cast<QAbstractButton *>(cell);
+    if (!button)
+        return false;
+    const int forward = isRightToLeft() ? -1 : 1;
+    switch (event->key()) {
+    case Qt::Key_Left:
+        step(currentRow(), currentColumn() - forward, 0, -forward);
+        return true;
+    case Qt::Key_Right:
+        step(currentRow(), currentColumn() + forward, 0, forward);
+        return true;
+    case Qt::Key_Home:
+        step(currentRow(), 0, 0, 1);
+        return true;
+    case Qt::Key_End:
+        step(currentRow(), columnCount() - 1, 0, -1);
+        return true;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (!event->isAutoRepeat())
+            button->click();
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool CellTable::canFocus(int row, int column) const
+{
+    if (row < 0 || column < 0 || isRowHidden(row) || isColumnHidden(column))
+        return false;
+    const QWidget *widget = cellWidget(row, column);
+    return widget && widget->isEnabled();
+}
+
+/// Goes on from a cell in steps until one can have the focus.
+bool CellTable::step(int row, int column, int rowStep, int columnStep)
+{
+    while (row >= 0 && row < rowCount() && column >= 0 && column < columnCount()) {
+        if (canFocus(row, column)) {
+            focusCell(row, column);
+            return true;
+        }
+        row += rowStep;
+        column += columnStep;
+    }
+    return false;
+}
+
+void CellTable::page(int direction)
+{
+    int left = qMax(1, viewport()->height() / kRowHeight - 1);
+    int target = currentRow();
+    for (int row = target + direction; left > 0 && row >= 0 && row < rowCount(); row += direction) {
+        if (canFocus(row, currentColumn())) {
+            target = row;
+            --left;
+        }
+    }
+    focusCell(target, currentColumn());
+}
+
+void CellTable::tab(int direction)
+{
+    if (m_tabKey == TabLeaves || !focusNextCell(direction))
+        leave(direction);
+}
+
+bool CellTable::focusNextCell(int direction)
+{
+    const int cells = rowCount() * columnCount();
+    for (int i = currentRow() * columnCount() + currentColumn() + direction; i >= 0 && i < cells;
+         i += direction) {
+        if (canFocus(i / columnCount(), i % columnCount())) {
+            focusCell(i / columnCount(), i % columnCount());
+            return true;
+        }
+    }
+    return false;
+}
+
+/// Gives the focus to the next widget outside, as Tab would from the table.
+void CellTable::leave(int direction)
+{
+    const auto next = [direction](const QWidget *widget) {
+        return direction > 0 ? widget->nextInFocusChain() : widget->previousInFocusChain();
+    };
+    for (QWidget *widget = next(this); widget != this; widget = next(widget)) {
+        if ((widget->focusPolicy() & Qt::TabFocus) && widget->isEnabled() && widget->isVisible() &&
+            widget->window() == window() && !isAncestorOf(widget)) {
+            widget->setFocus(direction > 0 ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+            return;
+        }
+    }
+}
+
+bool CellTable::focusFirstCell()
+{
+    for (int row = 0; row < rowCount(); ++row) {
+        if (!isRowHidden(row) && step(row, 0, 0, 1))
+            return true;
+    }
+    return false;
+}

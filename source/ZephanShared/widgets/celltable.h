@@ -1,0 +1,47 @@
+#ifndef CELLTABLE_H
+#define CELLTABLE_H
+
+#include <QTableWidget>
+
+/// A table of widgets without headers that the keyboard goes through as through one field.
+///
+/// The arrow keys, Home, End, Page Up and Page Down go from widget to widget, passing over empty and disabled
+/// cells, and Enter clicks a button. In an edit only the keys that move up and down do so. The table comes
+/// back to the widget that it was left from.
+class CellTable : public QTableWidget
+{
+    Q_OBJECT
+
+public:
+    /// What Tab does in a cell: it goes on behind the table, or to the next cell first.
+    enum TabKey { TabLeaves, TabGoesThrough };
+
+    CellTable(TabKey tabKey, QWidget *parent);
+
+    /// Adds what is missing to these numbers of rows and columns.
+    void growTo(int rows, int columns);
+    /// Puts a widget into a cell; the one that was there is deleted.
+    void setCell(int row, int column, QWidget *widget);
+    /// Gives a cell's widget the focus and scrolls to it.
+    void focusCell(int row, int column);
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+protected:
+    void focusInEvent(QFocusEvent *event) override;
+
+private:
+    bool handleKey(QWidget *cell, QKeyEvent *event);
+    bool handleButtonKey(QWidget *cell, QKeyEvent *event);
+    bool canFocus(int row, int column) const;
+    bool step(int row, int column, int rowStep, int columnStep);
+    void page(int direction);
+    void tab(int direction);
+    bool focusNextCell(int direction);
+    void leave(int direction);
+    bool focusFirstCell();
+
+    TabKey m_tabKey;
+};
+
+#endif
