@@ -6,7 +6,9 @@
 #include "CommunicationAndData/settings/stashimage.h"
 #include "Corvane/settings/accesssettingsview.h"
 #include "Corvane/settings/databasesettingsview.h"
+#include "Corvane/settings/fieldsettingsview.h"
 #include "Corvane/settings/personbrowsersettingsview.h"
+#include "Corvane/settings/searchsettingsview.h"
 #include "Corvane/settings/settingssnapshot.h"
 
 #include <QAction>
@@ -89,6 +91,13 @@ void SettingsView::createPages()
     m_databasePage->setObjectName(QStringLiteral("database_page"));
     m_generalPage = new PersonBrowserSettingsView(m_dataPath);
     m_generalPage->setObjectName(QStringLiteral("general_page"));
+    m_searchPage = new SearchSettingsView;
+    m_searchPage->setObjectName(QStringLiteral("search_page"));
+    m_fieldPage = new FieldSettingsView;
+    m_fieldPage->setObjectName(QStringLiteral("field_page"));
+    connect(m_fieldPage, &FieldSettingsView::logError, this, &SettingsView::logError);
+    connect(m_fieldPage, SIGNAL(personCustomFieldsUpdated(QStringList)), m_searchPage,
+            SLOT(personCustomFieldsChanged(QStringList)));
 }
 
 void SettingsView::createTabs()
@@ -100,6 +109,8 @@ void SettingsView::createTabs()
     m_tabs->setStyleSheet(QStringLiteral("QTabBar::tab { height: %1px; }").arg(kTabHeight));
     m_tabs->addTab(m_generalPage, QString());
     m_tabs->addTab(m_databasePage, QString());
+    m_tabs->addTab(m_searchPage, QString());
+    m_tabs->addTab(m_fieldPage, QString());
     m_tabs->addTab(m_accessPage, QString());
 }
 
@@ -188,6 +199,8 @@ void SettingsView::updateTabTexts()
 {
     m_tabs->setTabText(m_tabs->indexOf(m_generalPage), tr("General"));
     m_tabs->setTabText(m_tabs->indexOf(m_databasePage), tr("Database"));
+    m_tabs->setTabText(m_tabs->indexOf(m_searchPage), tr("Search"));
+    m_tabs->setTabText(m_tabs->indexOf(m_fieldPage), tr("Person fields"));
     m_tabs->setTabText(m_tabs->indexOf(m_accessPage), tr("Access control") + QLatin1Char(' ') + tr("and") +
                                                           QLatin1Char('\n') + tr("Audit trail"));
 }
@@ -195,13 +208,17 @@ void SettingsView::updateTabTexts()
 void SettingsView::savePages()
 {
     save(m_accessPage);
+    save(m_fieldPage);
     save(m_databasePage);
+    save(m_searchPage);
     save(m_generalPage);
 }
 
 void SettingsView::reloadPages()
 {
     reload(m_accessPage);
+    reload(m_searchPage);
+    reload(m_fieldPage);
     reload(m_databasePage);
     reload(m_generalPage);
 }

@@ -9,6 +9,7 @@
 class AccessControl;
 class AccessSettingsView;
 class DatabaseSettingsView;
+class FieldSettingsView;
 class PersonBrowserSettingsView;
 class QAction;
 class QLabel;
@@ -17,6 +18,7 @@ class QMenuBar;
 class QSettings;
 class QTabWidget;
 class QVBoxLayout;
+class SearchSettingsView;
 
 /// The administrator's workbench for settings: a prompt until a source of settings is chosen from the menu
 /// bar at its foot, then the settings pages as tabs.
@@ -104,7 +106,9 @@ private:
 
     AccessSettingsView *m_accessPage = nullptr;
     DatabaseSettingsView *m_databasePage = nullptr;
+    FieldSettingsView *m_fieldPage = nullptr;
     PersonBrowserSettingsView *m_generalPage = nullptr;
+    SearchSettingsView *m_searchPage = nullptr;
 
     QMenuBar *m_menuBar = nullptr;
     QMenu *m_localMenu = nullptr;
