@@ -1,0 +1,84 @@
+#include "Corvane/accesscontrol/editorsteps.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QMessageBox>
+#include <QTest>
+
+namespace {
+
+constexpr int kPollInterval = 10;  // milliseconds
+constexpr int kPatience = 200;     // polls
+
+}  // namespace
+
+EditorSteps::EditorSteps(QList<Step> steps)
+    : m_steps(std::move(steps))
+{
+    connect(&m_timer, &QTimer::timeout, this, &EditorSteps::runNext);
+    m_timer.start(kPollInterval);
+}
+
+void EditorSteps::runNext()
+{
+    auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+    if (!dialog || qobject_cast<QMessageBox *>(dialog) || !dialog->isVisible())
+        return;
+    if (!m_steps.isEmpty()) {
+        m_idle = 0;
+        m_steps.takeFirst()(*dialog);
+    } else if (++m_idle > kPatience) {
+        m_leftOpen = true;
+        dialog->done(QDialog::Rejected);
+    }
+}
+
+bool isShown(QDialog &dialog, const char *name)
+{
+    const auto *widget = dialog.findChild<QWidget *>(QLatin1String(name));
+    return widget && widget->isVisible();
+}
+
+EditorSteps::Step typeInto(const char *name, const QString &text)
+{
+    return [name, text](QDialog &dialog) {
+        auto *edit = shown<QLineEdit>(dialog, name);
+        QTest::mouseClick(edit, Qt::LeftButton);
+        edit->selectAll();
+        QTest::keyClick(edit, Qt::Key_Delete);
+        QTest::keyClicks(edit, text);
+    };
+}
+
+EditorSteps::Step press(const char *button)
+{
+    return [button](QDialog &dialog) {
+        QTest::mouseClick(shown<QPushButton>(dialog, button), Qt::LeftButton);
+    };
+}
+
+EditorSteps::Step pressKey(Qt::Key key)
+{
+    return [key](QDialog &dialog) {
+        QWidget *target = dialog.focusWidget();
+        QTest::keyClick(target ? target : &dialog, key);
+    };
+}
+
+QStringList tabOrder(QDialog &dialog)
+{
+    QStringList names;
+    const QWidget *first = dialog.focusWidget();
+    for (QWidget *widget = dialog.focusWidget(); widget; widget = dialog.focusWidget()) {
+        names.append(widget->objectName());
+        QTest::keyClick(widget, Qt::Key_Tab);
+        if (dialog.focusWidget() == first || names.size() > 100)
+            break;
+    }
+    return names;
+}
+
+QString spokenName(QWidget *widget)
+{
+    return QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);
+}
