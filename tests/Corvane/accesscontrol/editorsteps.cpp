@@ -80,5 +80,7 @@ QStringList tabOrder(QDialog &dialog)
 
 QString spokenName(QWidget *widget)
 {
-    return QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);
+    const QAccessibleInterface *interface = QAccessible::queryAccessibleInterface(widget);
+    const auto labels = interface->relations(QAccessible::Label);
+    return (labels.isEmpty() ? interface : labels.constFirst().first)->text(QAccessible::Name);
 }

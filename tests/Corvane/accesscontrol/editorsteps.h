@@ -54,7 +54,7 @@ EditorSteps::Step pressKey(Qt::Key key);
 
 /// The names of the widgets that the tabulator key reaches from the one that has the focus, once around.
 QStringList tabOrder(QDialog &dialog);
-/// The name that a screen reader tells for a widget.
+/// The name that a screen reader tells for a widget: that of its label, where it has one.
 QString spokenName(QWidget *widget);
 
 #endif
