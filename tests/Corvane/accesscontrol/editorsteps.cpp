@@ -2,13 +2,29 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QClipboard>
 #include <QMessageBox>
 #include <QTest>
+
+#include <algorithm>
 
 namespace {
 
 constexpr int kPollInterval = 10;  // milliseconds
 constexpr int kPatience = 200;     // polls
+
+bool isOnKeyboard(const QString &text)
+{
+    return std::all_of(text.cbegin(), text.cend(), [](QChar character) {
+        return character.unicode() >= ' ' && character.unicode() < 127;
+    });
+}
+
+void paste(QLineEdit *edit, const QString &text)
+{
+    QApplication::clipboard()->setText(text);
+    QTest::keyClick(edit, Qt::Key_V, Qt::ControlModifier);
+}
 
 }  // namespace
 
@@ -46,7 +62,10 @@ EditorSteps::Step typeInto(const char *name, const QString &text)
         QTest::mouseClick(edit, Qt::LeftButton);
         edit->selectAll();
         QTest::keyClick(edit, Qt::Key_Delete);
-        QTest::keyClicks(edit, text);
+        if (isOnKeyboard(text))
+            QTest::keyClicks(edit, text);
+        else
+            paste(edit, text);
     };
 }
 

@@ -7,8 +7,6 @@
 #include <QLabel>
 #include <QTest>
 
-Q_DECLARE_METATYPE(EditorSteps::Step)
-
 namespace {
 
 /// Chooses an entry of one of the lists of places.

@@ -5,6 +5,8 @@
 #include "Corvane/accesscontrol/accessuserwizard.h"
 #include "Corvane/accesscontrol/editorsteps.h"
 
+Q_DECLARE_METATYPE(EditorSteps::Step)
+
 QString text(const char *utf8);
 
 extern const UuidString kEastClinic;
