@@ -10,6 +10,7 @@
 #include "Corvane/settings/personbrowsersettingsview.h"
 #include "Corvane/settings/searchsettingsview.h"
 #include "Corvane/settings/settingssnapshot.h"
+#include "Corvane/settings/studysettingsview.h"
 
 #include <QAction>
 #include <QHostInfo>
@@ -98,6 +99,9 @@ void SettingsView::createPages()
     connect(m_fieldPage, &FieldSettingsView::logError, this, &SettingsView::logError);
     connect(m_fieldPage, SIGNAL(personCustomFieldsUpdated(QStringList)), m_searchPage,
             SLOT(personCustomFieldsChanged(QStringList)));
+    m_studyPage = new StudySettingsView(m_dataPath);
+    m_studyPage->setObjectName(QStringLiteral("study_page"));
+    connect(m_studyPage, &StudySettingsView::logError, this, &SettingsView::logError);
 }
 
 void SettingsView::createTabs()
@@ -111,6 +115,7 @@ void SettingsView::createTabs()
     m_tabs->addTab(m_databasePage, QString());
     m_tabs->addTab(m_searchPage, QString());
     m_tabs->addTab(m_fieldPage, QString());
+    m_tabs->addTab(m_studyPage, QString());
     m_tabs->addTab(m_accessPage, QString());
 }
 
@@ -201,6 +206,7 @@ void SettingsView::updateTabTexts()
     m_tabs->setTabText(m_tabs->indexOf(m_databasePage), tr("Database"));
     m_tabs->setTabText(m_tabs->indexOf(m_searchPage), tr("Search"));
     m_tabs->setTabText(m_tabs->indexOf(m_fieldPage), tr("Person fields"));
+    m_tabs->setTabText(m_tabs->indexOf(m_studyPage), tr("Study fields"));
     m_tabs->setTabText(m_tabs->indexOf(m_accessPage), tr("Access control") + QLatin1Char(' ') + tr("and") +
                                                           QLatin1Char('\n') + tr("Audit trail"));
 }
@@ -212,6 +218,7 @@ void SettingsView::savePages()
     save(m_databasePage);
     save(m_searchPage);
     save(m_generalPage);
+    save(m_studyPage);
 }
 
 void SettingsView::reloadPages()
@@ -221,6 +228,7 @@ void SettingsView::reloadPages()
     reload(m_fieldPage);
     reload(m_databasePage);
     reload(m_generalPage);
+    reload(m_studyPage);
 }
 
 void SettingsView::showSettings()

@@ -19,6 +19,7 @@ class QSettings;
 class QTabWidget;
 class QVBoxLayout;
 class SearchSettingsView;
+class StudySettingsView;
 
 /// The administrator's workbench for settings: a prompt until a source of settings is chosen from the menu
 /// bar at its foot, then the settings pages as tabs.
@@ -109,6 +110,7 @@ private:
     FieldSettingsView *m_fieldPage = nullptr;
     PersonBrowserSettingsView *m_generalPage = nullptr;
     SearchSettingsView *m_searchPage = nullptr;
+    StudySettingsView *m_studyPage = nullptr;
 
     QMenuBar *m_menuBar = nullptr;
     QMenu *m_localMenu = nullptr;

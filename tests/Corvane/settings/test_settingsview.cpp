@@ -157,18 +157,11 @@ void TestSettingsView::afterSignInThePromptAndTheMenusAreThere()
 void TestSettingsView::theTabsStandInTheirOrder()
 {
     SettingsBench bench(m_workstation, kAllRights);
-    const QStringList all = {"General",       "Database",     "Search",
-                             "Person fields", "Study fields", "Access control and\nAudit trail"};
     QStringList shown;
     for (int i = 0; i < tabs(bench.view())->count(); ++i)
         shown.append(tabs(bench.view())->tabText(i));
-    QVERIFY(shown.size() >= 2);
-    // Those that are there, in the order of all.
-    QStringList expected;
-    for (const QString &text : all) {
-        if (shown.contains(text))
-            expected.append(text);
-    }
+    const QStringList expected = {"General",       "Database",     "Search",
+                                  "Person fields", "Study fields", "Access control and\nAudit trail"};
     QCOMPARE(shown, expected);
     QCOMPARE(tabs(bench.view())->currentIndex(), 0);
 }
