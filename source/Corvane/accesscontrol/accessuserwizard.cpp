@@ -96,6 +96,7 @@ void AccessUserWizard::buildPicker()
     m_accountArea->setFrameShape(QFrame::NoFrame);
     m_accountArea->setFocusPolicy(Qt::NoFocus);
     m_accountArea->setWidgetResizable(true);
+    m_accountArea->viewport()->setAutoFillBackground(false);
     auto *boxLayout = new QVBoxLayout(m_accountBox);
     boxLayout->addWidget(m_accountArea);
     m_layout->addWidget(m_accountBox, 1);

@@ -20,7 +20,8 @@ namespace {
 
 constexpr int kManualIndex = 0;
 constexpr int kColumnLength = 20;  // accounts, about
-constexpr double kShareOfScreen = 0.6;
+constexpr double kMostOfScreenWidth = 0.85;
+constexpr double kMostOfScreenHeight = 0.7;
 
 const char *const kAccountProperty = "account";
 
@@ -121,6 +122,7 @@ void AccessUserWizard::listAccounts(QStringList (*accounts)(const QString &), co
     m_radioButtons.clear();
     m_saveButton->setEnabled(false);
     m_accountArea->setWidget(makeAccountGrid(accounts(server)));  // the old buttons go with the old grid
+    m_accountArea->widget()->setAutoFillBackground(false);
     m_accountBox->show();
     fitAccountBox();
     adjustSize();
@@ -162,7 +164,8 @@ QRadioButton *AccessUserWizard::makeAccountButton(const QString &account, QWidge
 void AccessUserWizard::fitAccountBox()
 {
     const QSize wanted = m_accountArea->widget()->sizeHint();
-    const QSize most = screen()->availableSize() * kShareOfScreen;
+    const QSize room = screen()->availableSize();
+    const QSize most(int(room.width() * kMostOfScreenWidth), int(room.height() * kMostOfScreenHeight));
     QSize size = wanted.boundedTo(most);
     const int bar = m_accountArea->verticalScrollBar()->sizeHint().width();
     if (wanted.height() > most.height())

@@ -48,6 +48,7 @@ void AccessUserWizard::setupOperatorForm(const OperatorModel &oper, bool managed
 void AccessUserWizard::showGroup()
 {
     setWindowTitle(tr("Windows group"));
+    setMinimumWidth(kLabelWidth + kFieldWidth);
     m_saveButton->hide();
     m_removeButton->setText(tr("Remove group"));
     m_removeButton->setToolTip(tr("Associations to the roles will be removed."));
@@ -133,6 +134,9 @@ void AccessUserWizard::addRow(int field, QWidget *widget)
     FormParts::setLabelText(label, widget, m_fieldLabels.value(field));
     m_form->addWidget(label, field, 0);
     m_form->addWidget(widget, field, 1);
+    m_form->setColumnMinimumWidth(0, qMax(m_form->columnMinimumWidth(0), label->sizeHint().width()));
+    label->show();  // counts in the size of the dialog, also when that is open
+    widget->show();
 }
 
 void AccessUserWizard::setOrganization(MappedStrings organization)

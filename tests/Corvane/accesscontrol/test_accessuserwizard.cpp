@@ -68,6 +68,7 @@ void TestAccessUserWizard::theFieldsAreLabelledInTheirOrder()
                                           continue;
                                       byPlace.insert(label->y(), label->text());
                                       QVERIFY(label->minimumWidth() == 100);
+                                      QVERIFY(label->width() >= label->sizeHint().width());
                                       QVERIFY(label->buddy()->minimumWidth() == 200);
                                       QCOMPARE(label->buddy()->accessibleName(), label->text());
                                   }

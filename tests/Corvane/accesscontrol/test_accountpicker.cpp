@@ -423,6 +423,10 @@ void TestAccountPicker::theNameOfAWindowsUserComesFirstAndThePersonSecond()
                          QVERIFY(isSavable(dialog));
                          QCOMPARE(shown<QLineEdit>(dialog, "password_edit")->text(), text("systempassword"));
                          QCOMPARE(dialog.focusWidget()->objectName(), text("last_name_edit"));
+                         for (const QLabel *label : dialog.findChildren<QLabel *>()) {
+                             if (label->isVisible())
+                                 QVERIFY(label->width() >= label->sizeHint().width());
+                         }
                      },
                      typeInto("last_name_edit", text("Hopper")), pressKey(Qt::Key_Return)});
     QVERIFY(user);
