@@ -207,6 +207,11 @@ private:
 
 }  // namespace
 
+bool RepairedIni::isSettings() const
+{
+    return isSound() || (!damage.contains(kNulBytes) && text.contains('='));
+}
+
 RepairedIni repairIni(const QByteArray &bytes)
 {
     return Repair().run(bytes);

@@ -18,6 +18,9 @@ struct RepairedIni
     {
         return damage.isEmpty();
     }
+    /// Whether the bytes are those of settings, though perhaps damaged, and not of something else: binary
+    /// bytes, or a text without any setting.
+    bool isSettings() const;
 };
 
 /// No more than this is read of a file; a settings file of the suite has some ten thousand bytes.

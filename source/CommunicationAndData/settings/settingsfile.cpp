@@ -96,6 +96,12 @@ std::unique_ptr<QSettings> SettingsFile::openAgain(const QSettings &settings)
     return again;
 }
 
+bool SettingsFile::isSettings(const QString &path)
+{
+    const QByteArray bytes = bytesOf(path);
+    return !bytes.isNull() && bytes.size() <= kLargestIni && repairIni(bytes).isSettings();
+}
+
 void SettingsFile::clearAbandonedLock(const QString &path)
 {
     const QString name = path + QLatin1String(".lock");

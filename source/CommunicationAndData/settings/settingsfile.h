@@ -35,6 +35,9 @@ std::unique_ptr<QSettings> openAgain(const QSettings &settings);
 /// \return          false if the file must not be written
 bool secure(const QString &path, QByteArray *readable = nullptr);
 
+/// Whether a file is an ordinary one that holds settings, though perhaps damaged, and not something else.
+bool isSettings(const QString &path);
+
 /// Removes the lock of a process that was killed while it made it. Nobody's name is in such a lock, and
 /// `QSettings` would wait half a minute for its owner.
 void clearAbandonedLock(const QString &path);

@@ -318,3 +318,8 @@ std::unique_ptr<QSettings> openSettingsFile(const QString &path)
 {
     return SettingsFile::open(path);
 }
+
+bool isSettingsFile(const QString &path)
+{
+    return SettingsFile::isSettings(path);
+}

@@ -122,4 +122,8 @@ std::unique_ptr<QSettings> openLocalApplicationSettings();
 /// Opens an ini file with the encoding that all settings files of the suite have, UTF-8.
 std::unique_ptr<QSettings> openSettingsFile(const QString &path);
 
+/// Whether a file can be a settings file: an ordinary file that can be read, no larger than one can be, and
+/// text in which there is a setting or nothing to misread. A file that is damaged in places is one.
+bool isSettingsFile(const QString &path);
+
 #endif

@@ -2,11 +2,13 @@
 
 #include "CommunicationAndData/settings/settingshandler.h"
 #include "CommunicationAndData/settings/settingskeys.h"
+#include "ZephanShared/toolkit/logger.h"
 #include "ZephanShared/toolkit/nativepath.h"
 
 #include <QDir>
 #include <QFile>
 #include <QRandomGenerator>
+#include <QSettings>
 
 #include <cstdlib>
 
@@ -14,6 +16,7 @@ namespace {
 
 const char *const kParkingFile = "tmp_corvane.ini";
 const char *const kRecoveryFile = "recovery_corvane.ini";
+const char *const kNewFile = "new_corvane.ini";
 
 QString freeName(const QString &path)
 {
@@ -23,11 +26,24 @@ QString freeName(const QString &path)
     return path + QString::number(number);
 }
 
+QString directoryOf(const QString &dataPath)
+{
+    return nativePath(dataPath + QLatin1String(SettingsParking::kDirectory));
+}
+
+/// The newest of the former working files in a directory; empty without one.
+QString newestRecoveryFile(const QDir &directory)
+{
+    const QFileInfoList files =
+        directory.entryInfoList({QLatin1String(kRecoveryFile) + QLatin1Char('*')}, QDir::Files, QDir::Time);
+    return files.isEmpty() ? QString() : files.first().filePath();
+}
+
 }  // namespace
 
 SettingsParking::SettingsParking(const QString &dataPath)
     : m_workingFile(workingFile(dataPath))
-    , m_directory(nativePath(dataPath + QLatin1String(kDirectory)))
+    , m_directory(directoryOf(dataPath))
     , m_parkingFile(m_directory + QLatin1String(kParkingFile))
     , m_recoveryFile(m_directory + QLatin1String(kRecoveryFile))
 {
@@ -45,6 +61,15 @@ void SettingsParking::park()
     QFile::rename(m_workingFile, m_recoveryFile);
 }
 
+bool SettingsParking::place(const QString &source)
+{
+    const QString copy = freeName(m_directory + QLatin1String(kNewFile));
+    if (!QFile::copy(source, copy))
+        return false;
+    QFile::setPermissions(copy, QFile::permissions(copy) | QFile::ReadOwner | QFile::WriteOwner);
+    return QFile::rename(copy, m_workingFile);
+}
+
 void SettingsParking::unpark()
 {
     SettingsHandler::getInstance()->changeSettingsFile(m_workingFile);
@@ -59,7 +84,26 @@ void SettingsParking::recover()
 
 void SettingsParking::clear()
 {
-    QDir(m_directory).removeRecursively();
+    QSettings *settings = SettingsHandler::getInstance()->generalSettings();
+    settings->sync();
+    if (QFile::exists(m_workingFile) || settings->allKeys().isEmpty())
+        QDir(m_directory).removeRecursively();
+}
+
+void SettingsParking::recoverAbandoned(const QString &dataPath)
+{
+    QDir directory(directoryOf(dataPath));
+    if (dataPath.isEmpty() || !directory.exists())
+        return;
+    const QString path = workingFile(dataPath);
+    const QString former = newestRecoveryFile(directory);
+    if (!QFile::exists(path) && !former.isEmpty()) {
+        if (!QFile::rename(former, path))
+            return;
+        CORVANE_LOG(Logger::Warning, Logger::Console, "SettingsParking::recoverAbandoned",
+                    QStringLiteral("Replacing the settings was interrupted; the former ones are in use"));
+    }
+    directory.removeRecursively();
 }
 
 QString SettingsParking::workingFile(const QString &dataPath)

@@ -19,12 +19,23 @@ public:
 
     /// Points the store at the parking file and moves the working file aside, if there is one.
     void park();
+    /// Makes a copy of this file the working file, at once and whole. A copy of a protected file is not
+    /// protected.
+    ///
+    /// \return  false if it cannot be copied, or if something stands in its place
+    bool place(const QString &source);
     /// Points the store at whatever is the working file now.
     void unpark();
     /// Puts the former working file back in place of what stands there.
     void recover();
-    /// Removes the temporary directory with all that is in it.
+    /// Writes the working settings and then removes the temporary directory with all that is in it. It stays
+    /// where they cannot be written, so that the former file is there at the next start.
     void clear();
+
+    /// What the start of the program does about an operation that a killed process has left: puts the former
+    /// working file back if there is no other, and removes the temporary directory. Nobody may have opened
+    /// the working file yet.
+    static void recoverAbandoned(const QString &dataPath);
 
     /// The file of the working settings.
     static QString workingFile(const QString &dataPath);

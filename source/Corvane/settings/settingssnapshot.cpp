@@ -13,6 +13,10 @@ constexpr char kArraySize[] = "size";
 const QChar kItemSeparator = QLatin1Char(';');
 const QChar kKeySeparator = QLatin1Char('/');
 
+/// In the order in which their stale entries are removed.
+constexpr const char *kDatabaseGroups[] = {SettingsKeys::kPersonDbGroup, SettingsKeys::kStudyDbGroup,
+                                           SettingsKeys::kSupportDbGroup, SettingsKeys::kActionDbGroup};
+
 QString textOfBytes(const QVariant &value)
 {
     // A safe value begins with a zero byte, so the length has to come from the array.
@@ -60,10 +64,20 @@ QStringList staleArrayKeys(const QStringList &keys, int size)
     return stale;
 }
 
+QStringList withoutDatabaseGroups(const QStringList &keys)
+{
+    QStringList others;
+    std::copy_if(keys.cbegin(), keys.cend(), std::back_inserter(others), [](const QString &key) {
+        return std::none_of(
+            std::begin(kDatabaseGroups), std::end(kDatabaseGroups),
+            [&key](const char *group) { return key.section(kKeySeparator, 0, 0) == QLatin1String(group); });
+    });
+    return others;
+}
+
 void removeStaleParameters(QSettings &settings)
 {
-    for (const char *group : {SettingsKeys::kPersonDbGroup, SettingsKeys::kStudyDbGroup,
-                              SettingsKeys::kSupportDbGroup, SettingsKeys::kActionDbGroup}) {
+    for (const char *group : kDatabaseGroups) {
         const QString array = QLatin1String(group) + kKeySeparator + QLatin1String(SettingsKeys::kParams);
         if (!settings.contains(array + kKeySeparator + QLatin1String(kArraySize)))
             continue;

@@ -24,6 +24,9 @@ QString snapshotLine(const QString &key, const QVariant &value);
 /// \return      the keys whose first part is a decimal number above `size`
 QStringList staleArrayKeys(const QStringList &keys, int size);
 
+/// The keys that belong to none of the four database groups.
+QStringList withoutDatabaseGroups(const QStringList &keys);
+
 /// Removes the stale entries of the connection parameters from all four database groups.
 void removeStaleParameters(QSettings &settings);
 

@@ -11,9 +11,9 @@
 
 namespace {
 
-void copyAllKeys(const QSettings &from, QSettings &to)
+void copyKeys(const QSettings &from, const QStringList &keys, QSettings &to)
 {
-    for (const QString &key : from.allKeys())
+    for (const QString &key : keys)
         to.setValue(key, from.value(key));
 }
 
@@ -79,13 +79,16 @@ void SettingsView::saveSettingsLocally(bool silent)
 void SettingsView::copyToLocalSettings(QSettings &local, QString &message)
 {
     const WaitCursor cursor;
-    if (!isAllowed(WriteLocalDbSettings))
-        removeDatabaseGroups();
     const QSettings *working = SettingsHandler::getInstance()->generalSettings();
-    copyAllKeys(*working, local);
-    local.sync();
+    // What the operator may not save stays in the working file until it is replaced as a whole, so that no
+    // moment leaves the program without it.
+    const QStringList keys =
+        isAllowed(WriteLocalDbSettings) ? working->allKeys() : withoutDatabaseGroups(working->allKeys());
+    copyKeys(*working, keys, local);
+    // In one write, so that no moment leaves the applications half of it.
     removeStaleParameters(local);
-    if (local.allKeys().size() < working->allKeys().size()) {
+    local.sync();
+    if (local.allKeys().size() < keys.size()) {
         message += tr("Not all settings were saved.");
         emit logError(Actions::SaveSettings, ZephanErrors::kSettingsIncomplete,
                       QStringLiteral("Not all settings were saved"));
@@ -127,7 +130,7 @@ bool SettingsView::copyFromLocalSettings()
     const WaitCursor cursor;
     const auto local = openLocalApplicationSettings();
     QSettings *working = SettingsHandler::getInstance()->generalSettings();
-    copyAllKeys(*local, *working);
+    copyKeys(*local, local->allKeys(), *working);
     return local->allKeys().size() <= working->allKeys().size();
 }
 

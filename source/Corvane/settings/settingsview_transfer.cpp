@@ -22,15 +22,6 @@ QString iniFilter()
     return SettingsView::tr("INI (*.ini)");
 }
 
-/// A file taken from a protected place must not protect the working settings.
-bool copyWritable(const QString &source, const QString &target)
-{
-    if (!QFile::copy(source, target))
-        return false;
-    QFile::setPermissions(target, QFile::permissions(target) | QFile::ReadOwner | QFile::WriteOwner);
-    return true;
-}
-
 }  // namespace
 
 void SettingsView::exportSettings()
@@ -131,7 +122,7 @@ bool SettingsView::importFrom(const QString &source, QString &message)
         const WaitCursor cursor;
         SettingsParking parking(m_dataPath);
         parking.park();
-        imported = copyWritable(source, workingFile);
+        imported = isSettingsFile(source) && parking.place(source);
         if (!imported)
             parking.recover();
         parking.unpark();

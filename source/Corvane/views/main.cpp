@@ -1,5 +1,6 @@
 #include "CommunicationAndData/settings/settingshandler.h"
 #include "CommunicationAndData/settings/settingskeys.h"
+#include "Corvane/settings/settingsparking.h"
 #include "Corvane/views/centralelement.h"
 #include "Corvane/views/producttexts.h"
 #include "Corvane/views/startlanguage.h"
@@ -115,6 +116,7 @@ int main(int argc, char *argv[])
     if (!isOnlyCopy(lock))
         return kFailure;
 
+    SettingsParking::recoverAbandoned(dataDirectory);
     SettingsHandler::getInstance()->changeSettingsFile(dataDirectory + kSettingsFileName);
 
     const QPixmap background = splashBackground();

@@ -12,6 +12,8 @@ private slots:
     void whatNeedsNoRepairIsSound();
     void damageIsNamedAndTheRestIsRead_data();
     void damageIsNamedAndTheRestIsRead();
+    void settingsAreToldFromOtherFiles_data();
+    void settingsAreToldFromOtherFiles();
     void itemsOfAValue_data();
     void itemsOfAValue();
 };
@@ -125,6 +127,32 @@ void TestIniRepair::damageIsNamedAndTheRestIsRead()
     QCOMPARE(found.damage, QStringList(damage));
     QVERIFY(found.text == text);
     QVERIFY(repairIni(found.text).isSound());
+}
+
+void TestIniRepair::settingsAreToldFromOtherFiles_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<bool>("isSettings");
+
+    QTest::newRow("settings") << QByteArray("[ui]\na=1\n") << true;
+    QTest::newRow("nothing at all is settings without values") << QByteArray("") << true;
+    QTest::newRow("a comment alone") << QByteArray("; nothing\n") << true;
+    QTest::newRow("a damaged line among others") << QByteArray("# by hand\n[ui]\na=1\n") << true;
+    QTest::newRow("UTF-16") << QByteArray("\xff\xfe[\0u\0]\0\n\0a\0=\0"
+                                          "1\0",
+                                          16)
+                            << true;
+    QTest::newRow("Latin-1") << QByteArray("[ui]\na=\xe4\n") << true;
+    QTest::newRow("a text") << QByteArray("Dear colleague,\nplease find attached\n") << false;
+    QTest::newRow("a picture") << QByteArray("\x89PNG\r\n\x1a\n\0\0\0\rIHDR\0=\0", 20) << false;
+    QTest::newRow("NUL bytes") << QByteArray(64, '\0') << false;
+}
+
+void TestIniRepair::settingsAreToldFromOtherFiles()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(bool, isSettings);
+    QCOMPARE(repairIni(bytes).isSettings(), isSettings);
 }
 
 void TestIniRepair::itemsOfAValue_data()

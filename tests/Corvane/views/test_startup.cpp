@@ -42,6 +42,7 @@ private slots:
     void closingBeforeAnySignInWritesLogoutAndStopping();
     void leavingTheSettingsViewIsRecordedBeforeTheLogout();
     void actionLogSettingsAreTheUsersAgainOnceTheEngineIsUp();
+    void settingsOfAnInterruptedOperationAreInUseAgain();
     void cleanEndFreesTheLock();
 
     void secondCopyEndsWithCode1WithoutAWindowOrMessage();
@@ -173,6 +174,17 @@ void TestStartup::actionLogSettingsAreTheUsersAgainOnceTheEngineIsUp()
     QCOMPARE(setting("corvane.ini", "actionlog/activated").toString(), QStringLiteral("false"));
     QCOMPARE(setting("corvane.ini", "actionlog/location").toString(), QStringLiteral("elsewhere"));
     QVERIFY(QFile::exists(actionLog()));
+}
+
+void TestStartup::settingsOfAnInterruptedOperationAreInUseAgain()
+{
+    writeFile(m_workstation->dataDirectory() + "tmp_ini/recovery_corvane.ini", "[site]\nown=former\n");
+    RunningProgram program(environment());
+    QVERIFY(!program.widget(kLoginBox).isEmpty());
+    program.close();
+    QCOMPARE(program.exitCode(), 0);
+    QCOMPARE(setting("corvane.ini", "site/own").toString(), QStringLiteral("former"));
+    QVERIFY(!QFile::exists(m_workstation->dataDirectory() + "tmp_ini"));
 }
 
 void TestStartup::cleanEndFreesTheLock()
