@@ -66,6 +66,10 @@ void ApplicationHelper::loadPlugin(const QDir &folder, const QString &fileName,
                                    const QString &settingsFilePath)
 {
     QPluginLoader loader(folder.absoluteFilePath(fileName));
+    // A plug-in that crashes is the one that the run-time log names last.
+    if (!loader.metaData().isEmpty())
+        CORVANE_LOG(Logger::Debug, Logger::Console, "ApplicationHelper::loadPlugins",
+                    QStringLiteral("Loading ") + fileName);
     if (!loader.load())
         return;
     QObject *instance = loader.instance();
