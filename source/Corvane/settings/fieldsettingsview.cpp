@@ -5,7 +5,8 @@
 #include "Corvane/settings/custompersonfield.h"
 #include "Corvane/settings/formparts.h"
 #include "Corvane/settings/personfieldboxes.h"
-#include "Corvane/settings/personfields.h"
+#include "Corvane/settings/standardfields.h"
+#include "ZephanShared/toolkit/applicationhelper.h"
 
 #include <QComboBox>
 #include <QFrame>
@@ -27,9 +28,9 @@ constexpr int kLabelColumn = 0;
 constexpr int kStateColumn = 1;
 constexpr int kRequiredColumn = 2;
 constexpr int kSummaryColumns = 2;
-constexpr int kRowDistance = 3;
+constexpr int kRowDistance = 4;
 
-const int kDefaultNameOrder[] = {2, 0, PersonFields::kNoNamePart};  // last name, first name
+const int kDefaultNameOrder[] = {2, 0, StandardFields::kNoNamePart};  // last name, first name
 
 QVariant read(const char *key, const QVariant &defaultValue)
 {
@@ -53,6 +54,7 @@ const QStringList &defaultSummary()
 FieldSettingsView::FieldSettingsView(QWidget *parent)
     : BaseView(parent)
 {
+    loadApplications();
     auto *content = new QWidget(this);
     QHBoxLayout *columns = FormParts::makeColumns(content);
     columns->addWidget(buildStandard(content), kStandardFrame);
@@ -72,6 +74,14 @@ FieldSettingsView::~FieldSettingsView()
         row->disconnect(this);
 }
 
+void FieldSettingsView::loadApplications()
+{
+    ApplicationHelper helper;
+    // Queued, since nobody listens to the page as long as it is being built.
+    connect(&helper, &ApplicationHelper::logError, this, &FieldSettingsView::logError, Qt::QueuedConnection);
+    m_applications = helper.applications(QString());
+}
+
 QWidget *FieldSettingsView::buildStandard(QWidget *parent)
 {
     QFrame *frame = FormParts::makeFrame(kStandardFrame, parent);
@@ -88,7 +98,7 @@ QWidget *FieldSettingsView::buildStandard(QWidget *parent)
     grid->addWidget(m_standardTitle, 0, kLabelColumn, 1, kRequiredColumn);
     grid->addWidget(m_requiredTitle, 0, kRequiredColumn);
     grid->setColumnStretch(kRequiredColumn, 1);
-    for (int number = PersonFields::kFirstEdited; number <= PersonFields::kLastEdited; ++number)
+    for (int number = StandardFields::kFirstEdited; number <= StandardFields::kLastEdited; ++number)
         buildStandardRow(grid, number);
     layout->addStretch();
     return frame;
@@ -107,12 +117,14 @@ void FieldSettingsView::buildStandardRow(QGridLayout *grid, int number)
     FormParts::leaveWheelToPage(state);
     grid->addWidget(state, number, kStateColumn);
     m_fieldStates.insert(number, state);
-    const PersonFields::Masks defaults = {PersonFields::kDefaultMandatory, PersonFields::kDefaultVisible};
-    state->setCurrentIndex(PersonFields::stateOf(defaults, number));
+    const StandardFields::Masks defaults = {StandardFields::kDefaultMandatory,
+                                            StandardFields::kDefaultVisible};
+    state->setCurrentIndex(StandardFields::stateOf(defaults, number));
 
     auto *required = new QLabel;
     required->setObjectName(QStringLiteral("field_required_by_%1").arg(number));
     required->setWordWrap(true);
+    required->setTextFormat(Qt::PlainText);
     grid->addWidget(required, number, kRequiredColumn);
     m_requiredBy.insert(number, required);
 }
@@ -142,9 +154,9 @@ void FieldSettingsView::buildNameOrder(QBoxLayout *layout)
     m_orderTitle = FormParts::addTitle(layout);
     auto *row = new QHBoxLayout;
     layout->addLayout(row);
-    for (int place = 1; place <= PersonFields::kNameParts; ++place) {
+    for (int place = 1; place <= StandardFields::kNameParts; ++place) {
         QComboBox *box = FormParts::addComboBox(row, QStringLiteral("name_order_%1").arg(place));
-        for (int part = 0; part <= PersonFields::kNoNamePart; ++part)
+        for (int part = 0; part <= StandardFields::kNoNamePart; ++part)
             box->addItem(QString());
         box->setCurrentIndex(kDefaultNameOrder[place - 1]);
         m_nameOrder.append(box);
@@ -175,23 +187,37 @@ void FieldSettingsView::updateTexts()
     m_standardTitle->setText(tr("Standard fields"));
     m_requiredTitle->setText(tr("Required by"));
     for (auto state = m_fieldStates.cbegin(); state != m_fieldStates.cend(); ++state) {
-        FormParts::setLabelText(m_fieldLabels.value(state.key()), *state, PersonFields::text(state.key()));
-        (*state)->setItemText(PersonFields::Mandatory, tr("Mandatory"));
-        (*state)->setItemText(PersonFields::Visible, tr("Visible"));
-        (*state)->setItemText(PersonFields::NotVisible, tr("Not visible"));
+        FormParts::setLabelText(m_fieldLabels.value(state.key()), *state, StandardFields::text(state.key()));
+        (*state)->setItemText(StandardFields::Mandatory, tr("Mandatory"));
+        (*state)->setItemText(StandardFields::Visible, tr("Visible"));
+        (*state)->setItemText(StandardFields::NotVisible, tr("Not visible"));
     }
+    updateRequiredBy();
     m_summaryTitle->setText(tr("Summary fields"));
     m_summary->updateTexts(tr("Summary fields"));
     m_orderTitle->setText(tr("Order of the full name"));
     for (int place = 0; place < m_nameOrder.size(); ++place) {
         QComboBox *box = m_nameOrder.at(place);
         box->setAccessibleName(QStringLiteral("%1 %2").arg(tr("Order of the full name")).arg(place + 1));
-        for (int part = 0; part < PersonFields::kNameParts; ++part)
-            box->setItemText(part, PersonFields::text(PersonFields::kFirstEdited + part));
-        box->setItemText(PersonFields::kNoNamePart, PersonFields::emptyText());
+        for (int part = 0; part < StandardFields::kNameParts; ++part)
+            box->setItemText(part, StandardFields::text(StandardFields::kFirstEdited + part));
+        box->setItemText(StandardFields::kNoNamePart, StandardFields::emptyText());
     }
     m_customTitle->setText(tr("Custom fields"));
     m_addButton->setText(tr("Add new custom field"));
+}
+
+void FieldSettingsView::updateRequiredBy()
+{
+    QMap<int, QStringList> names;
+    for (const AbstractApplication *application : qAsConst(m_applications)) {
+        for (const int number : application->requiredPersonFields()) {
+            if (!names[number].contains(application->displayName()))
+                names[number].append(application->displayName());
+        }
+    }
+    for (auto label = m_requiredBy.cbegin(); label != m_requiredBy.cend(); ++label)
+        (*label)->setText(names.value(label.key()).join(QLatin1String(", ")));
 }
 
 void FieldSettingsView::reloadSettings()
@@ -228,21 +254,21 @@ void FieldSettingsView::readCustomRows()
 void FieldSettingsView::readMasks()
 {
     const auto mandatory =
-        PersonFields::readMask(read(SettingsKeys::kMandatoryFields, PersonFields::kDefaultMandatory));
+        StandardFields::readMask(read(SettingsKeys::kMandatoryFields, StandardFields::kDefaultMandatory));
     const auto visible =
-        PersonFields::readMask(read(SettingsKeys::kVisibleFields, PersonFields::kDefaultVisible));
+        StandardFields::readMask(read(SettingsKeys::kVisibleFields, StandardFields::kDefaultVisible));
     if (!mandatory || !visible)
         return;
-    const PersonFields::Masks masks = {*mandatory, *visible};
+    const StandardFields::Masks masks = {*mandatory, *visible};
     for (auto state = m_fieldStates.cbegin(); state != m_fieldStates.cend(); ++state)
-        (*state)->setCurrentIndex(PersonFields::stateOf(masks, state.key()));
+        (*state)->setCurrentIndex(StandardFields::stateOf(masks, state.key()));
 }
 
 void FieldSettingsView::readNameOrder()
 {
     const QList<int> defaults(std::begin(kDefaultNameOrder), std::end(kDefaultNameOrder));
-    const auto indexes = PersonFields::readNameOrder(
-        read(SettingsKeys::kPersonNameFieldOrder, PersonFields::nameOrderToSetting(defaults)));
+    const auto indexes = StandardFields::readNameOrder(
+        read(SettingsKeys::kPersonNameFieldOrder, StandardFields::nameOrderToSetting(defaults)));
     if (!indexes)
         return;
     for (int place = 0; place < m_nameOrder.size(); ++place)
@@ -252,7 +278,7 @@ void FieldSettingsView::readNameOrder()
 void FieldSettingsView::readSummary()
 {
     m_summary->setEntries(read(SettingsKeys::kPersonSummaryFields, defaultSummary()).toStringList(),
-                          &PersonFields::summaryIndex);
+                          &StandardFields::summaryIndex);
 }
 
 void FieldSettingsView::saveSettings()
@@ -262,7 +288,7 @@ void FieldSettingsView::saveSettings()
     QList<int> order;
     for (const QComboBox *box : qAsConst(m_nameOrder))
         order.append(box->currentIndex());
-    write(SettingsKeys::kPersonNameFieldOrder, PersonFields::nameOrderToSetting(order));
+    write(SettingsKeys::kPersonNameFieldOrder, StandardFields::nameOrderToSetting(order));
     write(SettingsKeys::kPersonSummaryFields, m_summary->entries());
 }
 
@@ -278,10 +304,10 @@ void FieldSettingsView::saveCustomFields()
 
 void FieldSettingsView::saveMasks()
 {
-    PersonFields::Masks masks;
+    StandardFields::Masks masks;
     for (auto state = m_fieldStates.cbegin(); state != m_fieldStates.cend(); ++state)
-        PersonFields::addState(masks, state.key(),
-                               static_cast<PersonFields::State>((*state)->currentIndex()));
+        StandardFields::addState(masks, state.key(),
+                                 static_cast<StandardFields::State>((*state)->currentIndex()));
     write(SettingsKeys::kMandatoryFields, masks.mandatory);
     write(SettingsKeys::kVisibleFields, masks.visible);
 }
@@ -316,6 +342,7 @@ void FieldSettingsView::insertRow(CustomPersonField *row)
         m_customLayout->insertWidget(positionOf(row->id()), row);
         placeInTabOrder(row);
     }
+    row->show();
     connect(row, SIGNAL(refresh()), this, SLOT(handleCustomFieldChange()));
     connect(row, SIGNAL(nameChange()), this, SLOT(refreshCustomFieldsInBoxes()));
 }

@@ -8,6 +8,7 @@
 #include <QStringList>
 #include <QVector>
 
+class AbstractApplication;
 class CustomPersonField;
 class PersonFieldBoxes;
 class QBoxLayout;
@@ -54,12 +55,15 @@ public slots:
     void handleCustomFieldChange();
 
 private:
+    void loadApplications();
     QWidget *buildStandard(QWidget *parent);
     void buildStandardRow(QGridLayout *grid, int number);
     QWidget *buildChoices(QWidget *parent);
     void buildSummary(QBoxLayout *layout);
     void buildNameOrder(QBoxLayout *layout);
     void buildCustomFields(QBoxLayout *layout);
+
+    void updateRequiredBy();
 
     void readCustomRows();
     void readMasks();
@@ -75,6 +79,8 @@ private:
     int positionOf(int id) const;
     QStringList customNames() const;
     void offerCustomFields();
+
+    QMap<QString, AbstractApplication *> m_applications;  ///< of the study plug-ins, not owned
 
     QLabel *m_pageTitle;
     QLabel *m_standardTitle;

@@ -84,6 +84,7 @@ QScrollArea *makeScrollable(QWidget *content, QWidget *page)
     auto *area = new QScrollArea(page);
     area->setFrameShape(QFrame::NoFrame);
     area->setWidgetResizable(true);
+    area->setFocusPolicy(Qt::NoFocus);
     area->setWidget(content);
     return area;
 }

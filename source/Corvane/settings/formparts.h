@@ -32,7 +32,8 @@ QFrame *makeFrame(int minimumWidth, QWidget *parent);
 /// The layout of a page's columns.
 QHBoxLayout *makeColumns(QWidget *content);
 
-/// Puts `content` into a frameless area of `page` that scrolls when the page is too small for it.
+/// Puts `content` into a frameless area of `page` that scrolls when the page is too small for it. The
+/// keyboard passes it over on its way from field to field.
 QScrollArea *makeScrollable(QWidget *content, QWidget *page);
 
 QLabel *addTitle(QBoxLayout *layout);

@@ -1,13 +1,13 @@
 #include "Corvane/settings/personfieldboxes.h"
 
 #include "Corvane/settings/formparts.h"
-#include "Corvane/settings/personfields.h"
+#include "Corvane/settings/standardfields.h"
 
 #include <QComboBox>
 #include <QListView>
 #include <QStringListModel>
 
-using namespace PersonFields;
+using namespace StandardFields;
 
 namespace {
 
@@ -16,7 +16,7 @@ constexpr int kShownCharacters = 11;  // a longer text is cut off in the box and
 QStringList standardTexts()
 {
     QStringList texts;
-    for (int number = 0; number < PersonFields::kCount; ++number)
+    for (int number = 0; number < StandardFields::kCount; ++number)
         texts.append(text(number));
     texts.append(emptyText());
     return texts;

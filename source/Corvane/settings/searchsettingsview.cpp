@@ -6,8 +6,8 @@
 #include "Corvane/settings/customfields.h"
 #include "Corvane/settings/formparts.h"
 #include "Corvane/settings/personfieldboxes.h"
-#include "Corvane/settings/personfields.h"
 #include "Corvane/settings/settingslists.h"
+#include "Corvane/settings/standardfields.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -189,7 +189,7 @@ void SearchSettingsView::reloadSettings()
     toggleSearchResultsFieldsRows(m_singleLine->isChecked());
     personCustomFieldsChanged(readCustomNames(read(SettingsKeys::kCustomPersonFields, QString())));
     m_result->setEntries(read(SettingsKeys::kPersonResultFields, defaultResult()).toStringList(),
-                         &PersonFields::resultIndex);
+                         &StandardFields::resultIndex);
     reloadParameters();
 }
 
@@ -239,7 +239,7 @@ void SearchSettingsView::personCustomFieldsChanged(QStringList customfields)
 void SearchSettingsView::setCustomBoxes(const QStringList &names)
 {
     while (m_customBoxes.size() > names.size())
-        m_customBoxes.takeLast()->deleteLater();
+        delete m_customBoxes.takeLast();
     while (m_customBoxes.size() < names.size()) {
         const int number = m_customBoxes.size();
         QCheckBox *box = makeParameter(QStringLiteral("search_custom_field_%1").arg(number + 1));

@@ -1,4 +1,4 @@
-#include "Corvane/settings/personfields.h"
+#include "Corvane/settings/standardfields.h"
 
 #include "Corvane/settings/settingslists.h"
 
@@ -9,13 +9,13 @@
 namespace {
 
 const char *const kTexts[] = {
-    QT_TRANSLATE_NOOP("PersonFields", "Full Name"),    QT_TRANSLATE_NOOP("PersonFields", "First Name"),
-    QT_TRANSLATE_NOOP("PersonFields", "Middle Name"),  QT_TRANSLATE_NOOP("PersonFields", "Last Name"),
-    QT_TRANSLATE_NOOP("PersonFields", "Personal ID"),  QT_TRANSLATE_NOOP("PersonFields", "Birthdate"),
-    QT_TRANSLATE_NOOP("PersonFields", "Person code"),  QT_TRANSLATE_NOOP("PersonFields", "Gender"),
-    QT_TRANSLATE_NOOP("PersonFields", "Ethnic group"),
+    QT_TRANSLATE_NOOP("StandardFields", "Full Name"),    QT_TRANSLATE_NOOP("StandardFields", "First Name"),
+    QT_TRANSLATE_NOOP("StandardFields", "Middle Name"),  QT_TRANSLATE_NOOP("StandardFields", "Last Name"),
+    QT_TRANSLATE_NOOP("StandardFields", "Personal ID"),  QT_TRANSLATE_NOOP("StandardFields", "Birthdate"),
+    QT_TRANSLATE_NOOP("StandardFields", "Person code"),  QT_TRANSLATE_NOOP("StandardFields", "Gender"),
+    QT_TRANSLATE_NOOP("StandardFields", "Ethnic group"),
 };
-static_assert(std::size(kTexts) == PersonFields::kCount, "every field has a text");
+static_assert(std::size(kTexts) == StandardFields::kCount, "every field has a text");
 
 // In the settings the same in every language.
 const char *const kEmptyEntry = "(empty)";
@@ -35,23 +35,23 @@ std::optional<int> customIndex(const QString &name, const QStringList &customNam
     const int position = customNames.indexOf(name);
     if (position < 0)
         return std::nullopt;
-    return PersonFields::kFirstCustomIndex + position;
+    return StandardFields::kFirstCustomIndex + position;
 }
 
 }  // namespace
 
-namespace PersonFields {
+namespace StandardFields {
 
 QString text(int number)
 {
     if (number < 0 || number >= kCount)
         return QString();
-    return QCoreApplication::translate("PersonFields", kTexts[number]);
+    return QCoreApplication::translate("StandardFields", kTexts[number]);
 }
 
 QString emptyText()
 {
-    return QCoreApplication::translate("PersonFields", "(empty)");
+    return QCoreApplication::translate("StandardFields", "(empty)");
 }
 
 std::optional<int> readMask(const QVariant &value)
@@ -136,4 +136,4 @@ int resultIndex(const QString &entry, const QStringList &customNames)
     return kEmptyIndex;
 }
 
-}  // namespace PersonFields
+}  // namespace StandardFields

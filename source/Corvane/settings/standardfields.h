@@ -1,5 +1,5 @@
-#ifndef PERSONFIELDS_H
-#define PERSONFIELDS_H
+#ifndef STANDARDFIELDS_H
+#define STANDARDFIELDS_H
 
 #include <QList>
 #include <QStringList>
@@ -9,7 +9,7 @@
 
 /// The standard fields of a person and the settings that name them: masks with a bit a field, lists of fields
 /// to show, and the order of a full name. The numbers are another series than `SearchModelData::SearchKey`.
-namespace PersonFields {
+namespace StandardFields {
 
 constexpr int kCount = 9;  // 0 is the full name, which nobody edits; 1 to 8 have rows of their own
 constexpr int kFirstEdited = 1;
@@ -60,6 +60,6 @@ int summaryIndex(const QString &entry, const QStringList &customNames);
 /// The index of an entry of the search result's fields; `kEmptyIndex` for one that is not offered.
 int resultIndex(const QString &entry, const QStringList &customNames);
 
-}  // namespace PersonFields
+}  // namespace StandardFields
 
 #endif
