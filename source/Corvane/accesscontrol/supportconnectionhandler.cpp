@@ -160,21 +160,23 @@ QVariant SupportConnectionHandler::sqlType() const
 
 bool SupportConnectionHandler::beginTransaction()
 {
-    return isConnected() && checkTransaction(m_database.transaction(),
-                                             QStringLiteral("Transaction begin failed in access.supportdb"));
+    if (!isConnected())
+        return false;
+    const bool begun = m_database.transaction();
+    m_inTransaction = m_inTransaction || begun;
+    return checkTransaction(begun, QStringLiteral("Transaction begin failed in access.supportdb"));
 }
 
 bool SupportConnectionHandler::commitTransaction()
 {
-    return isConnected() && checkTransaction(m_database.commit(),
-                                             QStringLiteral("Transaction commit failed in access.supportdb"));
+    return isConnected() && endTransaction(m_database.commit(),
+                                           QStringLiteral("Transaction commit failed in access.supportdb"));
 }
 
 bool SupportConnectionHandler::rollbackTransaction()
 {
-    return isConnected() &&
-           checkTransaction(m_database.rollback(),
-                            QStringLiteral("Transaction rollback failed in access.supportdb"));
+    return isConnected() && endTransaction(m_database.rollback(),
+                                           QStringLiteral("Transaction rollback failed in access.supportdb"));
 }
 
 void SupportConnectionHandler::error()
@@ -303,6 +305,10 @@ bool SupportConnectionHandler::hasAccessTables() const
 void SupportConnectionHandler::forgetConnection()
 {
     const QString name = m_database.connectionName();
+    // A driver that is asked to close in the middle of a transaction keeps the connection, and its locks.
+    if (m_inTransaction)
+        m_database.rollback();
+    m_inTransaction = false;
     m_database.close();
     m_database = QSqlDatabase();
     if (m_offline)
@@ -327,6 +333,12 @@ void SupportConnectionHandler::updateConnectionState()
         if (row.second)
             showState(*row.second, state);
     }
+}
+
+bool SupportConnectionHandler::endTransaction(bool done, const QString &failure)
+{
+    m_inTransaction = m_inTransaction && !done;
+    return checkTransaction(done, failure);
 }
 
 bool SupportConnectionHandler::checkTransaction(bool done, const QString &failure)

@@ -174,6 +174,7 @@ private:
     void forgetConnection();
     void logConnection(Actions::Action action, Actions::ActionType type, const QString &key);
     void updateConnectionState();
+    bool endTransaction(bool done, const QString &failure);
     bool checkTransaction(bool done, const QString &failure);
 
     bool prepare(QSqlQuery &query, const QString &statement) const;
@@ -217,6 +218,7 @@ private:
     QVariant m_sqlType;
     std::unique_ptr<AccessControlOffline> m_offline;  ///< made when the offline file is first chosen
     QSqlDatabase m_database;
+    bool m_inTransaction = false;
     bool m_offlineAllowed = false;
     DatabaseGroupSettings *m_groupEditor = nullptr;  ///< exists while the options dialog is open
 };

@@ -68,12 +68,6 @@ QString joined(const QList<uint> &numbers)
     return texts.join(QLatin1Char(','));
 }
 
-/// Whether all rows were read; some drivers lose the connection between two of them.
-bool readToTheEnd(const QSqlQuery &query)
-{
-    return query.lastError().type() == QSqlError::NoError;
-}
-
 }  // namespace
 
 bool SupportConnectionHandler::insertRow(QString table, QVariantMap values)
@@ -122,13 +116,14 @@ QSharedPointer<OperatorModelData> SupportConnectionHandler::getOperatorByUsernam
     OperatorModel found;
     {
         QSqlQuery query(m_database);
-        if (!run(query, QStringLiteral("SELECT * FROM operator WHERE deleted = 0 AND username = ?"),
-                 {username})) {
+        const bool done = run(
+            query, QStringLiteral("SELECT * FROM operator WHERE deleted = 0 AND username = ?"), {username});
+        if (done && query.next())
+            found = readOperator(query.record());
+        if (!done || !isReadToTheEnd(query)) {
             logFailure(Actions::GetOperator, QLatin1String(kOperator), query);
             return {};
         }
-        if (query.next())
-            found = readOperator(query.record());
     }
     if (!found || !readRoles(found))
         return {};
@@ -151,7 +146,7 @@ QList<QSharedPointer<OperatorModelData>> SupportConnectionHandler::getOperators(
     bool complete = run(query, statement, values);
     while (complete && query.next())
         rows.append(readOperator(query.record()));
-    complete = complete && readToTheEnd(query);
+    complete = complete && isReadToTheEnd(query);
     if (!complete && rows.isEmpty()) {
         logFailure(Actions::GetOperator, QLatin1String(kOperator), query);
         return {};
@@ -305,7 +300,7 @@ bool SupportConnectionHandler::readRoles(const OperatorModel &op)
         ids.append(row.value(roleColumn()).toUInt());
         titles.append(row.value(QStringLiteral("title")).toString());
     }
-    if (!complete || !readToTheEnd(query)) {
+    if (!complete || !isReadToTheEnd(query)) {
         logFailure(Actions::GetOperator, QLatin1String(kOperator), query);
         return false;
     }
@@ -343,7 +338,7 @@ bool SupportConnectionHandler::readLinks(const UuidString &id, QList<uint> &role
         return failLinks(Actions::LoadOperatorRoles, id, query);
     while (query.next())
         roles.append(query.record().value(roleColumn()).toUInt());
-    if (!readToTheEnd(query))
+    if (!isReadToTheEnd(query))
         return failLinks(Actions::LoadOperatorRoles, id, query);
     query.clear();
     logStore(Actions::LoadOperatorRoles, Actions::Automatic, id,

@@ -121,7 +121,7 @@ QString SupportConnectionHandler::getOrganizationInfo(QMap<UuidString, QString> 
             if (!id.isNull())
                 take(id, row);
         }
-        complete = complete && query.lastError().type() == QSqlError::NoError;
+        complete = complete && isReadToTheEnd(query);
         if (!complete)
             errors << query.lastError().text() << m_database.lastError().text();
     };
@@ -147,8 +147,12 @@ bool SupportConnectionHandler::unitExists(const Unit &unit, const UuidString &id
     if (id.isNull() || !isConnected())
         return false;
     QSqlQuery query(m_database);
-    if (run(query, QStringLiteral("SELECT 1 FROM %1 WHERE id = ?").arg(unit.tableName()), {id.toString()}))
-        return query.next();
+    const bool done =
+        run(query, QStringLiteral("SELECT 1 FROM %1 WHERE id = ?").arg(unit.tableName()), {id.toString()});
+    if (done && query.next())
+        return true;
+    if (done && isReadToTheEnd(query))
+        return false;
     logFailure(unit.load, unit.fromStore() + QLatin1String(" :"), query);
     return false;
 }

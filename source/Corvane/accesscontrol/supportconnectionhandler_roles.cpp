@@ -2,7 +2,6 @@
 
 #include "Corvane/accesscontrol/storenames.h"
 
-#include <QSqlError>
 #include <QSqlQuery>
 #include <QSqlRecord>
 
@@ -93,12 +92,13 @@ QSharedPointer<AccessRoleModelData> SupportConnectionHandler::getRoleByTitle(QSt
         if (!prepare(query, QStringLiteral("SELECT * FROM roles WHERE deleted = 0 AND title = ?")))
             return {};
         query.addBindValue(title);
-        if (!query.exec()) {
+        const bool done = query.exec();
+        if (done && query.next())
+            found = readRole(query.record());
+        if (!done || !isReadToTheEnd(query)) {
             logFailure(Actions::LoadRoles, QLatin1String(kRoles), query);
             return {};
         }
-        if (query.next())
-            found = readRole(query.record());
     }
     if (found)
         logStore(Actions::LoadRoles, Actions::Automatic, UuidString(),
@@ -121,7 +121,11 @@ QList<QSharedPointer<AccessRoleModelData>> SupportConnectionHandler::getRoles()
     QList<Role> roles;
     while (query.next())
         roles.append(readRole(query.record()));
-    return roles;
+    if (isReadToTheEnd(query))
+        return roles;
+    // Some of the roles would pass for all: who is saved with what is shown would lose the others.
+    logFailure(Actions::LoadRoles, QLatin1String(kRoles), query);
+    return {};
 }
 
 bool SupportConnectionHandler::failRole(Actions::Action action, ZephanError code)
