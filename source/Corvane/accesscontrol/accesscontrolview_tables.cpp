@@ -21,27 +21,6 @@ bool includes(int mask, int rights)
     return (mask & rights) == rights;
 }
 
-/// Keeps a table from following each step of a change.
-class UpdatesStopped
-{
-public:
-    explicit UpdatesStopped(const QList<CellTable *> &tables)
-        : m_tables(tables)
-    {
-        for (CellTable *table : m_tables)
-            table->setUpdatesEnabled(false);
-    }
-    ~UpdatesStopped()
-    {
-        for (CellTable *table : m_tables)
-            table->setUpdatesEnabled(true);
-    }
-    Q_DISABLE_COPY(UpdatesStopped)
-
-private:
-    QList<CellTable *> m_tables;
-};
-
 }  // namespace
 
 void AccesscontrolView::resetTables()
@@ -50,7 +29,9 @@ void AccesscontrolView::resetTables()
         return;
     m_filled = true;
     const WaitCursor cursor;
-    const UpdatesStopped stopped({m_userTable, m_roleTable, m_infoTable});
+    const CellTable::Filling users(m_userTable);
+    const CellTable::Filling roles(m_roleTable);
+    const CellTable::Filling information(m_infoTable);
     clearTables();
     fillTables();
     showInfoColumnsAndRows();
@@ -227,6 +208,7 @@ void AccesscontrolView::filterRows()
 {
     for (int row = 1; row < m_userRows; ++row)
         filterRow(row);
+    m_userTable->doItemsLayout();
 }
 
 void AccesscontrolView::filterRow(int row)

@@ -26,6 +26,18 @@ CellTable::CellTable(TabKey tabKey, QWidget *parent)
     setVerticalScrollMode(ScrollPerPixel);
 }
 
+CellTable::Filling::Filling(CellTable *table)
+    : m_table(table)
+{
+    m_table->viewport()->hide();
+}
+
+CellTable::Filling::~Filling()
+{
+    m_table->doItemsLayout();
+    m_table->viewport()->show();
+}
+
 void CellTable::growTo(int rows, int columns)
 {
     setRowCount(qMax(rows, rowCount()));
@@ -37,12 +49,14 @@ void CellTable::setCell(int row, int column, QWidget *widget)
     // Thousands of widgets are no stations of the Tab key.
     widget->setFocusPolicy(Qt::ClickFocus);
     setCellWidget(row, column, widget);
+    widget->hide();
 }
 
 void CellTable::focusCell(int row, int column)
 {
     if (!canFocus(row, column))
         return;
+    executeDelayedItemsLayout();
     setCurrentCell(row, column);
     scrollTo(currentIndex());
     cellWidget(row, column)->setFocus(Qt::OtherFocusReason);
@@ -67,6 +81,44 @@ void CellTable::focusInEvent(QFocusEvent *event)
         focusCell(currentRow(), currentColumn());
     else
         focusFirstCell();
+}
+
+void CellTable::scrollContentsBy(int dx, int dy)
+{
+    QTableWidget::scrollContentsBy(dx, dy);
+    updateEditorGeometries();
+}
+
+// In place of that of the base, which shows and moves all widgets of the table.
+void CellTable::updateEditorGeometries()
+{
+    QVector<QPointer<QWidget>> cells;
+    const QRect view = viewport()->rect();
+    const int lastRow = rowAt(view.bottom()) >= 0 ? rowAt(view.bottom()) : rowCount() - 1;
+    for (int row = qMax(0, rowAt(0)); row <= lastRow; ++row) {
+        for (int column = 0; column < columnCount(); ++column) {
+            QWidget *cell = cellWidget(row, column);
+            const QRect place = cell ? visualRect(model()->index(row, column)) : QRect();
+            if (!place.intersects(view))
+                continue;
+            cell->setGeometry(place);
+            cells.append(cell);
+        }
+    }
+    // Out of view it keeps the focus, which it would lose by being hidden.
+    QWidget *current = currentIndex().isValid() ? indexWidget(currentIndex()) : nullptr;
+    if (current && current->hasFocus() && canFocus(currentRow(), currentColumn()) &&
+        !cells.contains(current)) {
+        current->setGeometry(visualRect(currentIndex()));
+        cells.append(current);
+    }
+    for (const QPointer<QWidget> &cell : qAsConst(m_cellsInView)) {
+        if (cell && !cells.contains(cell))
+            cell->hide();
+    }
+    for (const QPointer<QWidget> &cell : qAsConst(cells))
+        cell->show();
+    m_cellsInView = cells;
 }
 
 bool CellTable::handleKey(QWidget *cell, QKeyEvent *event)

@@ -1,13 +1,17 @@
 #ifndef CELLTABLE_H
 #define CELLTABLE_H
 
+#include <QPointer>
 #include <QTableWidget>
+#include <QVector>
 
 /// A table of widgets without headers that the keyboard goes through as through one field.
 ///
 /// The arrow keys, Home, End, Page Up and Page Down go from widget to widget, passing over empty and disabled
 /// cells, and Enter clicks a button. In an edit only the keys that move up and down do so. The table comes
 /// back to the widget that it was left from.
+///
+/// Only the widgets in view are shown, so that thousands of them are not in each other's way.
 class CellTable : public QTableWidget
 {
     Q_OBJECT
@@ -27,7 +31,21 @@ public:
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
+    /// While it lives, the table is filled without being shown.
+    class Filling
+    {
+    public:
+        explicit Filling(CellTable *table);
+        ~Filling();
+        Q_DISABLE_COPY(Filling)
+
+    private:
+        CellTable *m_table;
+    };
+
 protected:
+    void scrollContentsBy(int dx, int dy) override;
+    void updateEditorGeometries() override;
     void focusInEvent(QFocusEvent *event) override;
 
 private:
@@ -42,6 +60,7 @@ private:
     bool focusFirstCell();
 
     TabKey m_tabKey;
+    QVector<QPointer<QWidget>> m_cellsInView;
 };
 
 #endif

@@ -1,11 +1,14 @@
 #include "ZephanShared/widgets/checkbutton.h"
 
+#include <QHelpEvent>
 #include <QPainter>
+#include <QToolTip>
 
 namespace {
 
 constexpr qreal kTickSize = 12;
 constexpr qreal kTickWidth = 2;
+constexpr int kLongestTip = 1000;  // characters
 
 }  // namespace
 
@@ -13,6 +16,16 @@ CheckButton::CheckButton(QWidget *parent)
     : QPushButton(parent)
 {
     setCheckable(true);
+}
+
+bool CheckButton::event(QEvent *event)
+{
+    if (event->type() != QEvent::ToolTip || accessibleName().isEmpty())
+        return QPushButton::event(event);
+    QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(),
+                       QStringLiteral("<p>%1</p>").arg(accessibleName().left(kLongestTip).toHtmlEscaped()),
+                       this);
+    return true;
 }
 
 void CheckButton::paintEvent(QPaintEvent *event)

@@ -3,7 +3,8 @@
 
 #include <QPushButton>
 
-/// A checkable push button without text that shows a tick while it is checked.
+/// A checkable push button without text that shows a tick while it is checked. Its tool tip is its accessible
+/// name: what it stands for may have been scrolled away.
 class CheckButton : public QPushButton
 {
     Q_OBJECT
@@ -12,6 +13,7 @@ public:
     explicit CheckButton(QWidget *parent);
 
 protected:
+    bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 };
 
