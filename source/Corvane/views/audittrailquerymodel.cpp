@@ -28,9 +28,8 @@ NameOf nameFunction(const QString &column)
 /// The stored time in the user's date format, always with 24 hours and never shifted to local time.
 QString timeText(const QVariant &value)
 {
-    QDateTime time = value.toDateTime();
-    time.setTimeSpec(Qt::UTC);
-    return time.toString(DateFormatHelper().dateFormat() + QLatin1String(" hh:mm:ss"));
+    return AuditTrailQueryModel::timeOf(value).toString(DateFormatHelper().dateFormat() +
+                                                        QLatin1String(" hh:mm:ss"));
 }
 
 }  // namespace
@@ -44,8 +43,11 @@ QVariant AuditTrailQueryModel::data(const QModelIndex &index, int role) const
     const QVariant value = QSqlQueryModel::data(index, role);
     if (role != Qt::DisplayRole || !value.isValid())
         return value;
+    return shownValue(record().fieldName(index.column()), value);
+}
 
-    const QString column = record().fieldName(index.column());
+QVariant AuditTrailQueryModel::shownValue(const QString &column, const QVariant &value)
+{
     if (const NameOf nameOf = nameFunction(column)) {
         bool isNumber = false;
         const int number = value.toInt(&isNumber);
@@ -54,6 +56,13 @@ QVariant AuditTrailQueryModel::data(const QModelIndex &index, int role) const
     if (column == QLatin1String("timestamp_action"))
         return timeText(value);
     return value;
+}
+
+QDateTime AuditTrailQueryModel::timeOf(const QVariant &value)
+{
+    QDateTime time = value.toDateTime();
+    time.setTimeSpec(Qt::UTC);
+    return time;
 }
 
 QString AuditTrailQueryModel::actionName(int value)

@@ -104,6 +104,24 @@ bool appendClause(QString &statement, AuditFilterKey key, const QVariant &value)
     return false;
 }
 
+/// What is read of the rows which the filters leave, without an order.
+QString selection(const QString &what, const AuditFilterMap &filters)
+{
+    QString statement = QLatin1String("SELECT ") + what + QLatin1String(" FROM action_log");
+    if (!filters.isEmpty())
+        statement += QLatin1String(" WHERE ");
+
+    int written = 0;
+    for (auto filter = filters.cbegin(); filter != filters.cend(); ++filter) {
+        if (!appendClause(statement, filter.key(), filter.value()))
+            continue;
+        ++written;
+        if (written < filters.size())
+            statement += QLatin1String(" AND ");
+    }
+    return statement;
+}
+
 }  // namespace
 
 const QStringList &AuditTrailQueryString::columns()
@@ -153,23 +171,20 @@ QString AuditTrailQueryString::headerText(int columnIndex)
 
 QString AuditTrailQueryString::statement(const AuditFilterMap &filters, const AuditSortOrder &sort)
 {
-    QString statement =
-        QLatin1String("SELECT ") + columns().join(QLatin1String(", ")) + QLatin1String(" FROM action_log");
-    if (!filters.isEmpty())
-        statement += QLatin1String(" WHERE ");
-
-    int written = 0;
-    for (auto filter = filters.cbegin(); filter != filters.cend(); ++filter) {
-        if (!appendClause(statement, filter.key(), filter.value()))
-            continue;
-        ++written;
-        if (written < filters.size())
-            statement += QLatin1String(" AND ");
-    }
-
+    QString statement = selection(columns().join(QLatin1String(", ")), filters);
     if (sort.first >= 0 && sort.first < columns().size()) {
         statement += QLatin1String(" ORDER BY ") + columns().at(sort.first) +
                      QLatin1String(sort.second == Qt::DescendingOrder ? " DESC;" : " ASC;");
     }
     return statement;
+}
+
+QString AuditTrailQueryString::countStatement(const AuditFilterMap &filters)
+{
+    return selection(QStringLiteral("COUNT(*)"), filters);
+}
+
+QString AuditTrailQueryString::timelineStatement(const AuditFilterMap &filters)
+{
+    return selection(QStringLiteral("timestamp_action, category"), filters);
 }

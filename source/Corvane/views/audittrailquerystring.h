@@ -44,6 +44,12 @@ public:
 
     /// The statement. A sort column outside the list leaves it without an order and without a semicolon.
     static QString statement(const AuditFilterMap &filters, const AuditSortOrder &sort);
+
+    /// The statement that counts the rows which the filters leave.
+    static QString countStatement(const AuditFilterMap &filters);
+
+    /// The statement that reads the time and the category of the rows which the filters leave, in any order.
+    static QString timelineStatement(const AuditFilterMap &filters);
 };
 
 Q_DECLARE_METATYPE(AuditFilterMap)

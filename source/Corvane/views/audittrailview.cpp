@@ -75,6 +75,7 @@ AuditTrailView::AuditTrailView(QString dataPath, QWidget *parent)
     m_filterPanel->setStyleSheet(
         QStringLiteral(".QWidget{ border: 1px solid lightgray; border-radius: 3px;}"));
     buildTable();
+    buildTableActions();
     buildConnectionButton();
     m_layout->addWidget(m_filterByLabel);
     m_layout->addWidget(m_filterPanel);
@@ -99,6 +100,7 @@ void AuditTrailView::updateTexts()
     m_connectButton->setText(tr("Connect to database"));
     m_optionsAction->setText(tr("Connection options"));
     m_disconnectAction->setText(tr("Disconnect"));
+    setTableActionTexts();
     buildFilterPanel();
 }
 

@@ -64,11 +64,21 @@ public slots:
     void connectToDatabase();
     void disconnectFromDatabase();
 
+private slots:
+    void enableTableActions();
+    void copyRowsWithHeaders();
+    void copyCell();
+    void saveAsCsv();
+    void showChart();
+    void logExportFailure(const QString &file);
+
 private:
     static QString filterLabel(int index);
 
     // Screen
     void buildTable();
+    void buildTableActions();
+    void setTableActionTexts();
     void buildConnectionButton();
     void buildFilterPanel();
     QWidget *buildDateFilters();
@@ -89,6 +99,12 @@ private:
     void setFilter(AuditFilterKey key, const QVariant &value);
     void refreshResults();
     void fitColumnsOnce();
+    void logSearch(const QString &statement);
+    QString serverText() const;
+
+    // Work with the rows
+    qint64 countRows();
+    void logExport(const QString &file, qint64 rows, const QString &statement);
 
     // Connection
     void loadConnectionOptions();
@@ -122,6 +138,10 @@ private:
     QToolButton *m_connectButton;
     QAction *m_optionsAction;
     QAction *m_disconnectAction;
+    QAction *m_copyRowsAction;
+    QAction *m_copyCellAction;
+    QAction *m_saveAction;
+    QAction *m_chartAction;
     AuditTrailQueryModel *m_model = nullptr;
     bool m_columnsFitted = false;
 

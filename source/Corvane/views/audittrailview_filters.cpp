@@ -1,3 +1,4 @@
+#include "CommunicationAndData/settings/odbcconnection.h"
 #include "Corvane/views/audittrailquerymodel.h"
 #include "Corvane/views/audittrailview.h"
 #include "ZephanShared/widgets/dateedit.h"
@@ -169,14 +170,25 @@ void AuditTrailView::refreshResults()
         connect(m_model, SIGNAL(rowsRemoved(QModelIndex, int, int)), this, SLOT(resetCountLabel()));
     }
     const QString statement = AuditTrailQueryString::statement(m_filters, m_sort);
-    emit logAction(Actions::SearchAuditTrail, Actions::Human, UuidString(), QStringLiteral("actiondb"),
-                   m_database.databaseName(), statement);
+    logSearch(statement);
     const WaitCursor wait;
     m_model->setQuery(statement, m_database);
     for (int column = 0; column < m_model->columnCount(); ++column)
         m_model->setHeaderData(column, Qt::Horizontal, AuditTrailQueryString::headerText(column),
                                Qt::EditRole);
     fitColumnsOnce();
+}
+
+/// Every query is recorded before it runs.
+void AuditTrailView::logSearch(const QString &statement)
+{
+    emit logAction(Actions::SearchAuditTrail, Actions::Human, UuidString(), QStringLiteral("actiondb"),
+                   serverText(), statement);
+}
+
+QString AuditTrailView::serverText() const
+{
+    return OdbcConnection::withoutSecrets(m_database.databaseName());
 }
 
 /// With the first rows; afterwards the widths are the reader's.

@@ -1,6 +1,7 @@
 #ifndef WAITCURSOR_H
 #define WAITCURSOR_H
 
+#include <QCursor>
 #include <QGuiApplication>
 
 /// Shows the wait cursor while it lives.
