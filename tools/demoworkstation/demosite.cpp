@@ -4,12 +4,14 @@
 #include "CommunicationAndData/access/accesstype.h"
 #include "CommunicationAndData/access/operatormodeldata.h"
 #include "CommunicationAndData/access/passwordhelper.h"
+#include "CommunicationAndData/actionlog/actionlogtable.h"
 #include "CommunicationAndData/settings/odbcconnection.h"
 #include "CommunicationAndData/settings/settingshandler.h"
 #include "CommunicationAndData/settings/settingskeys.h"
 #include "CommunicationAndData/settings/sqlschema.h"
 #include "Corvane/accesscontrol/accesscontroloffline.h"
 #include "ZephanShared/toolkit/nativepath.h"
+#include "demoaudittrail/demoactionlog.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -24,6 +26,8 @@
 namespace {
 
 const QString kConnection = QStringLiteral("demosite");
+constexpr char kActionLogFolder[] =
+    "/CorvaneActions";  // in the data directory, where the console keeps its own
 
 struct DemoOperator
 {
@@ -205,7 +209,8 @@ bool writeConnections(const QString &data, const QString &site, const QString &o
     cache->endGroup();
     cache->beginGroup(QLatin1String(LocalCache::kActionDbOfflineGroup));
     cache->setValue(QLatin1String(LocalCache::kLocation),
-                    nativePath(data + QStringLiteral("/CorvaneActions/actionlog.db")));
+                    nativePath(data + QLatin1String(kActionLogFolder) + QLatin1Char('/') +
+                               QLatin1String(ActionLogTable::kFileName)));
     cache->endGroup();
     cache->sync();
     return cache->status() == QSettings::NoError;
@@ -217,6 +222,10 @@ bool makeDemoSite(const QString &data, QString &error)
 {
     const QString site = data + QStringLiteral("/site.db");
     const QString offline = data + QStringLiteral("/Databases");
+    DemoTrail trail;
+    trail.lastDay = QDate::currentDate().addDays(-1);
+    if (!makeDemoActionLog(data + QLatin1String(kActionLogFolder), trail, error))
+        return false;
     if (!makeSiteDatabase(site, error) || !makeOfflineFile(offline, error))
         return false;
     if (!writeConnections(data, site, offline)) {

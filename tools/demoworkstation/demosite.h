@@ -4,8 +4,9 @@
 #include <QString>
 
 /// Makes the demonstration hospital's site database, an SQLite file that is reached over ODBC, with operators
-/// of all three types; the offline access file with the same operators; and the connection parameters by
-/// which the console finds both. What is there already stays.
+/// of all three types; the offline access file with the same operators; this workstation's audit trail of the
+/// last two years; and the connection parameters by which the console finds them. What is there already
+/// stays.
 ///
 /// \param data   the data directory, without a trailing separator
 /// \param error  set to what failed

@@ -73,11 +73,12 @@ class Walk:
         program.find("push button", "Audit Trail Viewer").click()
         program.find("push button", "Connect to database").click()
         wait_until(lambda: program.look("combo box", "Select connection configuration") or
-                   program.look("table cell", "SaveSettings"), "the audit trail or its connection options")
+                   program.look(name="Time (UTC)"), "the audit trail or its connection options")
         if program.look("combo box", "Select connection configuration"):
             program.choose("Select connection configuration", "offline")
             self.picture("audit-connection")
             program.find("push button", "Save").click()
+        program.find(name="Time (UTC)").click()  # the newest events first
         program.find("table cell", "SaveSettings")
         self.picture("audit-trail")
 
