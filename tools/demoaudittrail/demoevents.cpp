@@ -1,7 +1,7 @@
 #include "demoaudittrail/demoevents.h"
 
-#include "CommunicationAndData/actionlog/actions.h"
 #include "CommunicationAndData/actionlog/eventtext.h"
+#include "ZephanShared/toolkit/actions.h"
 
 #include <QUuid>
 

@@ -1,6 +1,6 @@
 #include "Corvane/views/audittrailtimeline.h"
 
-#include "CommunicationAndData/actionlog/actions.h"
+#include "ZephanShared/toolkit/actions.h"
 
 namespace {
 
