@@ -25,6 +25,116 @@
     </message>
 </context>
 <context>
+    <name>AccessRights</name>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>Distribute settings</source>
+        <translation>Einstellungen verteilen</translation>
+    </message>
+    <message>
+        <source>Download settings</source>
+        <translation>Einstellungen herunterladen</translation>
+    </message>
+    <message>
+        <source>Write local DB settings</source>
+        <translation>Lokale Datenbankeinstellungen schreiben</translation>
+    </message>
+    <message>
+        <source>Audit Trail and Access Control</source>
+        <translation>Audit-Trail und Zugriffskontrolle</translation>
+    </message>
+    <message>
+        <source>Access control management</source>
+        <translation>Zugriffsverwaltung</translation>
+    </message>
+    <message>
+        <source>Audit trail management</source>
+        <translation>Audit-Trail-Verwaltung</translation>
+    </message>
+    <message>
+        <source>Person Access</source>
+        <translation>Zugriff auf Personen</translation>
+    </message>
+    <message>
+        <source>Read person</source>
+        <translation>Personen lesen</translation>
+    </message>
+    <message>
+        <source>Modify person</source>
+        <translation>Personen ändern</translation>
+    </message>
+    <message>
+        <source>Create person</source>
+        <translation>Personen anlegen</translation>
+    </message>
+    <message>
+        <source>Delete person</source>
+        <translation>Personen löschen</translation>
+    </message>
+    <message>
+        <source>Study Access</source>
+        <translation>Zugriff auf Untersuchungen</translation>
+    </message>
+    <message>
+        <source>Read study</source>
+        <translation>Untersuchungen lesen</translation>
+    </message>
+    <message>
+        <source>Modify study</source>
+        <translation>Untersuchungen ändern</translation>
+    </message>
+    <message>
+        <source>Create study</source>
+        <translation>Untersuchungen anlegen</translation>
+    </message>
+    <message>
+        <source>Delete study</source>
+        <translation>Untersuchungen löschen</translation>
+    </message>
+    <message>
+        <source>Transfer</source>
+        <translation>Übertragung</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Import</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Export</translation>
+    </message>
+</context>
+<context>
+    <name>AccessRoleEditDialog</name>
+    <message>
+        <source>Role</source>
+        <translation>Rolle</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Delete role</source>
+        <translation>Rolle löschen</translation>
+    </message>
+    <message>
+        <source>Role is in use. Deselect role from users to delete it</source>
+        <translation>Die Rolle wird verwendet. Entziehen Sie sie den Benutzern, um sie zu löschen</translation>
+    </message>
+</context>
+<context>
     <name>AccessSettingsView</name>
     <message>
         <source>None</source>
@@ -32,11 +142,11 @@
     </message>
     <message>
         <source>Windows group based</source>
-        <translation>Nach Windows-Gruppen</translation>
+        <translation>Windows-Gruppen</translation>
     </message>
     <message>
         <source>Windows user based</source>
-        <translation>Nach Windows-Benutzern</translation>
+        <translation>Windows-Benutzer</translation>
     </message>
     <message>
         <source>Internal users</source>
@@ -48,7 +158,7 @@
     </message>
     <message>
         <source>Access control method</source>
-        <translation>Verfahren der Zugriffskontrolle</translation>
+        <translation>Methode der Zugriffskontrolle</translation>
     </message>
     <message>
         <source>Offline Cache</source>
@@ -72,7 +182,7 @@
     </message>
     <message>
         <source>Path to local access control database</source>
-        <translation>Pfad der lokalen Zugriffsdatenbank</translation>
+        <translation>Pfad der lokalen Zugriffskontrolldatenbank</translation>
     </message>
     <message>
         <source>Browse...</source>
@@ -88,7 +198,7 @@
     </message>
     <message>
         <source>Audit trail offline database location</source>
-        <translation>Ort der Offline-Datenbank des Audit-Trails</translation>
+        <translation>Speicherort der Offline-Datenbank des Audit-Trails</translation>
     </message>
     <message>
         <source>Online audit trail</source>
@@ -96,7 +206,7 @@
     </message>
     <message>
         <source>Unknown. Click to read state from database.</source>
-        <translation>Unbekannt. Klicken, um den Stand aus der Datenbank zu lesen.</translation>
+        <translation>Unbekannt. Klicken Sie, um den Zustand aus der Datenbank zu lesen.</translation>
     </message>
     <message>
         <source> Days</source>
@@ -108,7 +218,7 @@
     </message>
     <message>
         <source>Select offline database location directory</source>
-        <translation>Ordner für die Offline-Datenbank auswählen</translation>
+        <translation>Ordner der Offline-Datenbank auswählen</translation>
     </message>
     <message>
         <source>Connect</source>
@@ -128,7 +238,7 @@
     </message>
     <message>
         <source>Setting was not loaded nor written.</source>
-        <translation>Die Einstellung wurde weder gelesen noch geschrieben.</translation>
+        <translation>Die Einstellung wurde weder geladen noch geschrieben.</translation>
     </message>
     <message>
         <source>Setting read</source>
@@ -136,7 +246,7 @@
     </message>
     <message>
         <source>Setting value for connected database is now shown.</source>
-        <translation>Der Wert der Einstellung für die verbundene Datenbank wird jetzt angezeigt.</translation>
+        <translation>Der Wert der Einstellung für die verbundene Datenbank wird nun angezeigt.</translation>
     </message>
     <message>
         <source>Setting accepted</source>
@@ -144,11 +254,413 @@
     </message>
     <message>
         <source>Setting is now bound to the connected database. Please save or distribute to bring into effect.</source>
-        <translation>Die Einstellung ist jetzt an die verbundene Datenbank gebunden. Bitte speichern oder verteilen Sie, damit sie wirksam wird.</translation>
+        <translation>Die Einstellung ist nun an die verbundene Datenbank gebunden. Bitte speichern oder verteilen Sie sie, damit sie wirksam wird.</translation>
     </message>
     <message>
         <source>Ok</source>
-        <translation>Ok</translation>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>AccessUserWizard</name>
+    <message>
+        <source>Last Name</source>
+        <translation>Nachname</translation>
+    </message>
+    <message>
+        <source>Middle Name</source>
+        <translation>Zweiter Vorname</translation>
+    </message>
+    <message>
+        <source>First Name</source>
+        <translation>Vorname</translation>
+    </message>
+    <message>
+        <source>Organisation</source>
+        <translation>Organisation</translation>
+    </message>
+    <message>
+        <source>Department</source>
+        <translation>Abteilung</translation>
+    </message>
+    <message>
+        <source>Username</source>
+        <translation>Benutzername</translation>
+    </message>
+    <message>
+        <source>Password</source>
+        <translation>Passwort</translation>
+    </message>
+    <message>
+        <source>Confirm Password</source>
+        <translation>Passwort bestätigen</translation>
+    </message>
+    <message>
+        <source>Computer or domain</source>
+        <translation>Computer oder Domäne</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>Remove user</source>
+        <translation>Benutzer entfernen</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>Verwerfen</translation>
+    </message>
+    <message>
+        <source>Discard changes?</source>
+        <translation>Änderungen verwerfen?</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Windows group</source>
+        <translation>Windows-Gruppe</translation>
+    </message>
+    <message>
+        <source>Windows user</source>
+        <translation>Windows-Benutzer</translation>
+    </message>
+    <message>
+        <source>Enter name manually</source>
+        <translation>Namen manuell eingeben</translation>
+    </message>
+    <message>
+        <source>Local computer</source>
+        <translation>Lokaler Computer</translation>
+    </message>
+    <message>
+        <source>COMPUTER</source>
+        <translation>COMPUTER</translation>
+    </message>
+    <message>
+        <source>DOMAIN</source>
+        <translation>DOMÄNE</translation>
+    </message>
+    <message>
+        <source>OR</source>
+        <translation>ODER</translation>
+    </message>
+    <message>
+        <source>GROUP</source>
+        <translation>GRUPPE</translation>
+    </message>
+    <message>
+        <source>USER</source>
+        <translation>BENUTZER</translation>
+    </message>
+    <message>
+        <source>Select a Windows group</source>
+        <translation>Windows-Gruppe auswählen</translation>
+    </message>
+    <message>
+        <source>Select a Windows user</source>
+        <translation>Windows-Benutzer auswählen</translation>
+    </message>
+    <message>
+        <source>Internal user</source>
+        <translation>Interner Benutzer</translation>
+    </message>
+    <message>
+        <source>Username and Password cannot be empty</source>
+        <translation>Benutzername und Passwort dürfen nicht leer sein</translation>
+    </message>
+    <message>
+        <source>Remove group</source>
+        <translation>Gruppe entfernen</translation>
+    </message>
+    <message>
+        <source>Associations to the roles will be removed.</source>
+        <translation>Die Zuordnungen zu den Rollen werden entfernt.</translation>
+    </message>
+    <message>
+        <source>Password does not match with confirmation</source>
+        <translation>Das Passwort stimmt nicht mit der Bestätigung überein</translation>
+    </message>
+    <message>
+        <source>Username </source>
+        <translation>Benutzername </translation>
+    </message>
+    <message>
+        <source>and </source>
+        <translation>und </translation>
+    </message>
+    <message numerus="yes">
+        <source>Password </source>
+        <comment>If singular, the word starts the sentence, otherwise not.</comment>
+        <translation>
+            <numerusform>Passwort </numerusform>
+            <numerusform>Passwort </numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>cannot be empty.</source>
+        <comment>Before this can be: &quot;Username&quot; , &quot;Password&quot; or &quot;Username and password&quot;</comment>
+        <translation>
+            <numerusform>darf nicht leer sein.</numerusform>
+            <numerusform>dürfen nicht leer sein.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>AccesscontrolView</name>
+    <message>
+        <source>There are unsaved changes.
+Save now?</source>
+        <translation>Es gibt ungespeicherte Änderungen.
+Jetzt speichern?</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>Ja</translation>
+    </message>
+    <message>
+        <source>Not now</source>
+        <translation>Nicht jetzt</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Access Control Management</source>
+        <translation>Zugriffsverwaltung</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>Nein</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Save failed</source>
+        <translation>Speichern fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Could not save </source>
+        <translation>Nicht gespeichert werden konnte </translation>
+    </message>
+    <message>
+        <source>Unsaved changes</source>
+        <translation>Ungespeicherte Änderungen</translation>
+    </message>
+    <message>
+        <source>Please save first</source>
+        <translation>Bitte speichern Sie zuerst</translation>
+    </message>
+    <message>
+        <source>Delete failed</source>
+        <translation>Löschen fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Could not delete.</source>
+        <translation>Das Löschen ist fehlgeschlagen.</translation>
+    </message>
+    <message>
+        <source>Load failed</source>
+        <translation>Laden fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Could not load organisational information: </source>
+        <translation>Die Organisationsdaten konnten nicht geladen werden: </translation>
+    </message>
+    <message>
+        <source>Name taken</source>
+        <translation>Name bereits vergeben</translation>
+    </message>
+    <message>
+        <source>Please enter unique name.</source>
+        <translation>Bitte geben Sie einen eindeutigen Namen ein.</translation>
+    </message>
+    <message>
+        <source>Could not save.</source>
+        <translation>Das Speichern ist fehlgeschlagen.</translation>
+    </message>
+    <message>
+        <source>Username taken</source>
+        <translation>Benutzername bereits vergeben</translation>
+    </message>
+    <message>
+        <source>Please enter unique username.</source>
+        <translation>Bitte geben Sie einen eindeutigen Benutzernamen ein.</translation>
+    </message>
+    <message>
+        <source>Username empty</source>
+        <translation>Benutzername fehlt</translation>
+    </message>
+    <message>
+        <source>Please enter username.</source>
+        <translation>Bitte geben Sie einen Benutzernamen ein.</translation>
+    </message>
+    <message>
+        <source>Name empty</source>
+        <translation>Name fehlt</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>Users</source>
+        <translation>Benutzer</translation>
+    </message>
+    <message>
+        <source>Roles</source>
+        <translation>Rollen</translation>
+    </message>
+    <message>
+        <source>Organisations</source>
+        <translation>Organisationen</translation>
+    </message>
+    <message>
+        <source>Departments</source>
+        <translation>Abteilungen</translation>
+    </message>
+    <message>
+        <source>Internal users</source>
+        <translation>Interne Benutzer</translation>
+    </message>
+    <message>
+        <source>Windows group based</source>
+        <translation>Windows-Gruppen</translation>
+    </message>
+    <message>
+        <source>Windows user based</source>
+        <translation>Windows-Benutzer</translation>
+    </message>
+    <message>
+        <source>View</source>
+        <translation>Ansicht</translation>
+    </message>
+    <message>
+        <source>Type of users</source>
+        <translation>Art der Benutzer</translation>
+    </message>
+    <message>
+        <source>Add new role</source>
+        <translation>Neue Rolle hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add new organisation</source>
+        <translation>Neue Organisation hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add new department</source>
+        <translation>Neue Abteilung hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add new Windows user</source>
+        <translation>Neuen Windows-Benutzer hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add new Windows group</source>
+        <translation>Neue Windows-Gruppe hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add new internal user</source>
+        <translation>Neuen internen Benutzer hinzufügen</translation>
+    </message>
+    <message>
+        <source>Organisation</source>
+        <translation>Organisation</translation>
+    </message>
+    <message>
+        <source>Department</source>
+        <translation>Abteilung</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>Adresse</translation>
+    </message>
+    <message>
+        <source>Enter address</source>
+        <translation>Adresse eingeben</translation>
+    </message>
+    <message>
+        <source>Enter name</source>
+        <translation>Namen eingeben</translation>
+    </message>
+</context>
+<context>
+    <name>AuditTrailChartDialog</name>
+    <message>
+        <source>Events by hour (UTC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Events by day (UTC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Events by week (UTC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Events by month (UTC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Events by year (UTC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Events by decade (UTC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Events by century (UTC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 events</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 more without a time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Audit events over time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save as picture...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save as picture</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>PNG (*.png)</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>AuditTrailExport</name>
+    <message>
+        <source>Saving the audit trail</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -254,6 +766,21 @@
     </message>
 </context>
 <context>
+    <name>AuditTrailReader</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>%1: %2 rows</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: %2 of %3 rows</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>AuditTrailView</name>
     <message>
         <source>Filter by:</source>
@@ -347,6 +874,34 @@
         <source>Deselect</source>
         <translation>Abwählen</translation>
     </message>
+    <message>
+        <source>Copy rows with headers</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Copy cell</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save as CSV...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show chart...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save the audit trail</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>CSV (*.csv)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reading the audit trail</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>CentralElement</name>
@@ -418,11 +973,11 @@
     <name>ConfManagementDialog</name>
     <message>
         <source>Settings configuration management</source>
-        <translation>Verwaltung der Konfigurationen</translation>
+        <translation>Verwaltung der Einstellungskonfigurationen</translation>
     </message>
     <message>
         <source>Select settings configuration</source>
-        <translation>Konfiguration auswählen</translation>
+        <translation>Einstellungskonfiguration auswählen</translation>
     </message>
     <message>
         <source>Configuration notes</source>
@@ -438,11 +993,11 @@
     </message>
     <message>
         <source>Load configuration</source>
-        <translation>Laden</translation>
+        <translation>Konfiguration laden</translation>
     </message>
     <message>
         <source>Delete configuration</source>
-        <translation>Löschen</translation>
+        <translation>Konfiguration löschen</translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -450,27 +1005,27 @@
     </message>
     <message>
         <source>Show connection options</source>
-        <translation>Optionen anzeigen</translation>
+        <translation>Verbindungsoptionen anzeigen</translation>
     </message>
     <message>
         <source>Hide connection options</source>
-        <translation>Optionen ausblenden</translation>
+        <translation>Verbindungsoptionen ausblenden</translation>
     </message>
     <message>
         <source>Connecting...</source>
-        <translation>Verbindung wird aufgebaut...</translation>
+        <translation>Verbindung wird hergestellt...</translation>
     </message>
     <message>
         <source>Connecting</source>
-        <translation>Verbindung wird aufgebaut</translation>
+        <translation>Verbindung wird hergestellt</translation>
     </message>
     <message>
         <source>%1 Created %2 by %3</source>
-        <translation>%1 Erstellt %2 von %3</translation>
+        <translation>%1 Erstellt am %2 von %3</translation>
     </message>
     <message>
         <source>Active in database</source>
-        <translation>Aktiv in der Datenbank</translation>
+        <translation>In der Datenbank aktiv</translation>
     </message>
     <message>
         <source>Deleting settings</source>
@@ -478,7 +1033,7 @@
     </message>
     <message>
         <source>Deleting from database:</source>
-        <translation>Wird aus der Datenbank gelöscht:</translation>
+        <translation>Aus der Datenbank wird gelöscht:</translation>
     </message>
     <message>
         <source>OK</source>
@@ -490,11 +1045,11 @@
     </message>
     <message>
         <source>Settings configuration was not deleted</source>
-        <translation>Die Konfiguration wurde nicht gelöscht</translation>
+        <translation>Die Einstellungskonfiguration wurde nicht gelöscht</translation>
     </message>
     <message>
         <source>Could not delete settings configuration</source>
-        <translation>Die Konfiguration konnte nicht gelöscht werden</translation>
+        <translation>Die Einstellungskonfiguration konnte nicht gelöscht werden</translation>
     </message>
     <message>
         <source>Check connection options and try again</source>
@@ -506,11 +1061,11 @@
     </message>
     <message>
         <source>Deleting settings configuration from database was unsuccessful.</source>
-        <translation>Die Konfiguration konnte nicht aus der Datenbank gelöscht werden.</translation>
+        <translation>Die Einstellungskonfiguration konnte nicht aus der Datenbank gelöscht werden.</translation>
     </message>
     <message>
         <source>Ok</source>
-        <translation>Ok</translation>
+        <translation>OK</translation>
     </message>
 </context>
 <context>
@@ -566,6 +1121,49 @@
     <message>
         <source>Choose database file</source>
         <translation>Datenbankdatei auswählen</translation>
+    </message>
+</context>
+<context>
+    <name>CustomPersonField</name>
+    <message>
+        <source>Move up</source>
+        <translation>Nach oben</translation>
+    </message>
+    <message>
+        <source>Move down</source>
+        <translation>Nach unten</translation>
+    </message>
+    <message>
+        <source>Name of the custom field</source>
+        <translation>Name des benutzerdefinierten Feldes</translation>
+    </message>
+    <message>
+        <source>Visibility of the custom field</source>
+        <translation>Sichtbarkeit des benutzerdefinierten Feldes</translation>
+    </message>
+    <message>
+        <source>Visible</source>
+        <translation>Sichtbar</translation>
+    </message>
+    <message>
+        <source>Not visible</source>
+        <translation>Nicht sichtbar</translation>
+    </message>
+    <message>
+        <source>Lines of the custom field</source>
+        <translation>Zeilen des benutzerdefinierten Feldes</translation>
+    </message>
+    <message>
+        <source>One line</source>
+        <translation>Einzeilig</translation>
+    </message>
+    <message>
+        <source>Multi line</source>
+        <translation>Mehrzeilig</translation>
+    </message>
+    <message>
+        <source>New field</source>
+        <translation>Neues Feld</translation>
     </message>
 </context>
 <context>
@@ -686,7 +1284,7 @@
     </message>
     <message>
         <source>Time</source>
-        <translation>Uhrzeit</translation>
+        <translation>Zeit</translation>
     </message>
 </context>
 <context>
@@ -728,15 +1326,15 @@
     <name>DistributionView</name>
     <message>
         <source>Check user rights and try again.</source>
-        <translation>Benutzerrechte prüfen und erneut versuchen.</translation>
+        <translation>Prüfen Sie die Benutzerrechte und versuchen Sie es erneut.</translation>
     </message>
     <message>
         <source>Check configuration ID and try again.</source>
-        <translation>Konfigurations-ID prüfen und erneut versuchen.</translation>
+        <translation>Prüfen Sie die Konfigurations-ID und versuchen Sie es erneut.</translation>
     </message>
     <message>
         <source>Check connection options and try again.</source>
-        <translation>Verbindungsoptionen prüfen und erneut versuchen.</translation>
+        <translation>Prüfen Sie die Verbindungsoptionen und versuchen Sie es erneut.</translation>
     </message>
     <message>
         <source>Distribute settings</source>
@@ -744,27 +1342,27 @@
     </message>
     <message>
         <source>Options to connect settings database</source>
-        <translation>Verbindung zur Datenbank</translation>
+        <translation>Optionen für die Verbindung zur Einstellungsdatenbank</translation>
     </message>
     <message>
         <source>Insert additional configuration information</source>
-        <translation>Weitere Angaben zur Konfiguration</translation>
+        <translation>Zusätzliche Angaben zur Konfiguration eingeben</translation>
     </message>
     <message>
         <source>Inform user about settings change</source>
-        <translation>Benutzer über die Änderung informieren</translation>
+        <translation>Benutzer über die Änderung der Einstellungen informieren</translation>
     </message>
     <message>
         <source>Add configuration release notes</source>
-        <translation>Versionshinweise zur Konfiguration</translation>
+        <translation>Versionshinweise zur Konfiguration hinzufügen</translation>
     </message>
     <message>
         <source>Save to database</source>
-        <translation>Nur speichern</translation>
+        <translation>In der Datenbank speichern</translation>
     </message>
     <message>
         <source>Distribute to users</source>
-        <translation>Verteilen</translation>
+        <translation>An Benutzer verteilen</translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -772,7 +1370,7 @@
     </message>
     <message>
         <source>Connecting...</source>
-        <translation>Verbindung wird aufgebaut...</translation>
+        <translation>Verbindung wird hergestellt...</translation>
     </message>
     <message>
         <source>Sending settings...</source>
@@ -780,11 +1378,11 @@
     </message>
     <message>
         <source>Could not connect to database.</source>
-        <translation>Keine Verbindung zur Datenbank.</translation>
+        <translation>Es konnte keine Verbindung zur Datenbank hergestellt werden.</translation>
     </message>
     <message>
         <source>Settings could not be inserted to database.</source>
-        <translation>Speichern in der Datenbank fehlgeschlagen.</translation>
+        <translation>Die Einstellungen konnten nicht in die Datenbank eingefügt werden.</translation>
     </message>
 </context>
 <context>
@@ -864,6 +1462,49 @@
     <message>
         <source>No Information</source>
         <translation>Keine Angabe</translation>
+    </message>
+</context>
+<context>
+    <name>FieldSettingsView</name>
+    <message>
+        <source>Person information settings</source>
+        <translation>Einstellungen der Personendaten</translation>
+    </message>
+    <message>
+        <source>Standard fields</source>
+        <translation>Standardfelder</translation>
+    </message>
+    <message>
+        <source>Required by</source>
+        <translation>Erforderlich für</translation>
+    </message>
+    <message>
+        <source>Mandatory</source>
+        <translation>Pflichtfeld</translation>
+    </message>
+    <message>
+        <source>Visible</source>
+        <translation>Sichtbar</translation>
+    </message>
+    <message>
+        <source>Not visible</source>
+        <translation>Nicht sichtbar</translation>
+    </message>
+    <message>
+        <source>Summary fields</source>
+        <translation>Übersichtsfelder</translation>
+    </message>
+    <message>
+        <source>Order of the full name</source>
+        <translation>Reihenfolge des vollständigen Namens</translation>
+    </message>
+    <message>
+        <source>Custom fields</source>
+        <translation>Benutzerdefinierte Felder</translation>
+    </message>
+    <message>
+        <source>Add new custom field</source>
+        <translation>Neues benutzerdefiniertes Feld hinzufügen</translation>
     </message>
 </context>
 <context>
@@ -1610,6 +2251,313 @@
     </message>
 </context>
 <context>
+    <name>QObject</name>
+    <message>
+        <source>Bergl_Z</source>
+        <translation>Bergl_Z</translation>
+    </message>
+    <message>
+        <source>Berglund for adults, Zapletal for children</source>
+        <translation>Berglund für Erwachsene, Zapletal für Kinder</translation>
+    </message>
+    <message>
+        <source>Brazil</source>
+        <translation>Brasilien</translation>
+    </message>
+    <message>
+        <source>Brazilian reference values</source>
+        <translation>Brasilianische Referenzwerte</translation>
+    </message>
+    <message>
+        <source>China</source>
+        <translation>China</translation>
+    </message>
+    <message>
+        <source>Chinese reference values</source>
+        <translation>Chinesische Referenzwerte</translation>
+    </message>
+    <message>
+        <source>Cra_Knu</source>
+        <translation>Cra_Knu</translation>
+    </message>
+    <message>
+        <source>Crapo for adults, Knudson for children</source>
+        <translation>Crapo für Erwachsene, Knudson für Kinder</translation>
+    </message>
+    <message>
+        <source>ECSC_IGiChP</source>
+        <translation>ECSC_IGiChP</translation>
+    </message>
+    <message>
+        <source>Polish reference values: ECSC for adults, IGiChP for children</source>
+        <translation>Polnische Referenzwerte: ECSC für Erwachsene, IGiChP für Kinder</translation>
+    </message>
+    <message>
+        <source>ECSC_P</source>
+        <translation>ECSC_P</translation>
+    </message>
+    <message>
+        <source>European Coal and Steel Community for adults, Polgar for children</source>
+        <translation>Europäische Gemeinschaft für Kohle und Stahl für Erwachsene, Polgar für Kinder</translation>
+    </message>
+    <message>
+        <source>ECSC_PZ</source>
+        <translation>ECSC_PZ</translation>
+    </message>
+    <message>
+        <source>European Coal and Steel Community for adults, Polgar and partly Zapletal for children</source>
+        <translation>Europäische Gemeinschaft für Kohle und Stahl für Erwachsene, Polgar und teilweise Zapletal für Kinder</translation>
+    </message>
+    <message>
+        <source>ECSC_Qua</source>
+        <translation>ECSC_Qua</translation>
+    </message>
+    <message>
+        <source>European Coal and Steel Community for adults, Quanjer for children</source>
+        <translation>Europäische Gemeinschaft für Kohle und Stahl für Erwachsene, Quanjer für Kinder</translation>
+    </message>
+    <message>
+        <source>ECSC_Qua_AT</source>
+        <translation>ECSC_Qua_AT</translation>
+    </message>
+    <message>
+        <source>European Coal and Steel Community for adults, Quanjer for Austrian children</source>
+        <translation>Europäische Gemeinschaft für Kohle und Stahl für Erwachsene, Quanjer für österreichische Kinder</translation>
+    </message>
+    <message>
+        <source>ECSC_Qua_ES</source>
+        <translation>ECSC_Qua_ES</translation>
+    </message>
+    <message>
+        <source>European Coal and Steel Community for adults, Quanjer for Spanish children</source>
+        <translation>Europäische Gemeinschaft für Kohle und Stahl für Erwachsene, Quanjer für spanische Kinder</translation>
+    </message>
+    <message>
+        <source>ECSC_Qua_GB</source>
+        <translation>ECSC_Qua_GB</translation>
+    </message>
+    <message>
+        <source>European Coal and Steel Community for adults, Quanjer for English children</source>
+        <translation>Europäische Gemeinschaft für Kohle und Stahl für Erwachsene, Quanjer für englische Kinder</translation>
+    </message>
+    <message>
+        <source>ECSC_Z</source>
+        <translation>ECSC_Z</translation>
+    </message>
+    <message>
+        <source>European Coal and Steel Community for adults, Zapletal for children</source>
+        <translation>Europäische Gemeinschaft für Kohle und Stahl für Erwachsene, Zapletal für Kinder</translation>
+    </message>
+    <message>
+        <source>Forche2</source>
+        <translation>Forche2</translation>
+    </message>
+    <message>
+        <source>Austrian reference values: Forche for adults and children</source>
+        <translation>Österreichische Referenzwerte: Forche für Erwachsene und Kinder</translation>
+    </message>
+    <message>
+        <source>Garcia-Rio_Roca_SEP</source>
+        <translation>Garcia-Rio_Roca_SEP</translation>
+    </message>
+    <message>
+        <source>Spanish reference values: Garcia-Rio for elderly, Roca for adults, SEPAR for children</source>
+        <translation>Spanische Referenzwerte: Garcia-Rio für Senioren, Roca für Erwachsene, SEPAR für Kinder</translation>
+    </message>
+    <message>
+        <source>GLI2012</source>
+        <translation>GLI2012</translation>
+    </message>
+    <message>
+        <source>Global Lung Function Initiative reference values for adults and children</source>
+        <translation>Referenzwerte der Global Lung Function Initiative für Erwachsene und Kinder</translation>
+    </message>
+    <message>
+        <source>GLI2012_African_American</source>
+        <translation>GLI2012_African_American</translation>
+    </message>
+    <message>
+        <source>Global Lung Function Initiative reference values for African American adults and children</source>
+        <translation>Referenzwerte der Global Lung Function Initiative für afroamerikanische Erwachsene und Kinder</translation>
+    </message>
+    <message>
+        <source>GLI2012_Caucasian</source>
+        <translation>GLI2012_Caucasian</translation>
+    </message>
+    <message>
+        <source>Global Lung Function Initiative reference values for Caucasian adults and children</source>
+        <translation>Referenzwerte der Global Lung Function Initiative für kaukasische Erwachsene und Kinder</translation>
+    </message>
+    <message>
+        <source>GLI2012_North_East_Asians</source>
+        <translation>GLI2012_North_East_Asians</translation>
+    </message>
+    <message>
+        <source>Global Lung Function Initiative reference values for North East Asians adults and children</source>
+        <translation>Referenzwerte der Global Lung Function Initiative für nordostasiatische Erwachsene und Kinder</translation>
+    </message>
+    <message>
+        <source>GLI2012_South_East_Asians</source>
+        <translation>GLI2012_South_East_Asians</translation>
+    </message>
+    <message>
+        <source>Global Lung Function Initiative reference values for South East Asians adults and children</source>
+        <translation>Referenzwerte der Global Lung Function Initiative für südostasiatische Erwachsene und Kinder</translation>
+    </message>
+    <message>
+        <source>GLI2012_Other/mixed</source>
+        <translation>GLI2012_Other/mixed</translation>
+    </message>
+    <message>
+        <source>Global Lung Function Initiative reference values for Other/mixed adults and children</source>
+        <translation>Referenzwerte der Global Lung Function Initiative für andere/gemischte Erwachsene und Kinder</translation>
+    </message>
+    <message>
+        <source>Gulsvik_Z</source>
+        <translation>Gulsvik_Z</translation>
+    </message>
+    <message>
+        <source>Norwegian reference values: Gulsvik for adults, Zapletal for children</source>
+        <translation>Norwegische Referenzwerte: Gulsvik für Erwachsene, Zapletal für Kinder</translation>
+    </message>
+    <message>
+        <source>Hedenstrom_Sol</source>
+        <translation>Hedenstrom_Sol</translation>
+    </message>
+    <message>
+        <source>Swedish reference values: Hedenstrom for adults, Solymar for children</source>
+        <translation>Schwedische Referenzwerte: Hedenstrom für Erwachsene, Solymar für Kinder</translation>
+    </message>
+    <message>
+        <source>Hedenstrom_Z</source>
+        <translation>Hedenstrom_Z</translation>
+    </message>
+    <message>
+        <source> Swedish reference values: Hedenstrom for adults, Zapletal for children</source>
+        <translation> Schwedische Referenzwerte: Hedenstrom für Erwachsene, Zapletal für Kinder</translation>
+    </message>
+    <message>
+        <source>Japan</source>
+        <translation>Japan</translation>
+    </message>
+    <message>
+        <source> Japanese reference values</source>
+        <translation> Japanische Referenzwerte</translation>
+    </message>
+    <message>
+        <source>Jindal</source>
+        <translation>Jindal</translation>
+    </message>
+    <message>
+        <source>Indian reference values: Jindal for adults and adolescents</source>
+        <translation>Indische Referenzwerte: Jindal für Erwachsene und Jugendliche</translation>
+    </message>
+    <message>
+        <source>Kainu_Koillinen</source>
+        <translation>Kainu_Koillinen</translation>
+    </message>
+    <message>
+        <source>Finnish reference values: Kainu for adults and Koillinen for children</source>
+        <translation>Finnische Referenzwerte: Kainu für Erwachsene und Koillinen für Kinder</translation>
+    </message>
+    <message>
+        <source>Klement</source>
+        <translation>Klement</translation>
+    </message>
+    <message>
+        <source> Russian reference values: Klement for adults and children</source>
+        <translation> Russische Referenzwerte: Klement für Erwachsene und Kinder</translation>
+    </message>
+    <message>
+        <source>Knudson</source>
+        <translation>Knudson</translation>
+    </message>
+    <message>
+        <source> Knudson for adults and children</source>
+        <translation> Knudson für Erwachsene und Kinder</translation>
+    </message>
+    <message>
+        <source>Langhammer_Z</source>
+        <translation>Langhammer_Z</translation>
+    </message>
+    <message>
+        <source>Norwegian reference values: Langhammer for adults, Zapletal for children</source>
+        <translation>Norwegische Referenzwerte: Langhammer für Erwachsene, Zapletal für Kinder</translation>
+    </message>
+    <message>
+        <source>NHANES III_W</source>
+        <translation>NHANES III_W</translation>
+    </message>
+    <message>
+        <source>NHANES III (Hankinson) for 8-80-year-olds. Wang for children under 8 years</source>
+        <translation>NHANES III (Hankinson) für 8- bis 80-Jährige. Wang für Kinder unter 8 Jahren</translation>
+    </message>
+    <message>
+        <source>NHANES III_W_African_American</source>
+        <translation>NHANES III_W_African_American</translation>
+    </message>
+    <message>
+        <source>NHANES III (Hankinson) for 8-80-year-olds and Wang for children under 8 years African American ethnics</source>
+        <translation>NHANES III (Hankinson) für 8- bis 80-Jährige und Wang für Kinder unter 8 Jahren, afroamerikanisch</translation>
+    </message>
+    <message>
+        <source>NHANES III_W_Mexican_American</source>
+        <translation>NHANES III_W_Mexican_American</translation>
+    </message>
+    <message>
+        <source>NHANES III (Hankinson) for 8-80-year-olds and Wang for children under 8 years Mexican American ethnics</source>
+        <translation>NHANES III (Hankinson) für 8- bis 80-Jährige und Wang für Kinder unter 8 Jahren, mexikanisch-amerikanisch</translation>
+    </message>
+    <message>
+        <source>NHANES III_W_Other</source>
+        <translation>NHANES III_W_Other</translation>
+    </message>
+    <message>
+        <source>NHANES III (Hankinson) for 8-80-year-olds and Wang for children under 8 years other ethnics</source>
+        <translation>NHANES III (Hankinson) für 8- bis 80-Jährige und Wang für Kinder unter 8 Jahren, andere ethnische Gruppen</translation>
+    </message>
+    <message>
+        <source>SEPAR</source>
+        <translation>SEPAR</translation>
+    </message>
+    <message>
+        <source>Spanish reference values: SEPAR for adults and children</source>
+        <translation>Spanische Referenzwerte: SEPAR für Erwachsene und Kinder</translation>
+    </message>
+    <message>
+        <source>Udwadia</source>
+        <translation>Udwadia</translation>
+    </message>
+    <message>
+        <source>Indian reference values: Udwadia for adults and adolescents</source>
+        <translation>Indische Referenzwerte: Udwadia für Erwachsene und Jugendliche</translation>
+    </message>
+    <message>
+        <source>Vijayan</source>
+        <translation>Vijayan</translation>
+    </message>
+    <message>
+        <source>Indian reference values: Vijayan for adults and adolescents</source>
+        <translation>Indische Referenzwerte: Vijayan für Erwachsene und Jugendliche</translation>
+    </message>
+    <message>
+        <source>Viljanen_Kiv</source>
+        <translation>Viljanen_Kiv</translation>
+    </message>
+    <message>
+        <source>Estonian reference values: Viljanen for adults, Kivastik for children</source>
+        <translation>Estnische Referenzwerte: Viljanen für Erwachsene, Kivastik für Kinder</translation>
+    </message>
+    <message>
+        <source>Viljanen_Koi</source>
+        <translation>Viljanen_Koi</translation>
+    </message>
+    <message>
+        <source>Finnish reference values: Viljanen for adults, Koillinen for children</source>
+        <translation>Finnische Referenzwerte: Viljanen für Erwachsene, Koillinen für Kinder</translation>
+    </message>
+</context>
+<context>
     <name>RemoveButton</name>
     <message>
         <source>Remove custom field</source>
@@ -1638,6 +2586,64 @@
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>SaveFile</name>
+    <message>
+        <source>Saving failed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The file %1 could not be saved.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>SearchSettingsView</name>
+    <message>
+        <source>First name</source>
+        <translation>Vorname</translation>
+    </message>
+    <message>
+        <source>Middle name</source>
+        <translation>Zweiter Vorname</translation>
+    </message>
+    <message>
+        <source>Last name</source>
+        <translation>Nachname</translation>
+    </message>
+    <message>
+        <source>Personal ID</source>
+        <translation>Personenkennung</translation>
+    </message>
+    <message>
+        <source>Person code</source>
+        <translation>Personencode</translation>
+    </message>
+    <message>
+        <source>Minimum search characters</source>
+        <translation>Mindestanzahl der Zeichen für die Suche</translation>
+    </message>
+    <message>
+        <source>Search results in single row</source>
+        <translation>Suchergebnisse in einer Zeile</translation>
+    </message>
+    <message>
+        <source>Person search result</source>
+        <translation>Ergebnis der Personensuche</translation>
+    </message>
+    <message>
+        <source>Search parameters</source>
+        <translation>Suchparameter</translation>
+    </message>
+    <message>
+        <source>Custom fields to search:</source>
+        <translation>Zu durchsuchende benutzerdefinierte Felder:</translation>
     </message>
 </context>
 <context>
@@ -1800,6 +2806,18 @@ Die vorherigen Einstellungen wurden wiederhergestellt.</translation>
         <source>Notice.</source>
         <translation>Hinweis.</translation>
     </message>
+    <message>
+        <source>Search</source>
+        <translation>Suche</translation>
+    </message>
+    <message>
+        <source>Person fields</source>
+        <translation>Personenfelder</translation>
+    </message>
+    <message>
+        <source>Study fields</source>
+        <translation>Untersuchungsfelder</translation>
+    </message>
 </context>
 <context>
     <name>SqlCipherDriver</name>
@@ -1856,6 +2874,92 @@ Die vorherigen Einstellungen wurden wiederhergestellt.</translation>
     </message>
 </context>
 <context>
+    <name>StandardFields</name>
+    <message>
+        <source>Full Name</source>
+        <translation>Vollständiger Name</translation>
+    </message>
+    <message>
+        <source>First Name</source>
+        <translation>Vorname</translation>
+    </message>
+    <message>
+        <source>Middle Name</source>
+        <translation>Zweiter Vorname</translation>
+    </message>
+    <message>
+        <source>Last Name</source>
+        <translation>Nachname</translation>
+    </message>
+    <message>
+        <source>Personal ID</source>
+        <translation>Personenkennung</translation>
+    </message>
+    <message>
+        <source>Birthdate</source>
+        <translation>Geburtsdatum</translation>
+    </message>
+    <message>
+        <source>Person code</source>
+        <translation>Personencode</translation>
+    </message>
+    <message>
+        <source>Gender</source>
+        <translation>Geschlecht</translation>
+    </message>
+    <message>
+        <source>Ethnic group</source>
+        <translation>Ethnische Gruppe</translation>
+    </message>
+    <message>
+        <source>(empty)</source>
+        <translation>(leer)</translation>
+    </message>
+</context>
+<context>
+    <name>StudySettingsView</name>
+    <message>
+        <source>Study information settings for</source>
+        <translation>Untersuchungsangaben für</translation>
+    </message>
+    <message>
+        <source>More study specific settings available when study plugins are installed</source>
+        <translation>Weitere untersuchungsspezifische Einstellungen sind verfügbar, wenn Untersuchungs-Plug-ins installiert sind</translation>
+    </message>
+    <message>
+        <source>Hidden spirometry reference sets</source>
+        <translation>Ausgeblendete Spirometrie-Referenzsätze</translation>
+    </message>
+    <message>
+        <source>Default spirometry reference set</source>
+        <translation>Standard-Referenzsatz für die Spirometrie</translation>
+    </message>
+    <message>
+        <source>Spirometry</source>
+        <translation>Spirometrie</translation>
+    </message>
+    <message>
+        <source>Select to hide</source>
+        <translation>Zum Ausblenden auswählen</translation>
+    </message>
+    <message>
+        <source>Application name</source>
+        <translation>Anwendungsname</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>Datum</translation>
+    </message>
+    <message>
+        <source>Study list fields</source>
+        <translation>Felder der Untersuchungsliste</translation>
+    </message>
+    <message>
+        <source>Hidden study field editors</source>
+        <translation>Ausgeblendete Eingabefelder der Untersuchung</translation>
+    </message>
+</context>
+<context>
     <name>SupportConnectionHandler</name>
     <message>
         <source>Connected to authentication database</source>
@@ -1892,6 +2996,25 @@ Die vorherigen Einstellungen wurden wiederhergestellt.</translation>
     <message>
         <source>Ok</source>
         <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>TableHelper</name>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Are you sure?</source>
+        <translation>Sind Sie sicher?</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>Nein</translation>
     </message>
 </context>
 <context>

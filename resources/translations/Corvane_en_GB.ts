@@ -25,6 +25,116 @@
     </message>
 </context>
 <context>
+    <name>AccessRights</name>
+    <message>
+        <source>Settings</source>
+        <translation>Settings</translation>
+    </message>
+    <message>
+        <source>Distribute settings</source>
+        <translation>Distribute settings</translation>
+    </message>
+    <message>
+        <source>Download settings</source>
+        <translation>Download settings</translation>
+    </message>
+    <message>
+        <source>Write local DB settings</source>
+        <translation>Write local DB settings</translation>
+    </message>
+    <message>
+        <source>Audit Trail and Access Control</source>
+        <translation>Audit Trail and Access Control</translation>
+    </message>
+    <message>
+        <source>Access control management</source>
+        <translation>Access control management</translation>
+    </message>
+    <message>
+        <source>Audit trail management</source>
+        <translation>Audit trail management</translation>
+    </message>
+    <message>
+        <source>Person Access</source>
+        <translation>Person Access</translation>
+    </message>
+    <message>
+        <source>Read person</source>
+        <translation>Read person</translation>
+    </message>
+    <message>
+        <source>Modify person</source>
+        <translation>Modify person</translation>
+    </message>
+    <message>
+        <source>Create person</source>
+        <translation>Create person</translation>
+    </message>
+    <message>
+        <source>Delete person</source>
+        <translation>Delete person</translation>
+    </message>
+    <message>
+        <source>Study Access</source>
+        <translation>Study Access</translation>
+    </message>
+    <message>
+        <source>Read study</source>
+        <translation>Read study</translation>
+    </message>
+    <message>
+        <source>Modify study</source>
+        <translation>Modify study</translation>
+    </message>
+    <message>
+        <source>Create study</source>
+        <translation>Create study</translation>
+    </message>
+    <message>
+        <source>Delete study</source>
+        <translation>Delete study</translation>
+    </message>
+    <message>
+        <source>Transfer</source>
+        <translation>Transfer</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Import</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Export</translation>
+    </message>
+</context>
+<context>
+    <name>AccessRoleEditDialog</name>
+    <message>
+        <source>Role</source>
+        <translation>Role</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Save</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Delete role</source>
+        <translation>Delete role</translation>
+    </message>
+    <message>
+        <source>Role is in use. Deselect role from users to delete it</source>
+        <translation>Role is in use. Deselect role from users to delete it</translation>
+    </message>
+</context>
+<context>
     <name>AccessSettingsView</name>
     <message>
         <source>None</source>
@@ -152,6 +262,408 @@
     </message>
 </context>
 <context>
+    <name>AccessUserWizard</name>
+    <message>
+        <source>Last Name</source>
+        <translation>Last Name</translation>
+    </message>
+    <message>
+        <source>Middle Name</source>
+        <translation>Middle Name</translation>
+    </message>
+    <message>
+        <source>First Name</source>
+        <translation>First Name</translation>
+    </message>
+    <message>
+        <source>Organisation</source>
+        <translation>Organisation</translation>
+    </message>
+    <message>
+        <source>Department</source>
+        <translation>Department</translation>
+    </message>
+    <message>
+        <source>Username</source>
+        <translation>Username</translation>
+    </message>
+    <message>
+        <source>Password</source>
+        <translation>Password</translation>
+    </message>
+    <message>
+        <source>Confirm Password</source>
+        <translation>Confirm Password</translation>
+    </message>
+    <message>
+        <source>Computer or domain</source>
+        <translation>Computer or domain</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Save</translation>
+    </message>
+    <message>
+        <source>Remove user</source>
+        <translation>Remove user</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>Discard</translation>
+    </message>
+    <message>
+        <source>Discard changes?</source>
+        <translation>Discard changes?</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>Ok</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Windows group</source>
+        <translation>Windows group</translation>
+    </message>
+    <message>
+        <source>Windows user</source>
+        <translation>Windows user</translation>
+    </message>
+    <message>
+        <source>Enter name manually</source>
+        <translation>Enter name manually</translation>
+    </message>
+    <message>
+        <source>Local computer</source>
+        <translation>Local computer</translation>
+    </message>
+    <message>
+        <source>COMPUTER</source>
+        <translation>COMPUTER</translation>
+    </message>
+    <message>
+        <source>DOMAIN</source>
+        <translation>DOMAIN</translation>
+    </message>
+    <message>
+        <source>OR</source>
+        <translation>OR</translation>
+    </message>
+    <message>
+        <source>GROUP</source>
+        <translation>GROUP</translation>
+    </message>
+    <message>
+        <source>USER</source>
+        <translation>USER</translation>
+    </message>
+    <message>
+        <source>Select a Windows group</source>
+        <translation>Select a Windows group</translation>
+    </message>
+    <message>
+        <source>Select a Windows user</source>
+        <translation>Select a Windows user</translation>
+    </message>
+    <message>
+        <source>Internal user</source>
+        <translation>Internal user</translation>
+    </message>
+    <message>
+        <source>Username and Password cannot be empty</source>
+        <translation>Username and Password cannot be empty</translation>
+    </message>
+    <message>
+        <source>Remove group</source>
+        <translation>Remove group</translation>
+    </message>
+    <message>
+        <source>Associations to the roles will be removed.</source>
+        <translation>Associations to the roles will be removed.</translation>
+    </message>
+    <message>
+        <source>Password does not match with confirmation</source>
+        <translation>Password does not match with confirmation</translation>
+    </message>
+    <message>
+        <source>Username </source>
+        <translation>Username </translation>
+    </message>
+    <message>
+        <source>and </source>
+        <translation>and </translation>
+    </message>
+    <message numerus="yes">
+        <source>Password </source>
+        <comment>If singular, the word starts the sentence, otherwise not.</comment>
+        <translation>
+            <numerusform>Password </numerusform>
+            <numerusform>Password </numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>cannot be empty.</source>
+        <comment>Before this can be: &quot;Username&quot; , &quot;Password&quot; or &quot;Username and password&quot;</comment>
+        <translation>
+            <numerusform>cannot be empty.</numerusform>
+            <numerusform>cannot be empty.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>AccesscontrolView</name>
+    <message>
+        <source>There are unsaved changes.
+Save now?</source>
+        <translation>There are unsaved changes.
+Save now?</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>Yes</translation>
+    </message>
+    <message>
+        <source>Not now</source>
+        <translation>Not now</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Access Control Management</source>
+        <translation>Access Control Management</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>No</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>Ok</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Delete</translation>
+    </message>
+    <message>
+        <source>Save failed</source>
+        <translation>Save failed</translation>
+    </message>
+    <message>
+        <source>Could not save </source>
+        <translation>Could not save </translation>
+    </message>
+    <message>
+        <source>Unsaved changes</source>
+        <translation>Unsaved changes</translation>
+    </message>
+    <message>
+        <source>Please save first</source>
+        <translation>Please save first</translation>
+    </message>
+    <message>
+        <source>Delete failed</source>
+        <translation>Delete failed</translation>
+    </message>
+    <message>
+        <source>Could not delete.</source>
+        <translation>Could not delete.</translation>
+    </message>
+    <message>
+        <source>Load failed</source>
+        <translation>Load failed</translation>
+    </message>
+    <message>
+        <source>Could not load organisational information: </source>
+        <translation>Could not load organisational information: </translation>
+    </message>
+    <message>
+        <source>Name taken</source>
+        <translation>Name taken</translation>
+    </message>
+    <message>
+        <source>Please enter unique name.</source>
+        <translation>Please enter unique name.</translation>
+    </message>
+    <message>
+        <source>Could not save.</source>
+        <translation>Could not save.</translation>
+    </message>
+    <message>
+        <source>Username taken</source>
+        <translation>Username taken</translation>
+    </message>
+    <message>
+        <source>Please enter unique username.</source>
+        <translation>Please enter unique username.</translation>
+    </message>
+    <message>
+        <source>Username empty</source>
+        <translation>Username empty</translation>
+    </message>
+    <message>
+        <source>Please enter username.</source>
+        <translation>Please enter username.</translation>
+    </message>
+    <message>
+        <source>Name empty</source>
+        <translation>Name empty</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Save</translation>
+    </message>
+    <message>
+        <source>Users</source>
+        <translation>Users</translation>
+    </message>
+    <message>
+        <source>Roles</source>
+        <translation>Roles</translation>
+    </message>
+    <message>
+        <source>Organisations</source>
+        <translation>Organisations</translation>
+    </message>
+    <message>
+        <source>Departments</source>
+        <translation>Departments</translation>
+    </message>
+    <message>
+        <source>Internal users</source>
+        <translation>Internal users</translation>
+    </message>
+    <message>
+        <source>Windows group based</source>
+        <translation>Windows group based</translation>
+    </message>
+    <message>
+        <source>Windows user based</source>
+        <translation>Windows user based</translation>
+    </message>
+    <message>
+        <source>View</source>
+        <translation>View</translation>
+    </message>
+    <message>
+        <source>Type of users</source>
+        <translation>Type of users</translation>
+    </message>
+    <message>
+        <source>Add new role</source>
+        <translation>Add new role</translation>
+    </message>
+    <message>
+        <source>Add new organisation</source>
+        <translation>Add new organisation</translation>
+    </message>
+    <message>
+        <source>Add new department</source>
+        <translation>Add new department</translation>
+    </message>
+    <message>
+        <source>Add new Windows user</source>
+        <translation>Add new Windows user</translation>
+    </message>
+    <message>
+        <source>Add new Windows group</source>
+        <translation>Add new Windows group</translation>
+    </message>
+    <message>
+        <source>Add new internal user</source>
+        <translation>Add new internal user</translation>
+    </message>
+    <message>
+        <source>Organisation</source>
+        <translation>Organisation</translation>
+    </message>
+    <message>
+        <source>Department</source>
+        <translation>Department</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>Address</translation>
+    </message>
+    <message>
+        <source>Enter address</source>
+        <translation>Enter address</translation>
+    </message>
+    <message>
+        <source>Enter name</source>
+        <translation>Enter name</translation>
+    </message>
+</context>
+<context>
+    <name>AuditTrailChartDialog</name>
+    <message>
+        <source>Events by hour (UTC)</source>
+        <translation>Events by hour (UTC)</translation>
+    </message>
+    <message>
+        <source>Events by day (UTC)</source>
+        <translation>Events by day (UTC)</translation>
+    </message>
+    <message>
+        <source>Events by week (UTC)</source>
+        <translation>Events by week (UTC)</translation>
+    </message>
+    <message>
+        <source>Events by month (UTC)</source>
+        <translation>Events by month (UTC)</translation>
+    </message>
+    <message>
+        <source>Events by year (UTC)</source>
+        <translation>Events by year (UTC)</translation>
+    </message>
+    <message>
+        <source>Events by decade (UTC)</source>
+        <translation>Events by decade (UTC)</translation>
+    </message>
+    <message>
+        <source>Events by century (UTC)</source>
+        <translation>Events by century (UTC)</translation>
+    </message>
+    <message>
+        <source>%1 events</source>
+        <translation>%1 events</translation>
+    </message>
+    <message>
+        <source>%1 more without a time</source>
+        <translation>%1 more without a time</translation>
+    </message>
+    <message>
+        <source>Audit events over time</source>
+        <translation>Audit events over time</translation>
+    </message>
+    <message>
+        <source>Save as picture...</source>
+        <translation>Save as picture...</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Close</translation>
+    </message>
+    <message>
+        <source>Save as picture</source>
+        <translation>Save as picture</translation>
+    </message>
+    <message>
+        <source>PNG (*.png)</source>
+        <translation>PNG (*.png)</translation>
+    </message>
+</context>
+<context>
+    <name>AuditTrailExport</name>
+    <message>
+        <source>Saving the audit trail</source>
+        <translation>Saving the audit trail</translation>
+    </message>
+</context>
+<context>
     <name>AuditTrailQueryModel</name>
     <message>
         <source>Unknown</source>
@@ -254,6 +766,21 @@
     </message>
 </context>
 <context>
+    <name>AuditTrailReader</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>%1: %2 rows</source>
+        <translation>%1: %2 rows</translation>
+    </message>
+    <message>
+        <source>%1: %2 of %3 rows</source>
+        <translation>%1: %2 of %3 rows</translation>
+    </message>
+</context>
+<context>
     <name>AuditTrailView</name>
     <message>
         <source>Filter by:</source>
@@ -346,6 +873,34 @@
     <message>
         <source>Deselect</source>
         <translation>Deselect</translation>
+    </message>
+    <message>
+        <source>Copy rows with headers</source>
+        <translation>Copy rows with headers</translation>
+    </message>
+    <message>
+        <source>Copy cell</source>
+        <translation>Copy cell</translation>
+    </message>
+    <message>
+        <source>Save as CSV...</source>
+        <translation>Save as CSV...</translation>
+    </message>
+    <message>
+        <source>Show chart...</source>
+        <translation>Show chart...</translation>
+    </message>
+    <message>
+        <source>Save the audit trail</source>
+        <translation>Save the audit trail</translation>
+    </message>
+    <message>
+        <source>CSV (*.csv)</source>
+        <translation>CSV (*.csv)</translation>
+    </message>
+    <message>
+        <source>Reading the audit trail</source>
+        <translation>Reading the audit trail</translation>
     </message>
 </context>
 <context>
@@ -566,6 +1121,49 @@
     <message>
         <source>Choose database file</source>
         <translation>Choose database file</translation>
+    </message>
+</context>
+<context>
+    <name>CustomPersonField</name>
+    <message>
+        <source>Move up</source>
+        <translation>Move up</translation>
+    </message>
+    <message>
+        <source>Move down</source>
+        <translation>Move down</translation>
+    </message>
+    <message>
+        <source>Name of the custom field</source>
+        <translation>Name of the custom field</translation>
+    </message>
+    <message>
+        <source>Visibility of the custom field</source>
+        <translation>Visibility of the custom field</translation>
+    </message>
+    <message>
+        <source>Visible</source>
+        <translation>Visible</translation>
+    </message>
+    <message>
+        <source>Not visible</source>
+        <translation>Not visible</translation>
+    </message>
+    <message>
+        <source>Lines of the custom field</source>
+        <translation>Lines of the custom field</translation>
+    </message>
+    <message>
+        <source>One line</source>
+        <translation>One line</translation>
+    </message>
+    <message>
+        <source>Multi line</source>
+        <translation>Multi line</translation>
+    </message>
+    <message>
+        <source>New field</source>
+        <translation>New field</translation>
     </message>
 </context>
 <context>
@@ -864,6 +1462,49 @@
     <message>
         <source>No Information</source>
         <translation>No Information</translation>
+    </message>
+</context>
+<context>
+    <name>FieldSettingsView</name>
+    <message>
+        <source>Person information settings</source>
+        <translation>Person information settings</translation>
+    </message>
+    <message>
+        <source>Standard fields</source>
+        <translation>Standard fields</translation>
+    </message>
+    <message>
+        <source>Required by</source>
+        <translation>Required by</translation>
+    </message>
+    <message>
+        <source>Mandatory</source>
+        <translation>Mandatory</translation>
+    </message>
+    <message>
+        <source>Visible</source>
+        <translation>Visible</translation>
+    </message>
+    <message>
+        <source>Not visible</source>
+        <translation>Not visible</translation>
+    </message>
+    <message>
+        <source>Summary fields</source>
+        <translation>Summary fields</translation>
+    </message>
+    <message>
+        <source>Order of the full name</source>
+        <translation>Order of the full name</translation>
+    </message>
+    <message>
+        <source>Custom fields</source>
+        <translation>Custom fields</translation>
+    </message>
+    <message>
+        <source>Add new custom field</source>
+        <translation>Add new custom field</translation>
     </message>
 </context>
 <context>
@@ -1610,6 +2251,313 @@
     </message>
 </context>
 <context>
+    <name>QObject</name>
+    <message>
+        <source>Bergl_Z</source>
+        <translation>Bergl_Z</translation>
+    </message>
+    <message>
+        <source>Berglund for adults, Zapletal for children</source>
+        <translation>Berglund for adults, Zapletal for children</translation>
+    </message>
+    <message>
+        <source>Brazil</source>
+        <translation>Brazil</translation>
+    </message>
+    <message>
+        <source>Brazilian reference values</source>
+        <translation>Brazilian reference values</translation>
+    </message>
+    <message>
+        <source>China</source>
+        <translation>China</translation>
+    </message>
+    <message>
+        <source>Chinese reference values</source>
+        <translation>Chinese reference values</translation>
+    </message>
+    <message>
+        <source>Cra_Knu</source>
+        <translation>Cra_Knu</translation>
+    </message>
+    <message>
+        <source>Crapo for adults, Knudson for children</source>
+        <translation>Crapo for adults, Knudson for children</translation>
+    </message>
+    <message>
+        <source>ECSC_IGiChP</source>
+        <translation>ECSC_IGiChP</translation>
+    </message>
+    <message>
+        <source>Polish reference values: ECSC for adults, IGiChP for children</source>
+        <translation>Polish reference values: ECSC for adults, IGiChP for children</translation>
+    </message>
+    <message>
+        <source>ECSC_P</source>
+        <translation>ECSC_P</translation>
+    </message>
+    <message>
+        <source>European Coal and Steel Community for adults, Polgar for children</source>
+        <translation>European Coal and Steel Community for adults, Polgar for children</translation>
+    </message>
+    <message>
+        <source>ECSC_PZ</source>
+        <translation>ECSC_PZ</translation>
+    </message>
+    <message>
+        <source>European Coal and Steel Community for adults, Polgar and partly Zapletal for children</source>
+        <translation>European Coal and Steel Community for adults, Polgar and partly Zapletal for children</translation>
+    </message>
+    <message>
+        <source>ECSC_Qua</source>
+        <translation>ECSC_Qua</translation>
+    </message>
+    <message>
+        <source>European Coal and Steel Community for adults, Quanjer for children</source>
+        <translation>European Coal and Steel Community for adults, Quanjer for children</translation>
+    </message>
+    <message>
+        <source>ECSC_Qua_AT</source>
+        <translation>ECSC_Qua_AT</translation>
+    </message>
+    <message>
+        <source>European Coal and Steel Community for adults, Quanjer for Austrian children</source>
+        <translation>European Coal and Steel Community for adults, Quanjer for Austrian children</translation>
+    </message>
+    <message>
+        <source>ECSC_Qua_ES</source>
+        <translation>ECSC_Qua_ES</translation>
+    </message>
+    <message>
+        <source>European Coal and Steel Community for adults, Quanjer for Spanish children</source>
+        <translation>European Coal and Steel Community for adults, Quanjer for Spanish children</translation>
+    </message>
+    <message>
+        <source>ECSC_Qua_GB</source>
+        <translation>ECSC_Qua_GB</translation>
+    </message>
+    <message>
+        <source>European Coal and Steel Community for adults, Quanjer for English children</source>
+        <translation>European Coal and Steel Community for adults, Quanjer for English children</translation>
+    </message>
+    <message>
+        <source>ECSC_Z</source>
+        <translation>ECSC_Z</translation>
+    </message>
+    <message>
+        <source>European Coal and Steel Community for adults, Zapletal for children</source>
+        <translation>European Coal and Steel Community for adults, Zapletal for children</translation>
+    </message>
+    <message>
+        <source>Forche2</source>
+        <translation>Forche2</translation>
+    </message>
+    <message>
+        <source>Austrian reference values: Forche for adults and children</source>
+        <translation>Austrian reference values: Forche for adults and children</translation>
+    </message>
+    <message>
+        <source>Garcia-Rio_Roca_SEP</source>
+        <translation>Garcia-Rio_Roca_SEP</translation>
+    </message>
+    <message>
+        <source>Spanish reference values: Garcia-Rio for elderly, Roca for adults, SEPAR for children</source>
+        <translation>Spanish reference values: Garcia-Rio for elderly, Roca for adults, SEPAR for children</translation>
+    </message>
+    <message>
+        <source>GLI2012</source>
+        <translation>GLI2012</translation>
+    </message>
+    <message>
+        <source>Global Lung Function Initiative reference values for adults and children</source>
+        <translation>Global Lung Function Initiative reference values for adults and children</translation>
+    </message>
+    <message>
+        <source>GLI2012_African_American</source>
+        <translation>GLI2012_African_American</translation>
+    </message>
+    <message>
+        <source>Global Lung Function Initiative reference values for African American adults and children</source>
+        <translation>Global Lung Function Initiative reference values for African American adults and children</translation>
+    </message>
+    <message>
+        <source>GLI2012_Caucasian</source>
+        <translation>GLI2012_Caucasian</translation>
+    </message>
+    <message>
+        <source>Global Lung Function Initiative reference values for Caucasian adults and children</source>
+        <translation>Global Lung Function Initiative reference values for Caucasian adults and children</translation>
+    </message>
+    <message>
+        <source>GLI2012_North_East_Asians</source>
+        <translation>GLI2012_North_East_Asians</translation>
+    </message>
+    <message>
+        <source>Global Lung Function Initiative reference values for North East Asians adults and children</source>
+        <translation>Global Lung Function Initiative reference values for North East Asians adults and children</translation>
+    </message>
+    <message>
+        <source>GLI2012_South_East_Asians</source>
+        <translation>GLI2012_South_East_Asians</translation>
+    </message>
+    <message>
+        <source>Global Lung Function Initiative reference values for South East Asians adults and children</source>
+        <translation>Global Lung Function Initiative reference values for South East Asians adults and children</translation>
+    </message>
+    <message>
+        <source>GLI2012_Other/mixed</source>
+        <translation>GLI2012_Other/mixed</translation>
+    </message>
+    <message>
+        <source>Global Lung Function Initiative reference values for Other/mixed adults and children</source>
+        <translation>Global Lung Function Initiative reference values for Other/mixed adults and children</translation>
+    </message>
+    <message>
+        <source>Gulsvik_Z</source>
+        <translation>Gulsvik_Z</translation>
+    </message>
+    <message>
+        <source>Norwegian reference values: Gulsvik for adults, Zapletal for children</source>
+        <translation>Norwegian reference values: Gulsvik for adults, Zapletal for children</translation>
+    </message>
+    <message>
+        <source>Hedenstrom_Sol</source>
+        <translation>Hedenstrom_Sol</translation>
+    </message>
+    <message>
+        <source>Swedish reference values: Hedenstrom for adults, Solymar for children</source>
+        <translation>Swedish reference values: Hedenstrom for adults, Solymar for children</translation>
+    </message>
+    <message>
+        <source>Hedenstrom_Z</source>
+        <translation>Hedenstrom_Z</translation>
+    </message>
+    <message>
+        <source> Swedish reference values: Hedenstrom for adults, Zapletal for children</source>
+        <translation> Swedish reference values: Hedenstrom for adults, Zapletal for children</translation>
+    </message>
+    <message>
+        <source>Japan</source>
+        <translation>Japan</translation>
+    </message>
+    <message>
+        <source> Japanese reference values</source>
+        <translation> Japanese reference values</translation>
+    </message>
+    <message>
+        <source>Jindal</source>
+        <translation>Jindal</translation>
+    </message>
+    <message>
+        <source>Indian reference values: Jindal for adults and adolescents</source>
+        <translation>Indian reference values: Jindal for adults and adolescents</translation>
+    </message>
+    <message>
+        <source>Kainu_Koillinen</source>
+        <translation>Kainu_Koillinen</translation>
+    </message>
+    <message>
+        <source>Finnish reference values: Kainu for adults and Koillinen for children</source>
+        <translation>Finnish reference values: Kainu for adults and Koillinen for children</translation>
+    </message>
+    <message>
+        <source>Klement</source>
+        <translation>Klement</translation>
+    </message>
+    <message>
+        <source> Russian reference values: Klement for adults and children</source>
+        <translation> Russian reference values: Klement for adults and children</translation>
+    </message>
+    <message>
+        <source>Knudson</source>
+        <translation>Knudson</translation>
+    </message>
+    <message>
+        <source> Knudson for adults and children</source>
+        <translation> Knudson for adults and children</translation>
+    </message>
+    <message>
+        <source>Langhammer_Z</source>
+        <translation>Langhammer_Z</translation>
+    </message>
+    <message>
+        <source>Norwegian reference values: Langhammer for adults, Zapletal for children</source>
+        <translation>Norwegian reference values: Langhammer for adults, Zapletal for children</translation>
+    </message>
+    <message>
+        <source>NHANES III_W</source>
+        <translation>NHANES III_W</translation>
+    </message>
+    <message>
+        <source>NHANES III (Hankinson) for 8-80-year-olds. Wang for children under 8 years</source>
+        <translation>NHANES III (Hankinson) for 8-80-year-olds. Wang for children under 8 years</translation>
+    </message>
+    <message>
+        <source>NHANES III_W_African_American</source>
+        <translation>NHANES III_W_African_American</translation>
+    </message>
+    <message>
+        <source>NHANES III (Hankinson) for 8-80-year-olds and Wang for children under 8 years African American ethnics</source>
+        <translation>NHANES III (Hankinson) for 8-80-year-olds and Wang for children under 8 years African American ethnics</translation>
+    </message>
+    <message>
+        <source>NHANES III_W_Mexican_American</source>
+        <translation>NHANES III_W_Mexican_American</translation>
+    </message>
+    <message>
+        <source>NHANES III (Hankinson) for 8-80-year-olds and Wang for children under 8 years Mexican American ethnics</source>
+        <translation>NHANES III (Hankinson) for 8-80-year-olds and Wang for children under 8 years Mexican American ethnics</translation>
+    </message>
+    <message>
+        <source>NHANES III_W_Other</source>
+        <translation>NHANES III_W_Other</translation>
+    </message>
+    <message>
+        <source>NHANES III (Hankinson) for 8-80-year-olds and Wang for children under 8 years other ethnics</source>
+        <translation>NHANES III (Hankinson) for 8-80-year-olds and Wang for children under 8 years other ethnics</translation>
+    </message>
+    <message>
+        <source>SEPAR</source>
+        <translation>SEPAR</translation>
+    </message>
+    <message>
+        <source>Spanish reference values: SEPAR for adults and children</source>
+        <translation>Spanish reference values: SEPAR for adults and children</translation>
+    </message>
+    <message>
+        <source>Udwadia</source>
+        <translation>Udwadia</translation>
+    </message>
+    <message>
+        <source>Indian reference values: Udwadia for adults and adolescents</source>
+        <translation>Indian reference values: Udwadia for adults and adolescents</translation>
+    </message>
+    <message>
+        <source>Vijayan</source>
+        <translation>Vijayan</translation>
+    </message>
+    <message>
+        <source>Indian reference values: Vijayan for adults and adolescents</source>
+        <translation>Indian reference values: Vijayan for adults and adolescents</translation>
+    </message>
+    <message>
+        <source>Viljanen_Kiv</source>
+        <translation>Viljanen_Kiv</translation>
+    </message>
+    <message>
+        <source>Estonian reference values: Viljanen for adults, Kivastik for children</source>
+        <translation>Estonian reference values: Viljanen for adults, Kivastik for children</translation>
+    </message>
+    <message>
+        <source>Viljanen_Koi</source>
+        <translation>Viljanen_Koi</translation>
+    </message>
+    <message>
+        <source>Finnish reference values: Viljanen for adults, Koillinen for children</source>
+        <translation>Finnish reference values: Viljanen for adults, Koillinen for children</translation>
+    </message>
+</context>
+<context>
     <name>RemoveButton</name>
     <message>
         <source>Remove custom field</source>
@@ -1638,6 +2586,64 @@
     <message>
         <source>Cancel</source>
         <translation>Cancel</translation>
+    </message>
+</context>
+<context>
+    <name>SaveFile</name>
+    <message>
+        <source>Saving failed</source>
+        <translation>Saving failed</translation>
+    </message>
+    <message>
+        <source>The file %1 could not be saved.</source>
+        <translation>The file %1 could not be saved.</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>Ok</translation>
+    </message>
+</context>
+<context>
+    <name>SearchSettingsView</name>
+    <message>
+        <source>First name</source>
+        <translation>First name</translation>
+    </message>
+    <message>
+        <source>Middle name</source>
+        <translation>Middle name</translation>
+    </message>
+    <message>
+        <source>Last name</source>
+        <translation>Last name</translation>
+    </message>
+    <message>
+        <source>Personal ID</source>
+        <translation>Personal ID</translation>
+    </message>
+    <message>
+        <source>Person code</source>
+        <translation>Person code</translation>
+    </message>
+    <message>
+        <source>Minimum search characters</source>
+        <translation>Minimum search characters</translation>
+    </message>
+    <message>
+        <source>Search results in single row</source>
+        <translation>Search results in single row</translation>
+    </message>
+    <message>
+        <source>Person search result</source>
+        <translation>Person search result</translation>
+    </message>
+    <message>
+        <source>Search parameters</source>
+        <translation>Search parameters</translation>
+    </message>
+    <message>
+        <source>Custom fields to search:</source>
+        <translation>Custom fields to search:</translation>
     </message>
 </context>
 <context>
@@ -1800,6 +2806,18 @@ Previous settings restored.</translation>
         <source>Notice.</source>
         <translation>Notice.</translation>
     </message>
+    <message>
+        <source>Search</source>
+        <translation>Search</translation>
+    </message>
+    <message>
+        <source>Person fields</source>
+        <translation>Person fields</translation>
+    </message>
+    <message>
+        <source>Study fields</source>
+        <translation>Study fields</translation>
+    </message>
 </context>
 <context>
     <name>SqlCipherDriver</name>
@@ -1856,6 +2874,92 @@ Previous settings restored.</translation>
     </message>
 </context>
 <context>
+    <name>StandardFields</name>
+    <message>
+        <source>Full Name</source>
+        <translation>Full Name</translation>
+    </message>
+    <message>
+        <source>First Name</source>
+        <translation>First Name</translation>
+    </message>
+    <message>
+        <source>Middle Name</source>
+        <translation>Middle Name</translation>
+    </message>
+    <message>
+        <source>Last Name</source>
+        <translation>Last Name</translation>
+    </message>
+    <message>
+        <source>Personal ID</source>
+        <translation>Personal ID</translation>
+    </message>
+    <message>
+        <source>Birthdate</source>
+        <translation>Birthdate</translation>
+    </message>
+    <message>
+        <source>Person code</source>
+        <translation>Person code</translation>
+    </message>
+    <message>
+        <source>Gender</source>
+        <translation>Gender</translation>
+    </message>
+    <message>
+        <source>Ethnic group</source>
+        <translation>Ethnic group</translation>
+    </message>
+    <message>
+        <source>(empty)</source>
+        <translation>(empty)</translation>
+    </message>
+</context>
+<context>
+    <name>StudySettingsView</name>
+    <message>
+        <source>Study information settings for</source>
+        <translation>Study information settings for</translation>
+    </message>
+    <message>
+        <source>More study specific settings available when study plugins are installed</source>
+        <translation>More study specific settings available when study plugins are installed</translation>
+    </message>
+    <message>
+        <source>Hidden spirometry reference sets</source>
+        <translation>Hidden spirometry reference sets</translation>
+    </message>
+    <message>
+        <source>Default spirometry reference set</source>
+        <translation>Default spirometry reference set</translation>
+    </message>
+    <message>
+        <source>Spirometry</source>
+        <translation>Spirometry</translation>
+    </message>
+    <message>
+        <source>Select to hide</source>
+        <translation>Select to hide</translation>
+    </message>
+    <message>
+        <source>Application name</source>
+        <translation>Application name</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>Date</translation>
+    </message>
+    <message>
+        <source>Study list fields</source>
+        <translation>Study list fields</translation>
+    </message>
+    <message>
+        <source>Hidden study field editors</source>
+        <translation>Hidden study field editors</translation>
+    </message>
+</context>
+<context>
     <name>SupportConnectionHandler</name>
     <message>
         <source>Connected to authentication database</source>
@@ -1892,6 +2996,25 @@ Previous settings restored.</translation>
     <message>
         <source>Ok</source>
         <translation>Ok</translation>
+    </message>
+</context>
+<context>
+    <name>TableHelper</name>
+    <message>
+        <source>Delete</source>
+        <translation>Delete</translation>
+    </message>
+    <message>
+        <source>Are you sure?</source>
+        <translation>Are you sure?</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>Ok</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>No</translation>
     </message>
 </context>
 <context>

@@ -25,6 +25,116 @@
     </message>
 </context>
 <context>
+    <name>AccessRights</name>
+    <message>
+        <source>Settings</source>
+        <translation>設定</translation>
+    </message>
+    <message>
+        <source>Distribute settings</source>
+        <translation>設定を配布</translation>
+    </message>
+    <message>
+        <source>Download settings</source>
+        <translation>設定をダウンロード</translation>
+    </message>
+    <message>
+        <source>Write local DB settings</source>
+        <translation>ローカルのデータベース設定を書き込む</translation>
+    </message>
+    <message>
+        <source>Audit Trail and Access Control</source>
+        <translation>監査証跡とアクセス制御</translation>
+    </message>
+    <message>
+        <source>Access control management</source>
+        <translation>アクセス制御の管理</translation>
+    </message>
+    <message>
+        <source>Audit trail management</source>
+        <translation>監査証跡の管理</translation>
+    </message>
+    <message>
+        <source>Person Access</source>
+        <translation>個人へのアクセス</translation>
+    </message>
+    <message>
+        <source>Read person</source>
+        <translation>個人の参照</translation>
+    </message>
+    <message>
+        <source>Modify person</source>
+        <translation>個人の変更</translation>
+    </message>
+    <message>
+        <source>Create person</source>
+        <translation>個人の作成</translation>
+    </message>
+    <message>
+        <source>Delete person</source>
+        <translation>個人の削除</translation>
+    </message>
+    <message>
+        <source>Study Access</source>
+        <translation>検査へのアクセス</translation>
+    </message>
+    <message>
+        <source>Read study</source>
+        <translation>検査の参照</translation>
+    </message>
+    <message>
+        <source>Modify study</source>
+        <translation>検査の変更</translation>
+    </message>
+    <message>
+        <source>Create study</source>
+        <translation>検査の作成</translation>
+    </message>
+    <message>
+        <source>Delete study</source>
+        <translation>検査の削除</translation>
+    </message>
+    <message>
+        <source>Transfer</source>
+        <translation>転送</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>インポート</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>エクスポート</translation>
+    </message>
+</context>
+<context>
+    <name>AccessRoleEditDialog</name>
+    <message>
+        <source>Role</source>
+        <translation>役割</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名前</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>保存</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Delete role</source>
+        <translation>役割を削除</translation>
+    </message>
+    <message>
+        <source>Role is in use. Deselect role from users to delete it</source>
+        <translation>この役割は使用中です。削除するには、ユーザーの選択を解除してください</translation>
+    </message>
+</context>
+<context>
     <name>AccessSettingsView</name>
     <message>
         <source>None</source>
@@ -32,11 +142,11 @@
     </message>
     <message>
         <source>Windows group based</source>
-        <translation>Windows グループ</translation>
+        <translation>Windowsグループ</translation>
     </message>
     <message>
         <source>Windows user based</source>
-        <translation>Windows ユーザー</translation>
+        <translation>Windowsユーザー</translation>
     </message>
     <message>
         <source>Internal users</source>
@@ -48,7 +158,7 @@
     </message>
     <message>
         <source>Access control method</source>
-        <translation>アクセス制御の方式</translation>
+        <translation>アクセス制御の方法</translation>
     </message>
     <message>
         <source>Offline Cache</source>
@@ -64,15 +174,15 @@
     </message>
     <message>
         <source>Warn user of expiration</source>
-        <translation>期限切れをユーザーに警告する</translation>
+        <translation>有効期限をユーザーに警告</translation>
     </message>
     <message>
         <source>Local access control system</source>
-        <translation>ローカルのアクセス制御システム</translation>
+        <translation>ローカルアクセス制御システム</translation>
     </message>
     <message>
         <source>Path to local access control database</source>
-        <translation>ローカルのアクセス制御データベースのパス</translation>
+        <translation>ローカルアクセス制御データベースのパス</translation>
     </message>
     <message>
         <source>Browse...</source>
@@ -104,7 +214,7 @@
     </message>
     <message>
         <source> Days (No expiration)</source>
-        <translation> 日 (無期限)</translation>
+        <translation> 日 (有効期限なし)</translation>
     </message>
     <message>
         <source>Select offline database location directory</source>
@@ -124,31 +234,431 @@
     </message>
     <message>
         <source>Setting not accepted</source>
-        <translation>設定は受け付けられませんでした</translation>
+        <translation>設定の適用の失敗</translation>
     </message>
     <message>
         <source>Setting was not loaded nor written.</source>
-        <translation>設定の読み取りも書き込みも行われませんでした。</translation>
+        <translation>設定は読み込みも書き込みもされませんでした。</translation>
     </message>
     <message>
         <source>Setting read</source>
-        <translation>設定を読み取りました</translation>
+        <translation>設定の読み取り</translation>
     </message>
     <message>
         <source>Setting value for connected database is now shown.</source>
-        <translation>接続したデータベースの設定値を表示しています。</translation>
+        <translation>接続中のデータベースの設定値を表示しています。</translation>
     </message>
     <message>
         <source>Setting accepted</source>
-        <translation>設定を受け付けました</translation>
+        <translation>設定の適用</translation>
     </message>
     <message>
         <source>Setting is now bound to the connected database. Please save or distribute to bring into effect.</source>
-        <translation>設定は接続したデータベースに結び付けられました。有効にするには、保存または配布してください。</translation>
+        <translation>設定は接続中のデータベースに関連付けられました。有効にするには、保存または配布してください。</translation>
     </message>
     <message>
         <source>Ok</source>
         <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>AccessUserWizard</name>
+    <message>
+        <source>Last Name</source>
+        <translation>姓</translation>
+    </message>
+    <message>
+        <source>Middle Name</source>
+        <translation>ミドルネーム</translation>
+    </message>
+    <message>
+        <source>First Name</source>
+        <translation>名</translation>
+    </message>
+    <message>
+        <source>Organisation</source>
+        <translation>組織</translation>
+    </message>
+    <message>
+        <source>Department</source>
+        <translation>部署</translation>
+    </message>
+    <message>
+        <source>Username</source>
+        <translation>ユーザー名</translation>
+    </message>
+    <message>
+        <source>Password</source>
+        <translation>パスワード</translation>
+    </message>
+    <message>
+        <source>Confirm Password</source>
+        <translation>パスワードの確認</translation>
+    </message>
+    <message>
+        <source>Computer or domain</source>
+        <translation>コンピューターまたはドメイン</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>保存</translation>
+    </message>
+    <message>
+        <source>Remove user</source>
+        <translation>ユーザーを削除</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>破棄</translation>
+    </message>
+    <message>
+        <source>Discard changes?</source>
+        <translation>変更を破棄しますか？</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Windows group</source>
+        <translation>Windows グループ</translation>
+    </message>
+    <message>
+        <source>Windows user</source>
+        <translation>Windowsユーザー</translation>
+    </message>
+    <message>
+        <source>Enter name manually</source>
+        <translation>名前を手動で入力</translation>
+    </message>
+    <message>
+        <source>Local computer</source>
+        <translation>ローカルコンピューター</translation>
+    </message>
+    <message>
+        <source>COMPUTER</source>
+        <translation>コンピューター</translation>
+    </message>
+    <message>
+        <source>DOMAIN</source>
+        <translation>ドメイン</translation>
+    </message>
+    <message>
+        <source>OR</source>
+        <translation>または</translation>
+    </message>
+    <message>
+        <source>GROUP</source>
+        <translation>グループ</translation>
+    </message>
+    <message>
+        <source>USER</source>
+        <translation>ユーザー</translation>
+    </message>
+    <message>
+        <source>Select a Windows group</source>
+        <translation>Windowsグループを選択</translation>
+    </message>
+    <message>
+        <source>Select a Windows user</source>
+        <translation>Windowsユーザーを選択</translation>
+    </message>
+    <message>
+        <source>Internal user</source>
+        <translation>内部ユーザー</translation>
+    </message>
+    <message>
+        <source>Username and Password cannot be empty</source>
+        <translation>ユーザー名とパスワードは空にできません</translation>
+    </message>
+    <message>
+        <source>Remove group</source>
+        <translation>グループを削除</translation>
+    </message>
+    <message>
+        <source>Associations to the roles will be removed.</source>
+        <translation>役割との関連付けも削除されます。</translation>
+    </message>
+    <message>
+        <source>Password does not match with confirmation</source>
+        <translation>パスワードが確認用の入力と一致しません</translation>
+    </message>
+    <message>
+        <source>Username </source>
+        <translation>ユーザー名 </translation>
+    </message>
+    <message>
+        <source>and </source>
+        <translation>と </translation>
+    </message>
+    <message numerus="yes">
+        <source>Password </source>
+        <comment>If singular, the word starts the sentence, otherwise not.</comment>
+        <translation>
+            <numerusform>パスワード </numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>cannot be empty.</source>
+        <comment>Before this can be: &quot;Username&quot; , &quot;Password&quot; or &quot;Username and password&quot;</comment>
+        <translation>
+            <numerusform>は空にできません。</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>AccesscontrolView</name>
+    <message>
+        <source>There are unsaved changes.
+Save now?</source>
+        <translation>保存されていない変更があります。
+今すぐ保存しますか？</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>はい</translation>
+    </message>
+    <message>
+        <source>Not now</source>
+        <translation>後で</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Access Control Management</source>
+        <translation>アクセス制御管理</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>いいえ</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>削除</translation>
+    </message>
+    <message>
+        <source>Save failed</source>
+        <translation>保存の失敗</translation>
+    </message>
+    <message>
+        <source>Could not save </source>
+        <translation>次の項目を保存できませんでした </translation>
+    </message>
+    <message>
+        <source>Unsaved changes</source>
+        <translation>保存されていない変更</translation>
+    </message>
+    <message>
+        <source>Please save first</source>
+        <translation>先に保存してください</translation>
+    </message>
+    <message>
+        <source>Delete failed</source>
+        <translation>削除の失敗</translation>
+    </message>
+    <message>
+        <source>Could not delete.</source>
+        <translation>削除できませんでした。</translation>
+    </message>
+    <message>
+        <source>Load failed</source>
+        <translation>読み込みの失敗</translation>
+    </message>
+    <message>
+        <source>Could not load organisational information: </source>
+        <translation>組織情報を読み込めませんでした： </translation>
+    </message>
+    <message>
+        <source>Name taken</source>
+        <translation>使用済みの名前</translation>
+    </message>
+    <message>
+        <source>Please enter unique name.</source>
+        <translation>重複しない名前を入力してください。</translation>
+    </message>
+    <message>
+        <source>Could not save.</source>
+        <translation>保存できませんでした。</translation>
+    </message>
+    <message>
+        <source>Username taken</source>
+        <translation>使用済みのユーザー名</translation>
+    </message>
+    <message>
+        <source>Please enter unique username.</source>
+        <translation>重複しないユーザー名を入力してください。</translation>
+    </message>
+    <message>
+        <source>Username empty</source>
+        <translation>ユーザー名の未入力</translation>
+    </message>
+    <message>
+        <source>Please enter username.</source>
+        <translation>ユーザー名を入力してください。</translation>
+    </message>
+    <message>
+        <source>Name empty</source>
+        <translation>名前の未入力</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>保存</translation>
+    </message>
+    <message>
+        <source>Users</source>
+        <translation>ユーザー</translation>
+    </message>
+    <message>
+        <source>Roles</source>
+        <translation>役割</translation>
+    </message>
+    <message>
+        <source>Organisations</source>
+        <translation>組織</translation>
+    </message>
+    <message>
+        <source>Departments</source>
+        <translation>部署</translation>
+    </message>
+    <message>
+        <source>Internal users</source>
+        <translation>内部ユーザー</translation>
+    </message>
+    <message>
+        <source>Windows group based</source>
+        <translation>Windowsグループ</translation>
+    </message>
+    <message>
+        <source>Windows user based</source>
+        <translation>Windowsユーザー</translation>
+    </message>
+    <message>
+        <source>View</source>
+        <translation>表示</translation>
+    </message>
+    <message>
+        <source>Type of users</source>
+        <translation>ユーザーの種類</translation>
+    </message>
+    <message>
+        <source>Add new role</source>
+        <translation>役割を追加</translation>
+    </message>
+    <message>
+        <source>Add new organisation</source>
+        <translation>組織を追加</translation>
+    </message>
+    <message>
+        <source>Add new department</source>
+        <translation>部署を追加</translation>
+    </message>
+    <message>
+        <source>Add new Windows user</source>
+        <translation>Windowsユーザーを追加</translation>
+    </message>
+    <message>
+        <source>Add new Windows group</source>
+        <translation>Windowsグループを追加</translation>
+    </message>
+    <message>
+        <source>Add new internal user</source>
+        <translation>内部ユーザーを追加</translation>
+    </message>
+    <message>
+        <source>Organisation</source>
+        <translation>組織</translation>
+    </message>
+    <message>
+        <source>Department</source>
+        <translation>部署</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>住所</translation>
+    </message>
+    <message>
+        <source>Enter address</source>
+        <translation>住所を入力</translation>
+    </message>
+    <message>
+        <source>Enter name</source>
+        <translation>名前を入力</translation>
+    </message>
+</context>
+<context>
+    <name>AuditTrailChartDialog</name>
+    <message>
+        <source>Events by hour (UTC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Events by day (UTC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Events by week (UTC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Events by month (UTC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Events by year (UTC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Events by decade (UTC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Events by century (UTC)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 events</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 more without a time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Audit events over time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save as picture...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save as picture</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>PNG (*.png)</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>AuditTrailExport</name>
+    <message>
+        <source>Saving the audit trail</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -254,6 +764,21 @@
     </message>
 </context>
 <context>
+    <name>AuditTrailReader</name>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>%1: %2 rows</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: %2 of %3 rows</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>AuditTrailView</name>
     <message>
         <source>Filter by:</source>
@@ -346,6 +871,34 @@
     <message>
         <source>Deselect</source>
         <translation>選択解除</translation>
+    </message>
+    <message>
+        <source>Copy rows with headers</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Copy cell</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save as CSV...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show chart...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save the audit trail</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>CSV (*.csv)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reading the audit trail</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -478,7 +1031,7 @@
     </message>
     <message>
         <source>Deleting from database:</source>
-        <translation>データベースから削除します:</translation>
+        <translation>データベースから削除します：</translation>
     </message>
     <message>
         <source>OK</source>
@@ -506,7 +1059,7 @@
     </message>
     <message>
         <source>Deleting settings configuration from database was unsuccessful.</source>
-        <translation>設定構成をデータベースから削除できませんでした。</translation>
+        <translation>データベースから設定構成を削除できませんでした。</translation>
     </message>
     <message>
         <source>Ok</source>
@@ -566,6 +1119,49 @@
     <message>
         <source>Choose database file</source>
         <translation>データベースファイルを選択</translation>
+    </message>
+</context>
+<context>
+    <name>CustomPersonField</name>
+    <message>
+        <source>Move up</source>
+        <translation>上へ移動</translation>
+    </message>
+    <message>
+        <source>Move down</source>
+        <translation>下へ移動</translation>
+    </message>
+    <message>
+        <source>Name of the custom field</source>
+        <translation>カスタムフィールドの名前</translation>
+    </message>
+    <message>
+        <source>Visibility of the custom field</source>
+        <translation>カスタムフィールドの表示</translation>
+    </message>
+    <message>
+        <source>Visible</source>
+        <translation>表示</translation>
+    </message>
+    <message>
+        <source>Not visible</source>
+        <translation>非表示</translation>
+    </message>
+    <message>
+        <source>Lines of the custom field</source>
+        <translation>カスタムフィールドの行数</translation>
+    </message>
+    <message>
+        <source>One line</source>
+        <translation>1行</translation>
+    </message>
+    <message>
+        <source>Multi line</source>
+        <translation>複数行</translation>
+    </message>
+    <message>
+        <source>New field</source>
+        <translation>新しい項目</translation>
     </message>
 </context>
 <context>
@@ -728,11 +1324,11 @@
     <name>DistributionView</name>
     <message>
         <source>Check user rights and try again.</source>
-        <translation>ユーザーの権限を確認して、もう一度お試しください。</translation>
+        <translation>ユーザー権限を確認して、もう一度お試しください。</translation>
     </message>
     <message>
         <source>Check configuration ID and try again.</source>
-        <translation>構成 ID を確認して、もう一度お試しください。</translation>
+        <translation>構成IDを確認して、もう一度お試しください。</translation>
     </message>
     <message>
         <source>Check connection options and try again.</source>
@@ -740,7 +1336,7 @@
     </message>
     <message>
         <source>Distribute settings</source>
-        <translation>設定の配布</translation>
+        <translation>設定を配布</translation>
     </message>
     <message>
         <source>Options to connect settings database</source>
@@ -752,7 +1348,7 @@
     </message>
     <message>
         <source>Inform user about settings change</source>
-        <translation>設定の変更をユーザーに知らせる</translation>
+        <translation>設定の変更をユーザーに通知</translation>
     </message>
     <message>
         <source>Add configuration release notes</source>
@@ -784,7 +1380,7 @@
     </message>
     <message>
         <source>Settings could not be inserted to database.</source>
-        <translation>設定をデータベースに追加できませんでした。</translation>
+        <translation>設定をデータベースに登録できませんでした。</translation>
     </message>
 </context>
 <context>
@@ -864,6 +1460,49 @@
     <message>
         <source>No Information</source>
         <translation>情報なし</translation>
+    </message>
+</context>
+<context>
+    <name>FieldSettingsView</name>
+    <message>
+        <source>Person information settings</source>
+        <translation>個人情報の設定</translation>
+    </message>
+    <message>
+        <source>Standard fields</source>
+        <translation>標準項目</translation>
+    </message>
+    <message>
+        <source>Required by</source>
+        <translation>必要とするアプリケーション</translation>
+    </message>
+    <message>
+        <source>Mandatory</source>
+        <translation>必須</translation>
+    </message>
+    <message>
+        <source>Visible</source>
+        <translation>表示</translation>
+    </message>
+    <message>
+        <source>Not visible</source>
+        <translation>非表示</translation>
+    </message>
+    <message>
+        <source>Summary fields</source>
+        <translation>概要項目</translation>
+    </message>
+    <message>
+        <source>Order of the full name</source>
+        <translation>氏名の順序</translation>
+    </message>
+    <message>
+        <source>Custom fields</source>
+        <translation>カスタム項目</translation>
+    </message>
+    <message>
+        <source>Add new custom field</source>
+        <translation>カスタム項目を追加</translation>
     </message>
 </context>
 <context>
@@ -1610,6 +2249,313 @@
     </message>
 </context>
 <context>
+    <name>QObject</name>
+    <message>
+        <source>Bergl_Z</source>
+        <translation>Bergl_Z</translation>
+    </message>
+    <message>
+        <source>Berglund for adults, Zapletal for children</source>
+        <translation>成人：Berglund、小児：Zapletal</translation>
+    </message>
+    <message>
+        <source>Brazil</source>
+        <translation>ブラジル</translation>
+    </message>
+    <message>
+        <source>Brazilian reference values</source>
+        <translation>ブラジル基準値</translation>
+    </message>
+    <message>
+        <source>China</source>
+        <translation>中国</translation>
+    </message>
+    <message>
+        <source>Chinese reference values</source>
+        <translation>中国基準値</translation>
+    </message>
+    <message>
+        <source>Cra_Knu</source>
+        <translation>Cra_Knu</translation>
+    </message>
+    <message>
+        <source>Crapo for adults, Knudson for children</source>
+        <translation>成人：Crapo、小児：Knudson</translation>
+    </message>
+    <message>
+        <source>ECSC_IGiChP</source>
+        <translation>ECSC_IGiChP</translation>
+    </message>
+    <message>
+        <source>Polish reference values: ECSC for adults, IGiChP for children</source>
+        <translation>ポーランド基準値 成人：ECSC、小児：IGiChP</translation>
+    </message>
+    <message>
+        <source>ECSC_P</source>
+        <translation>ECSC_P</translation>
+    </message>
+    <message>
+        <source>European Coal and Steel Community for adults, Polgar for children</source>
+        <translation>成人：欧州石炭鉄鋼共同体、小児：Polgar</translation>
+    </message>
+    <message>
+        <source>ECSC_PZ</source>
+        <translation>ECSC_PZ</translation>
+    </message>
+    <message>
+        <source>European Coal and Steel Community for adults, Polgar and partly Zapletal for children</source>
+        <translation>成人：欧州石炭鉄鋼共同体、小児：Polgarおよび一部Zapletal</translation>
+    </message>
+    <message>
+        <source>ECSC_Qua</source>
+        <translation>ECSC_Qua</translation>
+    </message>
+    <message>
+        <source>European Coal and Steel Community for adults, Quanjer for children</source>
+        <translation>成人：欧州石炭鉄鋼共同体、小児：Quanjer</translation>
+    </message>
+    <message>
+        <source>ECSC_Qua_AT</source>
+        <translation>ECSC_Qua_AT</translation>
+    </message>
+    <message>
+        <source>European Coal and Steel Community for adults, Quanjer for Austrian children</source>
+        <translation>成人：欧州石炭鉄鋼共同体、オーストリアの小児：Quanjer</translation>
+    </message>
+    <message>
+        <source>ECSC_Qua_ES</source>
+        <translation>ECSC_Qua_ES</translation>
+    </message>
+    <message>
+        <source>European Coal and Steel Community for adults, Quanjer for Spanish children</source>
+        <translation>成人：欧州石炭鉄鋼共同体、スペインの小児：Quanjer</translation>
+    </message>
+    <message>
+        <source>ECSC_Qua_GB</source>
+        <translation>ECSC_Qua_GB</translation>
+    </message>
+    <message>
+        <source>European Coal and Steel Community for adults, Quanjer for English children</source>
+        <translation>成人：欧州石炭鉄鋼共同体、英国の小児：Quanjer</translation>
+    </message>
+    <message>
+        <source>ECSC_Z</source>
+        <translation>ECSC_Z</translation>
+    </message>
+    <message>
+        <source>European Coal and Steel Community for adults, Zapletal for children</source>
+        <translation>成人：欧州石炭鉄鋼共同体、小児：Zapletal</translation>
+    </message>
+    <message>
+        <source>Forche2</source>
+        <translation>Forche2</translation>
+    </message>
+    <message>
+        <source>Austrian reference values: Forche for adults and children</source>
+        <translation>オーストリア基準値 成人・小児：Forche</translation>
+    </message>
+    <message>
+        <source>Garcia-Rio_Roca_SEP</source>
+        <translation>Garcia-Rio_Roca_SEP</translation>
+    </message>
+    <message>
+        <source>Spanish reference values: Garcia-Rio for elderly, Roca for adults, SEPAR for children</source>
+        <translation>スペイン基準値 高齢者：Garcia-Rio、成人：Roca、小児：SEPAR</translation>
+    </message>
+    <message>
+        <source>GLI2012</source>
+        <translation>GLI2012</translation>
+    </message>
+    <message>
+        <source>Global Lung Function Initiative reference values for adults and children</source>
+        <translation>Global Lung Function Initiative 基準値 成人・小児</translation>
+    </message>
+    <message>
+        <source>GLI2012_African_American</source>
+        <translation>GLI2012_African_American</translation>
+    </message>
+    <message>
+        <source>Global Lung Function Initiative reference values for African American adults and children</source>
+        <translation>Global Lung Function Initiative 基準値 アフリカ系アメリカ人の成人・小児</translation>
+    </message>
+    <message>
+        <source>GLI2012_Caucasian</source>
+        <translation>GLI2012_Caucasian</translation>
+    </message>
+    <message>
+        <source>Global Lung Function Initiative reference values for Caucasian adults and children</source>
+        <translation>Global Lung Function Initiative 基準値 コーカソイドの成人・小児</translation>
+    </message>
+    <message>
+        <source>GLI2012_North_East_Asians</source>
+        <translation>GLI2012_North_East_Asians</translation>
+    </message>
+    <message>
+        <source>Global Lung Function Initiative reference values for North East Asians adults and children</source>
+        <translation>Global Lung Function Initiative 基準値 北東アジア人の成人・小児</translation>
+    </message>
+    <message>
+        <source>GLI2012_South_East_Asians</source>
+        <translation>GLI2012_South_East_Asians</translation>
+    </message>
+    <message>
+        <source>Global Lung Function Initiative reference values for South East Asians adults and children</source>
+        <translation>Global Lung Function Initiative 基準値 東南アジア人の成人・小児</translation>
+    </message>
+    <message>
+        <source>GLI2012_Other/mixed</source>
+        <translation>GLI2012_Other/mixed</translation>
+    </message>
+    <message>
+        <source>Global Lung Function Initiative reference values for Other/mixed adults and children</source>
+        <translation>Global Lung Function Initiative 基準値 その他／混血の成人・小児</translation>
+    </message>
+    <message>
+        <source>Gulsvik_Z</source>
+        <translation>Gulsvik_Z</translation>
+    </message>
+    <message>
+        <source>Norwegian reference values: Gulsvik for adults, Zapletal for children</source>
+        <translation>ノルウェー基準値 成人：Gulsvik、小児：Zapletal</translation>
+    </message>
+    <message>
+        <source>Hedenstrom_Sol</source>
+        <translation>Hedenstrom_Sol</translation>
+    </message>
+    <message>
+        <source>Swedish reference values: Hedenstrom for adults, Solymar for children</source>
+        <translation>スウェーデン基準値 成人：Hedenstrom、小児：Solymar</translation>
+    </message>
+    <message>
+        <source>Hedenstrom_Z</source>
+        <translation>Hedenstrom_Z</translation>
+    </message>
+    <message>
+        <source> Swedish reference values: Hedenstrom for adults, Zapletal for children</source>
+        <translation> スウェーデン基準値 成人：Hedenstrom、小児：Zapletal</translation>
+    </message>
+    <message>
+        <source>Japan</source>
+        <translation>日本</translation>
+    </message>
+    <message>
+        <source> Japanese reference values</source>
+        <translation> 日本基準値</translation>
+    </message>
+    <message>
+        <source>Jindal</source>
+        <translation>Jindal</translation>
+    </message>
+    <message>
+        <source>Indian reference values: Jindal for adults and adolescents</source>
+        <translation>インド基準値 成人・青少年：Jindal</translation>
+    </message>
+    <message>
+        <source>Kainu_Koillinen</source>
+        <translation>Kainu_Koillinen</translation>
+    </message>
+    <message>
+        <source>Finnish reference values: Kainu for adults and Koillinen for children</source>
+        <translation>フィンランド基準値 成人：Kainu、小児：Koillinen</translation>
+    </message>
+    <message>
+        <source>Klement</source>
+        <translation>Klement</translation>
+    </message>
+    <message>
+        <source> Russian reference values: Klement for adults and children</source>
+        <translation> ロシア基準値 成人・小児：Klement</translation>
+    </message>
+    <message>
+        <source>Knudson</source>
+        <translation>Knudson</translation>
+    </message>
+    <message>
+        <source> Knudson for adults and children</source>
+        <translation> 成人・小児：Knudson</translation>
+    </message>
+    <message>
+        <source>Langhammer_Z</source>
+        <translation>Langhammer_Z</translation>
+    </message>
+    <message>
+        <source>Norwegian reference values: Langhammer for adults, Zapletal for children</source>
+        <translation>ノルウェー基準値 成人：Langhammer、小児：Zapletal</translation>
+    </message>
+    <message>
+        <source>NHANES III_W</source>
+        <translation>NHANES III_W</translation>
+    </message>
+    <message>
+        <source>NHANES III (Hankinson) for 8-80-year-olds. Wang for children under 8 years</source>
+        <translation>8～80歳：NHANES III (Hankinson)。8歳未満の小児：Wang</translation>
+    </message>
+    <message>
+        <source>NHANES III_W_African_American</source>
+        <translation>NHANES III_W_African_American</translation>
+    </message>
+    <message>
+        <source>NHANES III (Hankinson) for 8-80-year-olds and Wang for children under 8 years African American ethnics</source>
+        <translation>8～80歳：NHANES III (Hankinson)、8歳未満の小児：Wang、アフリカ系アメリカ人</translation>
+    </message>
+    <message>
+        <source>NHANES III_W_Mexican_American</source>
+        <translation>NHANES III_W_Mexican_American</translation>
+    </message>
+    <message>
+        <source>NHANES III (Hankinson) for 8-80-year-olds and Wang for children under 8 years Mexican American ethnics</source>
+        <translation>8～80歳：NHANES III (Hankinson)、8歳未満の小児：Wang、メキシコ系アメリカ人</translation>
+    </message>
+    <message>
+        <source>NHANES III_W_Other</source>
+        <translation>NHANES III_W_Other</translation>
+    </message>
+    <message>
+        <source>NHANES III (Hankinson) for 8-80-year-olds and Wang for children under 8 years other ethnics</source>
+        <translation>8～80歳：NHANES III (Hankinson)、8歳未満の小児：Wang、その他の民族</translation>
+    </message>
+    <message>
+        <source>SEPAR</source>
+        <translation>SEPAR</translation>
+    </message>
+    <message>
+        <source>Spanish reference values: SEPAR for adults and children</source>
+        <translation>スペイン基準値 成人・小児：SEPAR</translation>
+    </message>
+    <message>
+        <source>Udwadia</source>
+        <translation>Udwadia</translation>
+    </message>
+    <message>
+        <source>Indian reference values: Udwadia for adults and adolescents</source>
+        <translation>インド基準値 成人・青少年：Udwadia</translation>
+    </message>
+    <message>
+        <source>Vijayan</source>
+        <translation>Vijayan</translation>
+    </message>
+    <message>
+        <source>Indian reference values: Vijayan for adults and adolescents</source>
+        <translation>インド基準値 成人・青少年：Vijayan</translation>
+    </message>
+    <message>
+        <source>Viljanen_Kiv</source>
+        <translation>Viljanen_Kiv</translation>
+    </message>
+    <message>
+        <source>Estonian reference values: Viljanen for adults, Kivastik for children</source>
+        <translation>エストニア基準値 成人：Viljanen、小児：Kivastik</translation>
+    </message>
+    <message>
+        <source>Viljanen_Koi</source>
+        <translation>Viljanen_Koi</translation>
+    </message>
+    <message>
+        <source>Finnish reference values: Viljanen for adults, Koillinen for children</source>
+        <translation>フィンランド基準値 成人：Viljanen、小児：Koillinen</translation>
+    </message>
+</context>
+<context>
     <name>RemoveButton</name>
     <message>
         <source>Remove custom field</source>
@@ -1638,6 +2584,64 @@
     <message>
         <source>Cancel</source>
         <translation>キャンセル</translation>
+    </message>
+</context>
+<context>
+    <name>SaveFile</name>
+    <message>
+        <source>Saving failed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The file %1 could not be saved.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>SearchSettingsView</name>
+    <message>
+        <source>First name</source>
+        <translation>名</translation>
+    </message>
+    <message>
+        <source>Middle name</source>
+        <translation>ミドルネーム</translation>
+    </message>
+    <message>
+        <source>Last name</source>
+        <translation>姓</translation>
+    </message>
+    <message>
+        <source>Personal ID</source>
+        <translation>個人ID</translation>
+    </message>
+    <message>
+        <source>Person code</source>
+        <translation>個人コード</translation>
+    </message>
+    <message>
+        <source>Minimum search characters</source>
+        <translation>検索に必要な最小文字数</translation>
+    </message>
+    <message>
+        <source>Search results in single row</source>
+        <translation>検索結果を1行で表示</translation>
+    </message>
+    <message>
+        <source>Person search result</source>
+        <translation>個人検索の結果</translation>
+    </message>
+    <message>
+        <source>Search parameters</source>
+        <translation>検索条件</translation>
+    </message>
+    <message>
+        <source>Custom fields to search:</source>
+        <translation>検索対象のカスタム項目：</translation>
     </message>
 </context>
 <context>
@@ -1790,7 +2794,7 @@ Previous settings restored.</source>
     </message>
     <message>
         <source>and</source>
-        <translation>と</translation>
+        <translation>および</translation>
     </message>
     <message>
         <source>Audit trail</source>
@@ -1799,6 +2803,18 @@ Previous settings restored.</source>
     <message>
         <source>Notice.</source>
         <translation>お知らせ。</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>検索</translation>
+    </message>
+    <message>
+        <source>Person fields</source>
+        <translation>個人項目</translation>
+    </message>
+    <message>
+        <source>Study fields</source>
+        <translation>検査項目</translation>
     </message>
 </context>
 <context>
@@ -1852,7 +2868,93 @@ Previous settings restored.</source>
     </message>
     <message>
         <source>The connection is closed</source>
-        <translation>接続は閉じています</translation>
+        <translation>接続は閉じられています</translation>
+    </message>
+</context>
+<context>
+    <name>StandardFields</name>
+    <message>
+        <source>Full Name</source>
+        <translation>氏名</translation>
+    </message>
+    <message>
+        <source>First Name</source>
+        <translation>名</translation>
+    </message>
+    <message>
+        <source>Middle Name</source>
+        <translation>ミドルネーム</translation>
+    </message>
+    <message>
+        <source>Last Name</source>
+        <translation>姓</translation>
+    </message>
+    <message>
+        <source>Personal ID</source>
+        <translation>個人ID</translation>
+    </message>
+    <message>
+        <source>Birthdate</source>
+        <translation>生年月日</translation>
+    </message>
+    <message>
+        <source>Person code</source>
+        <translation>個人コード</translation>
+    </message>
+    <message>
+        <source>Gender</source>
+        <translation>性別</translation>
+    </message>
+    <message>
+        <source>Ethnic group</source>
+        <translation>民族グループ</translation>
+    </message>
+    <message>
+        <source>(empty)</source>
+        <translation>(なし)</translation>
+    </message>
+</context>
+<context>
+    <name>StudySettingsView</name>
+    <message>
+        <source>Study information settings for</source>
+        <translation>検査情報の設定</translation>
+    </message>
+    <message>
+        <source>More study specific settings available when study plugins are installed</source>
+        <translation>検査プラグインをインストールすると、検査固有の設定がさらに利用できます</translation>
+    </message>
+    <message>
+        <source>Hidden spirometry reference sets</source>
+        <translation>非表示にするスパイロメトリー基準値</translation>
+    </message>
+    <message>
+        <source>Default spirometry reference set</source>
+        <translation>既定のスパイロメトリー基準値</translation>
+    </message>
+    <message>
+        <source>Spirometry</source>
+        <translation>スパイロメトリー</translation>
+    </message>
+    <message>
+        <source>Select to hide</source>
+        <translation>非表示にする項目を選択</translation>
+    </message>
+    <message>
+        <source>Application name</source>
+        <translation>アプリケーション名</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>日付</translation>
+    </message>
+    <message>
+        <source>Study list fields</source>
+        <translation>検査一覧の項目</translation>
+    </message>
+    <message>
+        <source>Hidden study field editors</source>
+        <translation>非表示にする検査入力項目</translation>
     </message>
 </context>
 <context>
@@ -1892,6 +2994,25 @@ Previous settings restored.</source>
     <message>
         <source>Ok</source>
         <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>TableHelper</name>
+    <message>
+        <source>Delete</source>
+        <translation>削除</translation>
+    </message>
+    <message>
+        <source>Are you sure?</source>
+        <translation>よろしいですか？</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>いいえ</translation>
     </message>
 </context>
 <context>
