@@ -601,66 +601,66 @@ Jetzt speichern?</translation>
     <name>AuditTrailChartDialog</name>
     <message>
         <source>Events by hour (UTC)</source>
-        <translation type="unfinished"></translation>
+        <translation>Ereignisse je Stunde (UTC)</translation>
     </message>
     <message>
         <source>Events by day (UTC)</source>
-        <translation type="unfinished"></translation>
+        <translation>Ereignisse je Tag (UTC)</translation>
     </message>
     <message>
         <source>Events by week (UTC)</source>
-        <translation type="unfinished"></translation>
+        <translation>Ereignisse je Woche (UTC)</translation>
     </message>
     <message>
         <source>Events by month (UTC)</source>
-        <translation type="unfinished"></translation>
+        <translation>Ereignisse je Monat (UTC)</translation>
     </message>
     <message>
         <source>Events by year (UTC)</source>
-        <translation type="unfinished"></translation>
+        <translation>Ereignisse je Jahr (UTC)</translation>
     </message>
     <message>
         <source>Events by decade (UTC)</source>
-        <translation type="unfinished"></translation>
+        <translation>Ereignisse je Jahrzehnt (UTC)</translation>
     </message>
     <message>
         <source>Events by century (UTC)</source>
-        <translation type="unfinished"></translation>
+        <translation>Ereignisse je Jahrhundert (UTC)</translation>
     </message>
     <message>
         <source>%1 events</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Ereignisse</translation>
     </message>
     <message>
         <source>%1 more without a time</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 weitere ohne Zeitangabe</translation>
     </message>
     <message>
         <source>Audit events over time</source>
-        <translation type="unfinished"></translation>
+        <translation>Audit-Ereignisse im Zeitverlauf</translation>
     </message>
     <message>
         <source>Save as picture...</source>
-        <translation type="unfinished"></translation>
+        <translation>Als Bild speichern...</translation>
     </message>
     <message>
         <source>Close</source>
-        <translation type="unfinished"></translation>
+        <translation>Schließen</translation>
     </message>
     <message>
         <source>Save as picture</source>
-        <translation type="unfinished"></translation>
+        <translation>Als Bild speichern</translation>
     </message>
     <message>
         <source>PNG (*.png)</source>
-        <translation type="unfinished"></translation>
+        <translation>PNG (*.png)</translation>
     </message>
 </context>
 <context>
     <name>AuditTrailExport</name>
     <message>
         <source>Saving the audit trail</source>
-        <translation type="unfinished"></translation>
+        <translation>Audit-Trail wird gespeichert</translation>
     </message>
 </context>
 <context>
@@ -773,11 +773,11 @@ Jetzt speichern?</translation>
     </message>
     <message>
         <source>%1: %2 rows</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: %2 Zeilen</translation>
     </message>
     <message>
         <source>%1: %2 of %3 rows</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: %2 von %3 Zeilen</translation>
     </message>
 </context>
 <context>
@@ -876,31 +876,31 @@ Jetzt speichern?</translation>
     </message>
     <message>
         <source>Copy rows with headers</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeilen mit Überschriften kopieren</translation>
     </message>
     <message>
         <source>Copy cell</source>
-        <translation type="unfinished"></translation>
+        <translation>Zelle kopieren</translation>
     </message>
     <message>
         <source>Save as CSV...</source>
-        <translation type="unfinished"></translation>
+        <translation>Als CSV speichern...</translation>
     </message>
     <message>
         <source>Show chart...</source>
-        <translation type="unfinished"></translation>
+        <translation>Diagramm anzeigen...</translation>
     </message>
     <message>
         <source>Save the audit trail</source>
-        <translation type="unfinished"></translation>
+        <translation>Audit-Trail speichern</translation>
     </message>
     <message>
         <source>CSV (*.csv)</source>
-        <translation type="unfinished"></translation>
+        <translation>CSV (*.csv)</translation>
     </message>
     <message>
         <source>Reading the audit trail</source>
-        <translation type="unfinished"></translation>
+        <translation>Audit-Trail wird gelesen</translation>
     </message>
 </context>
 <context>
@@ -2592,11 +2592,11 @@ Jetzt speichern?</translation>
     <name>SaveFile</name>
     <message>
         <source>Saving failed</source>
-        <translation type="unfinished"></translation>
+        <translation>Speichern fehlgeschlagen</translation>
     </message>
     <message>
         <source>The file %1 could not be saved.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei %1 konnte nicht gespeichert werden.</translation>
     </message>
     <message>
         <source>Ok</source>

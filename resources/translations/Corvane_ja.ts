@@ -599,66 +599,66 @@ Save now?</source>
     <name>AuditTrailChartDialog</name>
     <message>
         <source>Events by hour (UTC)</source>
-        <translation type="unfinished"></translation>
+        <translation>1 時間ごとのイベント (UTC)</translation>
     </message>
     <message>
         <source>Events by day (UTC)</source>
-        <translation type="unfinished"></translation>
+        <translation>1 日ごとのイベント (UTC)</translation>
     </message>
     <message>
         <source>Events by week (UTC)</source>
-        <translation type="unfinished"></translation>
+        <translation>1 週間ごとのイベント (UTC)</translation>
     </message>
     <message>
         <source>Events by month (UTC)</source>
-        <translation type="unfinished"></translation>
+        <translation>1 か月ごとのイベント (UTC)</translation>
     </message>
     <message>
         <source>Events by year (UTC)</source>
-        <translation type="unfinished"></translation>
+        <translation>1 年ごとのイベント (UTC)</translation>
     </message>
     <message>
         <source>Events by decade (UTC)</source>
-        <translation type="unfinished"></translation>
+        <translation>10 年ごとのイベント (UTC)</translation>
     </message>
     <message>
         <source>Events by century (UTC)</source>
-        <translation type="unfinished"></translation>
+        <translation>100 年ごとのイベント (UTC)</translation>
     </message>
     <message>
         <source>%1 events</source>
-        <translation type="unfinished"></translation>
+        <translation>イベント %1 件</translation>
     </message>
     <message>
         <source>%1 more without a time</source>
-        <translation type="unfinished"></translation>
+        <translation>時刻のないもの %1 件</translation>
     </message>
     <message>
         <source>Audit events over time</source>
-        <translation type="unfinished"></translation>
+        <translation>監査イベントの推移</translation>
     </message>
     <message>
         <source>Save as picture...</source>
-        <translation type="unfinished"></translation>
+        <translation>画像として保存...</translation>
     </message>
     <message>
         <source>Close</source>
-        <translation type="unfinished"></translation>
+        <translation>閉じる</translation>
     </message>
     <message>
         <source>Save as picture</source>
-        <translation type="unfinished"></translation>
+        <translation>画像として保存</translation>
     </message>
     <message>
         <source>PNG (*.png)</source>
-        <translation type="unfinished"></translation>
+        <translation>PNG (*.png)</translation>
     </message>
 </context>
 <context>
     <name>AuditTrailExport</name>
     <message>
         <source>Saving the audit trail</source>
-        <translation type="unfinished"></translation>
+        <translation>監査証跡を保存しています</translation>
     </message>
 </context>
 <context>
@@ -771,11 +771,11 @@ Save now?</source>
     </message>
     <message>
         <source>%1: %2 rows</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: %2 行</translation>
     </message>
     <message>
         <source>%1: %2 of %3 rows</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: %3 行中 %2 行</translation>
     </message>
 </context>
 <context>
@@ -874,31 +874,31 @@ Save now?</source>
     </message>
     <message>
         <source>Copy rows with headers</source>
-        <translation type="unfinished"></translation>
+        <translation>見出し付きで行をコピー</translation>
     </message>
     <message>
         <source>Copy cell</source>
-        <translation type="unfinished"></translation>
+        <translation>セルをコピー</translation>
     </message>
     <message>
         <source>Save as CSV...</source>
-        <translation type="unfinished"></translation>
+        <translation>CSV として保存...</translation>
     </message>
     <message>
         <source>Show chart...</source>
-        <translation type="unfinished"></translation>
+        <translation>グラフを表示...</translation>
     </message>
     <message>
         <source>Save the audit trail</source>
-        <translation type="unfinished"></translation>
+        <translation>監査証跡の保存</translation>
     </message>
     <message>
         <source>CSV (*.csv)</source>
-        <translation type="unfinished"></translation>
+        <translation>CSV (*.csv)</translation>
     </message>
     <message>
         <source>Reading the audit trail</source>
-        <translation type="unfinished"></translation>
+        <translation>監査証跡を読み込んでいます</translation>
     </message>
 </context>
 <context>
@@ -2590,11 +2590,11 @@ Save now?</source>
     <name>SaveFile</name>
     <message>
         <source>Saving failed</source>
-        <translation type="unfinished"></translation>
+        <translation>保存に失敗しました</translation>
     </message>
     <message>
         <source>The file %1 could not be saved.</source>
-        <translation type="unfinished"></translation>
+        <translation>ファイル %1 を保存できませんでした。</translation>
     </message>
     <message>
         <source>Ok</source>
