@@ -53,5 +53,6 @@ std::optional<QMap<QString, QVariant>> FormerFiles::contentToRead(const QString 
     const QByteArray bytes = bytesOf(path);
     if (!former.unwritten && former.digest == digestOf(bytes))
         return std::nullopt;
-    return SettingsContent::of(bytes);
+    // Without room to read it apart, what is in memory is the nearest to it, and nothing is lost.
+    return SettingsContent::read(bytes);
 }

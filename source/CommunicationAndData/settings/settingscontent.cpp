@@ -31,9 +31,16 @@ QMap<QString, QVariant> SettingsContent::of(const QSettings &settings)
 
 QMap<QString, QVariant> SettingsContent::of(const QByteArray &bytes)
 {
+    return read(bytes).value_or(QMap<QString, QVariant>());
+}
+
+std::optional<QMap<QString, QVariant>> SettingsContent::read(const QByteArray &bytes)
+{
+    if (bytes.isEmpty())
+        return QMap<QString, QVariant>();
     QTemporaryFile file;
-    if (bytes.isEmpty() || !file.open() || file.write(bytes) != bytes.size() || !file.flush())
-        return {};
+    if (!file.open() || file.write(bytes) != bytes.size() || !file.flush())
+        return std::nullopt;
     QSettings settings(file.fileName(), QSettings::IniFormat);
     settings.setIniCodec(iniUtf8Codec());
     return of(settings);

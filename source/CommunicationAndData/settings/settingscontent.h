@@ -5,6 +5,8 @@
 #include <QString>
 #include <QVariant>
 
+#include <optional>
+
 class QSettings;
 
 /// What settings say, full key to value, apart from where they say it.
@@ -13,7 +15,11 @@ namespace SettingsContent {
 /// All values of open settings. No group may be entered in them.
 QMap<QString, QVariant> of(const QSettings &settings);
 
-/// All values of an ini file with these bytes, which has to be without damage.
+/// All values of an ini file with these bytes, which has to be without damage. Nothing where there is no room
+/// for the temporary file that this takes.
+std::optional<QMap<QString, QVariant>> read(const QByteArray &bytes);
+
+/// The same, and no values where there is no room.
 QMap<QString, QVariant> of(const QByteArray &bytes);
 
 /// Makes open settings say exactly this. What is the same already is not written.

@@ -136,6 +136,7 @@ void Logger::writeLine(int severity, int module, const QString &function, int li
     const QMutexLocker locker(&m_mutex);
     if (!m_stream.device())
         return;
+    m_stream.resetStatus();  // a line that found no room must not be the last one
     m_stream << severityTag(severity) << moduleTag(module) << now.toString(Qt::ISODate) << '\t' << file << ':'
              << line << "::" << function << '\t' << message << '\n';
     m_stream.flush();

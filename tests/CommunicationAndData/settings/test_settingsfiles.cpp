@@ -1,6 +1,7 @@
 #include "CommunicationAndData/settings/settingsfile.h"
 #include "CommunicationAndData/settings/settingshandler.h"
 #include "storechecks.h"
+#include "support/fulldisk.h"
 #include "support/workstation.h"
 
 #include <QDir>
@@ -54,6 +55,7 @@ private slots:
     void whatCannotBeWrittenIsLoggedOnceAndStaysInMemory();
     void whatCouldNotBeWrittenDoesNotComeBackInAnotherFile();
     void aValueIsWrittenOnceTheFolderIsWritableAgain();
+    void aFullDiskEmptiesNoSettings();
 
     void localApplicationSettingsThatAreDamagedAreKept();
     void localApplicationSettingsThatCannotBeWrittenSayThemselvesSo();
@@ -361,6 +363,28 @@ void TestSettingsFiles::aValueIsWrittenOnceTheFolderIsWritableAgain()
     }
     store()->setValue(kGood, 2);
     QTRY_COMPARE(readFile(m_path), QByteArray("[ui]\ngood=2\nwritten=1\n"));
+}
+
+void TestSettingsFiles::aFullDiskEmptiesNoSettings()
+{
+    const QByteArray bytes = "[ui]\ngood=1\n" + QByteArray("long=") + QByteArray(500, 'x') + '\n';
+    QVERIFY(writeFile(m_path, bytes));
+    store()->changeSettingsFile(m_path);
+    {
+        const FullDisk disk;
+        store()->setValue(kWritten, 1);
+        park();
+        store()->changeSettingsFile(m_path);
+        QCOMPARE(store()->value(kGood).toInt(), 1);
+        park();
+    }
+    QCOMPARE(readFile(m_path), bytes);
+    store()->changeSettingsFile(m_path);
+    QCOMPARE(store()->value(kGood).toInt(), 1);
+    store()->setValue(kWritten, 2);
+    park();
+    QVERIFY(readFile(m_path).contains("good=1"));
+    QVERIFY(readFile(m_path).contains("written=2"));
 }
 
 void TestSettingsFiles::localApplicationSettingsThatAreDamagedAreKept()

@@ -1,4 +1,5 @@
 #include "ZephanShared/toolkit/logger.h"
+#include "support/fulldisk.h"
 #include "support/workstation.h"
 
 #include <QCoreApplication>
@@ -99,6 +100,7 @@ private slots:
     void tags_data();
     void tags();
     void aLineHasItsPartsInOrderAndNothingElse();
+    void theLogGoesOnOnceAFullDiskHasRoomAgain();
     void textOutsideAsciiIsUtf8WhateverTheLocale();
     void aLineIsInTheFileWhenLogReturns();
     void threadsDoNotBreakEachOthersLines();
@@ -199,6 +201,21 @@ void TestLogger::tags()
     Logger::getInstance().log(severity, module, QStringLiteral("f"), 1, QStringLiteral("s"),
                               QStringLiteral("m"));
     QCOMPARE(lastLine().left(8), beginning);
+}
+
+void TestLogger::theLogGoesOnOnceAFullDiskHasRoomAgain()
+{
+    const auto log = [](const QString &message) {
+        Logger::getInstance().log(Logger::Information, Logger::Unnamed, QStringLiteral("f"), 1,
+                                  QStringLiteral("s"), message);
+    };
+    log(QStringLiteral("before"));
+    {
+        const FullDisk disk;
+        log(QStringLiteral("meanwhile"));
+    }
+    log(QStringLiteral("afterwards"));
+    QVERIFY(lastLine().endsWith(QStringLiteral("afterwards")));
 }
 
 void TestLogger::aLineHasItsPartsInOrderAndNothingElse()
