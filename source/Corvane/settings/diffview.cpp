@@ -19,24 +19,24 @@ const QChar kKeyEnd = QLatin1Char('=');
 const char *const kEncryptedMark = "encrypted";
 const char *const kMask = "*****";
 
-QStringList sorted(QStringList lines)
-{
-    lines.sort(Qt::CaseSensitive);
-    return lines;
-}
-
 QStringList withoutThoseOf(const QSet<QString> &lines, const QSet<QString> &others)
 {
-    return sorted((lines - others).values());
+    QStringList result;
+    for (const QString &line : lines) {
+        if (!others.contains(line))
+            result.append(line);
+    }
+    result.sort(Qt::CaseSensitive);
+    return result;
 }
 
 /// After the comparison: a changed secret still shows as a changed line.
 void hideSecrets(QStringList &lines)
 {
     for (QString &line : lines) {
-        const QStringList parts = line.split(kKeyEnd);
-        if (parts.value(1).startsWith(QLatin1String(kEncryptedMark)))
-            line = parts.first() + kKeyEnd + QLatin1String(kMask);
+        const int end = line.indexOf(kKeyEnd);
+        if (end >= 0 && line.midRef(end + 1).startsWith(QLatin1String(kEncryptedMark)))
+            line = line.left(end + 1) + QLatin1String(kMask);
     }
 }
 
@@ -56,8 +56,8 @@ bool DiffView::showDiff(const QStringList &initial, const QStringList &previous,
 DiffView::DiffView(const QStringList &initial, const QStringList &previous, const QStringList &current,
                    QString tag, bool hideToggle, bool withCancel)
     : QDialog(QApplication::activeWindow())
-    , m_currentLessInitial(sorted(current))
-    , m_initialLessCurrent(sorted(initial))
+    , m_currentLessInitial(current)
+    , m_initialLessCurrent(initial)
     , m_tag(std::move(tag))
 {
     setObjectName(QStringLiteral("diff_view"));
@@ -70,8 +70,8 @@ DiffView::DiffView(const QStringList &initial, const QStringList &previous, cons
         hideToggle = true;
     } else {
         connect(m_toggle, &QPushButton::clicked, this, &DiffView::toggleLocal);
-        m_currentLessPrevious = sorted(current);
-        m_previousLessCurrent = sorted(previous);
+        m_currentLessPrevious = current;
+        m_previousLessCurrent = previous;
         diffSettingsLists(m_currentLessPrevious, m_previousLessCurrent);
     }
     for (QStringList *lines :
@@ -79,9 +79,12 @@ DiffView::DiffView(const QStringList &initial, const QStringList &previous, cons
         hideSecrets(*lines);
     m_toggle->setHidden(hideToggle);
 
-    showLines(m_initialLessCurrent, m_currentLessInitial);
+    // Only the comparison that is seen is put into the panes: thousands of lines take their time.
+    if (m_toggle->isEnabled())
+        toggleLocal();
+    else
+        showLines(m_initialLessCurrent, m_currentLessInitial);
     adjustWidths();
-    toggleLocal();
     exec();
 }
 

@@ -7,6 +7,9 @@
 #include <QPushButton>
 #include <QRandomGenerator>
 #include <QTest>
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QTextLayout>
 #include <QTimer>
 
 #include <functional>
@@ -14,6 +17,8 @@
 using namespace SettingsTest;
 
 namespace {
+
+constexpr int kManyLines = 10000;
 
 struct Panes
 {
@@ -93,6 +98,8 @@ private slots:
     void aLongTagWidensBothPanes();
     void theArgumentsStayAsTheyWere();
     void panesAreReadOnlyAndDoNotWrap();
+    void thousandsOfLinesArePutIntoThePanesOnce_data();
+    void thousandsOfLinesArePutIntoThePanesOnce();
 };
 
 void TestDiffView::twoEqualListsGiveTwoEmptyPanes()
@@ -305,6 +312,40 @@ void TestDiffView::panesAreReadOnlyAndDoNotWrap()
             QCOMPARE(pane->horizontalScrollBarPolicy(), Qt::ScrollBarAsNeeded);
             QVERIFY(!pane->accessibleName().isEmpty());
         }
+    });
+}
+
+void TestDiffView::thousandsOfLinesArePutIntoThePanesOnce_data()
+{
+    QTest::addColumn<bool>("hasPrevious");
+    QTest::newRow("of the comparison with the previous settings") << true;
+    QTest::newRow("of the comparison with the initial ones where there are no others") << false;
+}
+
+void TestDiffView::thousandsOfLinesArePutIntoThePanesOnce()
+{
+    QFETCH(bool, hasPrevious);
+    const auto lines = [](const QString &value) {
+        QStringList result;
+        for (int i = 0; i < kManyLines; ++i)
+            result.append(QStringLiteral("site/key_%1=%2").arg(i).arg(value));
+        return result;
+    };
+    QPlainTextEdit fresh;
+    fresh.setPlainText(QStringLiteral("once"));
+    const int once = fresh.document()->revision();
+    const QStringList previous = hasPrevious ? lines(QStringLiteral("second")) : QStringList();
+    const Arguments arguments{lines(QStringLiteral("first")), previous, lines(QStringLiteral("third")), {}};
+    showDiff(arguments, [&](DiffView &dialog) {
+        for (const char *name : {"left_pane", "right_pane"}) {
+            const auto *pane = child<QPlainTextEdit>(dialog, name);
+            QCOMPARE(pane->document()->revision(), once);
+            QCOMPARE(pane->blockCount(), kManyLines);
+            // A line that nobody has seen has no layout.
+            QCOMPARE(pane->document()->findBlockByNumber(kManyLines / 2).layout()->lineCount(), 0);
+        }
+        QVERIFY(panes(dialog).left.startsWith(hasPrevious ? "site/key_0=second\n" : "site/key_0=first\n"));
+        QVERIFY(panes(dialog).right.startsWith("site/key_0=third\n"));
     });
 }
 

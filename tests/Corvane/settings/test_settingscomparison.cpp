@@ -61,6 +61,7 @@ private slots:
     void aFirstLoadOfAnyKindMakesInitialAndPreviousSettingsEqual_data();
     void aFirstLoadOfAnyKindMakesInitialAndPreviousSettingsEqual();
     void aChangedSecretIsMaskedInTheComparison();
+    void aSecretSavedTwiceIsNoDifferenceAndAChangedOneIsOneLineOnEachSide();
     void theComparisonIsNotAnAuditEvent();
     void theTagNamesTheLastSource();
     void aFirstOnlineLoadShowsNoDifferenceDialogAndTheLaterOnesDo();
@@ -149,6 +150,32 @@ void TestSettingsComparison::aChangedSecretIsMaskedInTheComparison()
         QVERIFY(leftPane(dialog).split('\n').contains("persondb/driverparams=encoded"));
         QVERIFY(!(leftPane(dialog) + rightPane(dialog)).contains("encrypted_"));
     });
+}
+
+void TestSettingsComparison::aSecretSavedTwiceIsNoDifferenceAndAChangedOneIsOneLineOnEachSide()
+{
+    for (const char *key : {"persondb/username", "persondb/password"}) {
+        store()->setSafeValue(QLatin1String(key), QStringLiteral("before"));
+        m_files.setLocal({{QLatin1String(key), store()->generalSettings()->value(QLatin1String(key))}});
+    }
+    SettingsBench bench(m_workstation, kAllRights);
+    bench.choose("local_menu", "load_action");
+    for (int i = 0; i < 2; ++i) {
+        bench.seeChanges([](DiffView &dialog) {
+            QVERIFY(!(leftPane(dialog) + rightPane(dialog)).contains("persondb/username"));
+            QVERIFY(!(leftPane(dialog) + rightPane(dialog)).contains("persondb/password"));
+        });
+    }
+    child<QLineEdit>(bench.view(), "password_edit")->setText(QStringLiteral("after"));
+    for (int i = 0; i < 2; ++i) {
+        bench.seeChanges([](DiffView &dialog) {
+            for (const QString &pane : {leftPane(dialog), rightPane(dialog)}) {
+                QCOMPARE(pane.split('\n').filter("persondb/password"),
+                         QStringList{"persondb/password=*****"});
+                QVERIFY(!pane.contains("persondb/username"));
+            }
+        });
+    }
 }
 
 void TestSettingsComparison::theComparisonIsNotAnAuditEvent()
