@@ -4,8 +4,8 @@
 
 namespace {
 
-// Every program of the suite that opens an encrypted file builds the key from these two.
-constexpr unsigned char kSeed[] = {0x4b, 0x12, 0x9e, 0x73, 0xd5, 0x28, 0x60, 0xbf, 0x04, 0xc9, 0x37};
+// Every program of the suite that opens an encrypted file builds the key from these two; the seed is ASCII.
+constexpr unsigned char kSeed[] = {0x4b, 0x72, 0x37, 0x77, 0x7e, 0x65, 0x51, 0x32, 0x24, 0x62, 0x5a};
 constexpr unsigned char kBase = 0xa6;
 constexpr int kLongestSeed = 255;
 
