@@ -113,7 +113,9 @@ void AccessControl::login(const QString &user, const QString &password)
     QVariant data;
     if (outcome.error != ZephanErrors::kNone) {
         data = user;
-        CORVANE_LOG(Logger::Warning, Logger::Console, "AccessControl::login", outcome.cause);
+        // A refusal is the listener's to tell; the cause of a fault would be lost.
+        if (outcome.error != ZephanErrors::kLoginFailed)
+            CORVANE_LOG(Logger::Warning, Logger::Console, "AccessControl::login", outcome.cause);
     }
     QMetaObject::invokeMethod(
         this, [this, data, outcome] { emit loginResult(outcome.error, data, outcome.cause); },

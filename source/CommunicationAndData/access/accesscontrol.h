@@ -30,7 +30,8 @@ public:
     ~AccessControl() override;
 
     /// Authenticates. `loginResult` always follows from the event loop and never from inside the call, so
-    /// that a listener may delete this object.
+    /// that a listener may delete this object. A database that could not be asked is logged, a refusal is
+    /// not.
     void login(const QString &user, const QString &password);
 
     /// The operator who signed in; null before.
@@ -46,7 +47,7 @@ signals:
     /// \param errorCode     0 for success; `ZephanErrors::kLoginFailed` for a refusal; `kNoConnection` or
     ///                      `kStatementFailed` when the database could not be asked
     /// \param errorData     the user of a failed attempt; empty for success
-    /// \param errorMessage  the cause for the run-time log, untranslated
+    /// \param errorMessage  the cause, untranslated
     void loginResult(uint errorCode, const QVariant &errorData, const QString &errorMessage);
 
 private:

@@ -33,6 +33,15 @@ private slots:
     void objectCanBeDeletedInTheSlot();
     void objectCanBeDeletedBeforeTheResult();
     void failedAttemptNamesTheUserAndNotThePassword();
+    void refusalIsNotLogged_data();
+    void refusalIsNotLogged();
+    void faultIsLoggedOnce();
+
+private:
+    int warnings() const
+    {
+        return readFile(m_workstation.runtimeLog()).count("AccessControl::login");
+    }
 };
 
 void TestAccessControl::internalUserSignsInWithThePassword_data()
@@ -373,6 +382,36 @@ void TestAccessControl::failedAttemptNamesTheUserAndNotThePassword()
     const QList<QVariant> result = signIn.results.first();
     QCOMPARE(result.at(1).toString(), QStringLiteral("nurse"));
     QVERIFY(!result.at(2).toString().contains(QLatin1String("pass-word")));
+}
+
+void TestAccessControl::refusalIsNotLogged_data()
+{
+    QTest::addColumn<QString>("method");
+    QTest::newRow("of an internal user") << kInternal;
+    QTest::newRow("of an account whose groups are unknown") << kGroups;
+    QTest::newRow("of an account that is unknown") << kUsers;
+    QTest::newRow("by a method that there is not") << QStringLiteral("by card");
+}
+
+void TestAccessControl::refusalIsNotLogged()
+{
+    QFETCH(QString, method);
+    const int before = warnings();
+    SignIn signIn(method, &m_database);
+    QCOMPARE(signIn.login(QStringLiteral("nurse"), QStringLiteral("x")), ZephanErrors::kLoginFailed);
+    QCOMPARE(warnings(), before);
+}
+
+void TestAccessControl::faultIsLoggedOnce()
+{
+    const int before = warnings();
+    SignIn failing(kInternal, &m_database);
+    run(QStringLiteral("DROP TABLE operator"));
+    QCOMPARE(failing.login(QStringLiteral("nurse"), QStringLiteral("x")), ZephanErrors::kStatementFailed);
+    QCOMPARE(warnings(), before + 1);
+    SignIn unconnected(kInternal, nullptr);
+    QCOMPARE(unconnected.login(QStringLiteral("nurse"), QStringLiteral("x")), ZephanErrors::kNoConnection);
+    QCOMPARE(warnings(), before + 2);
 }
 
 QTEST_GUILESS_MAIN(TestAccessControl)
