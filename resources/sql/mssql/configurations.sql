@@ -1,6 +1,9 @@
 -- The online configurations on Microsoft SQL Server.
 -- Running the script again completes what is missing and leaves the rest as it is.
 
+-- `sqlcmd` has it off, and an index over a part of the rows needs it.
+SET QUOTED_IDENTIFIER ON;
+
 IF OBJECT_ID(N'configurations', N'U') IS NULL
 CREATE TABLE configurations (
     id INTEGER NOT NULL IDENTITY (1, 1) PRIMARY KEY,
