@@ -67,6 +67,8 @@ private:
     void connectSignIn(const char *slot);
     void authenticate(const QString &method, const QString &user, const QString &password);
     void dropAccessControl();
+    void reconnect();
+    void dropConnection();
     void finishLogin();
     void tryWindowsUser();
     void reportFailure(const QVariant &errorData);

@@ -126,6 +126,7 @@ void LoginView::logInUser()
         break;
     }
     case InternalUser: {
+        reconnect();
         const TemporaryDefaultRights rights(kNoRights);
         authenticate(kInternalMethod, m_usernameEdit->text(), m_passwordEdit->text());
         break;
@@ -143,6 +144,8 @@ void LoginView::logInUser()
 void LoginView::accessControlLoginResult(ZephanError errorCode, QVariant errorData, QString errorMessage)
 {
     Q_UNUSED(errorMessage)
+    if (errorCode == ZephanErrors::kStatementFailed)
+        dropConnection();
     if (errorCode == ZephanErrors::kNone)
         finishLogin();
     else if (m_loginMode == WindowsGroup)
@@ -210,6 +213,20 @@ void LoginView::connectSignIn(const char *slot)
     connect(m_usernameEdit, SIGNAL(returnPressed()), this, slot);
     connect(m_passwordEdit, SIGNAL(returnPressed()), this, slot);
     connect(m_signInButton, SIGNAL(clicked()), this, slot);
+}
+
+/// Opens the connection again that a failed statement has cost, with the parameters that it had.
+void LoginView::reconnect()
+{
+    if (m_handler && !m_accessControl && !m_handler->isConnected())
+        m_handler->connectOnline();
+}
+
+/// Lets go of a connection that was lost while the view stood, so that the next try opens it again.
+void LoginView::dropConnection()
+{
+    if (m_handler && m_handler->isConnected())
+        m_handler->closeConnection();
 }
 
 void LoginView::authenticate(const QString &method, const QString &user, const QString &password)
