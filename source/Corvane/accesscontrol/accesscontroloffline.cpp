@@ -179,21 +179,21 @@ bool AccessControlOffline::createMissingTables(QString &errorMessage)
     return true;
 }
 
-// The roles are only ever filled when their table is made. One transaction keeps a process that dies in
-// between from leaving an empty table behind for good.
+// The roles are only ever filled when their table is made. One transaction keeps a process that dies, or a
+// disk that is full, from leaving an empty or half-filled table behind for good.
 bool AccessControlOffline::createRoles(QString &errorMessage)
 {
     const bool begun = m_database.transaction();
     const bool created = run({offlineTableStatements().value(QLatin1String(kRolesTable))});
     const bool filled = created && run(defaultRoleStatements());
-    const bool kept = !begun || m_database.commit();
-    if (!kept)
+    const bool kept = filled && (!begun || m_database.commit());
+    if (begun && !kept)
         m_database.rollback();
     if (!created)
         errorMessage = QStringLiteral("Failed to create offline access control table");
-    else if (!filled || !kept)
+    else if (!kept)
         errorMessage = QStringLiteral("Failed to add default roles to offline access control table");
-    return created && filled && kept;
+    return kept;
 }
 
 bool AccessControlOffline::run(const QStringList &statements)

@@ -29,7 +29,8 @@ public:
     /// \param location      the directory; empty for `defaultOfflineLocation()`
     /// \param errorMessage  set to the reason of a failure, else left alone
     /// \return              false on failure. When tables or roles could not be made, as with a damaged file
-    ///                      or a foreign key, the connection stays open nevertheless
+    ///                      or a foreign key, the connection stays open nevertheless, with the tables made so
+    ///                      far; the roles' own table is there with its three roles or not at all
     bool openOfflineDatabase(QString location, QString &errorMessage);
     void closeOfflineDatabase();
     QSqlDatabase &database();
