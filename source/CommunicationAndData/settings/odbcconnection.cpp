@@ -9,7 +9,9 @@
 namespace {
 
 constexpr char kLoginTimeout[] = "SQL_ATTR_LOGIN_TIMEOUT";
+constexpr char kAnswerTimeout[] = "SQL_ATTR_CONNECTION_TIMEOUT";
 constexpr char kHiddenSecret[] = "*****";
+constexpr quint64 kMilliseconds = 1000;  // of a second
 
 /// A value as it may stand in a connection text.
 QString braced(QString value)
@@ -21,29 +23,48 @@ QString braced(QString value)
     return QLatin1Char('{') + value.replace(QLatin1Char('}'), QLatin1String("}}")) + QLatin1Char('}');
 }
 
-/// Seconds that the connect options allow for a login; 0 when they set no limit.
-uint loginTimeout(const QString &connectOptions)
+/// Seconds that the connect options allow for something; 0 when they set no limit.
+uint secondsOf(const char *name, const QString &connectOptions)
 {
     const QStringList options = connectOptions.split(QLatin1Char(';'));
     for (const QString &option : options) {
-        if (option.section(QLatin1Char('='), 0, 0).trimmed() == QLatin1String(kLoginTimeout))
+        if (option.section(QLatin1Char('='), 0, 0).trimmed() == QLatin1String(name))
             return option.section(QLatin1Char('='), 1).toUInt();
     }
     return 0;
 }
 
-/// The login's time limit for MariaDB's driver, which takes it from the connection text alone. Without it, a
-/// server that accepts and never answers would hold up the program for good.
-QString ownLoginTimeout(const QString &databaseName, uint seconds)
+/// Whether a database name has a parameter, with a pattern in its value.
+bool hasParameter(const QString &databaseName, const QString &name, const QString &value = QString())
 {
-    static const QRegularExpression isMariaDb(QStringLiteral("(^|;)\\s*driver\\s*=[^;]*(mariadb|maodbc)"),
-                                              QRegularExpression::CaseInsensitiveOption);
-    static const QRegularExpression hasTimeout(QStringLiteral("(^|;)\\s*conn_timeout\\s*="),
-                                               QRegularExpression::CaseInsensitiveOption);
-    if (seconds == 0 || !isMariaDb.match(databaseName).hasMatch() ||
-        hasTimeout.match(databaseName).hasMatch())
+    const QRegularExpression parameter(QStringLiteral("(?:^|;)\\s*%1\\s*=[^;]*%2").arg(name, value),
+                                       QRegularExpression::CaseInsensitiveOption);
+    return parameter.match(databaseName).hasMatch();
+}
+
+/// A parameter to be added to a database name; empty where it stands there already or sets no limit.
+QString added(const QString &databaseName, const QString &name, quint64 limit,
+              const QString &value = QStringLiteral("%1"))
+{
+    if (limit == 0 || hasParameter(databaseName, name))
         return QString();
-    return QStringLiteral(";CONN_TIMEOUT=%1").arg(seconds);
+    return QStringLiteral(";%1=%2").arg(name, value.arg(limit));
+}
+
+/// The limits of time for the drivers that take them from the connection text alone. Without them, a server
+/// that accepts and never answers would hold up the program for good.
+QString ownTimeouts(const QString &databaseName, uint loginSeconds, uint answerSeconds)
+{
+    const QString driver = QStringLiteral("driver");
+    if (hasParameter(databaseName, driver, QStringLiteral("(?:mariadb|maodbc)"))) {
+        return added(databaseName, QStringLiteral("CONN_TIMEOUT"), loginSeconds) +
+               added(databaseName, QStringLiteral("READ_TIMEOUT"), answerSeconds) +
+               added(databaseName, QStringLiteral("WRITE_TIMEOUT"), answerSeconds);
+    }
+    if (hasParameter(databaseName, driver, QStringLiteral("(?:postgres|psqlodbc)")))
+        return added(databaseName, QStringLiteral("pqopt"), answerSeconds * kMilliseconds,
+                     QStringLiteral("{tcp_user_timeout=%1}"));
+    return QString();
 }
 
 /// The highest number among an array's entries. A damaged file may claim any size.
@@ -93,12 +114,14 @@ QString OdbcConnection::withoutSecrets(QString databaseName)
 }
 
 bool OdbcConnection::open(QSqlDatabase &database, const QVariant &connectOptions, const QString &username,
-                          const QString &password)
+                          const QString &password, AnswerTime answerTime)
 {
     const QString options = connectOptions.toStringList().join(QLatin1Char(';'));
     const QString name = database.databaseName();
     database.setConnectOptions(options);
-    database.setDatabaseName(withoutEndlessDriver(name) + ownLoginTimeout(name, loginTimeout(options)));
+    const uint answerSeconds = answerTime == AsOptionsSay ? secondsOf(kAnswerTimeout, options) : 0;
+    database.setDatabaseName(withoutEndlessDriver(name) +
+                             ownTimeouts(name, secondsOf(kLoginTimeout, options), answerSeconds));
     const bool isOpen = database.open(braced(username), braced(password));
     database.setDatabaseName(name);
     return isOpen;

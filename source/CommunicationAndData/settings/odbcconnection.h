@@ -24,15 +24,23 @@ QString databaseName(const QVariantMap &parameters);
 /// parameters.
 QString withoutSecrets(QString databaseName);
 
+/// How long an answer is waited for once a connection is open.
+enum AnswerTime {
+    AnyTime,       ///< as long as the driver waits: for searches and for what must not be given up
+    AsOptionsSay,  ///< the seconds of `SQL_ATTR_CONNECTION_TIMEOUT`: for short statements on the GUI thread
+};
+
 /// Opens a connection whose database name is set.
 ///
 /// A name or password with characters that mean something in a connection text is put in braces. A driver
-/// that does not heed the option `SQL_ATTR_LOGIN_TIMEOUT` is given that time under its own name.
+/// that does not heed the options `SQL_ATTR_LOGIN_TIMEOUT` and `SQL_ATTR_CONNECTION_TIMEOUT` is given these
+/// times under its own names, unless they stand among the parameters. PostgreSQL's driver knows no limit of
+/// an answer; it is given the time after which a host that is out of reach counts as lost.
 ///
 /// \param connectOptions  a list, or empty text
 /// \return                what `QSqlDatabase::open` returned; the database's name is as before
 bool open(QSqlDatabase &database, const QVariant &connectOptions, const QString &username,
-          const QString &password);
+          const QString &password, AnswerTime answerTime = AnyTime);
 
 /// Reads connection parameters, an array "params" of "key" and "value" in the present group.
 QVariantMap readParameters(QSettings &settings);

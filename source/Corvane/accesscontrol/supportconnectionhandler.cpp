@@ -287,7 +287,8 @@ QVariantMap SupportConnectionHandler::parameters() const
 bool SupportConnectionHandler::openOnline()
 {
     const WaitCursor cursor;
-    return OdbcConnection::open(m_database, m_connectOptions, m_username, m_password);
+    return OdbcConnection::open(m_database, m_connectOptions, m_username, m_password,
+                                OdbcConnection::AsOptionsSay);
 }
 
 // Some drivers list the tables of all databases of a server, or those that may not be read: the list alone

@@ -3,6 +3,7 @@
 #include "CommunicationAndData/settings/settingskeys.h"
 #include "Corvane/accesscontrol/accesscontroloffline.h"
 #include "Corvane/settings/databasegroupsettings.h"
+#include "ZephanShared/widgets/waitcursor.h"
 
 #include <QHBoxLayout>
 #include <QMessageBox>
@@ -99,6 +100,7 @@ bool SupportConnectionHandler::connectOffline()
 {
     m_groupEditor->saveDBSettings();
     refreshParameters();
+    const WaitCursor cursor;
     if (m_database.isValid())
         closeConnection();
     m_offline = std::make_unique<AccessControlOffline>(QLatin1String(kOfflineConnection));

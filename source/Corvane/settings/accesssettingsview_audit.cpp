@@ -53,7 +53,8 @@ public:
               const QString &password)
     {
         m_database.setDatabaseName(OdbcConnection::databaseName(params));
-        const bool isOpen = OdbcConnection::open(m_database, options, username, password);
+        const bool isOpen =
+            OdbcConnection::open(m_database, options, username, password, OdbcConnection::AsOptionsSay);
         if (!isOpen) {
             CORVANE_LOG(Logger::Warning, Logger::Console, "AccessSettingsView::checkAuditTrailPrivileges",
                         QStringLiteral("No connection to %1: %2")
