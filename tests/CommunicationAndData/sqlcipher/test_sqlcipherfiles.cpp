@@ -1,5 +1,7 @@
 #include "CommunicationAndData/sqlcipher/databasekey.h"
 #include "sqlfixture.h"
+#include "support/fulldisk.h"
+#include "support/ordinaryuser.h"
 
 #include <QElapsedTimer>
 #include <QFile>
@@ -12,8 +14,6 @@
 #include <atomic>
 #include <csignal>
 #include <memory>
-#include <sys/resource.h>
-#include <unistd.h>
 
 namespace {
 
@@ -42,48 +42,6 @@ void write(const QString &path, const QByteArray &bytes)
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
         qFatal("%s can't be written", qPrintable(path));
 }
-
-/// While it lives, file permissions count for this process, also where root runs the test.
-class OrdinaryUser
-{
-public:
-    OrdinaryUser()
-    {
-        constexpr uid_t kNobody = 65534;
-        if (m_isRoot && seteuid(kNobody) != 0)
-            qFatal("The user can't be changed");
-    }
-    ~OrdinaryUser()
-    {
-        if (m_isRoot && seteuid(0) != 0)
-            qFatal("The user can't be changed back");
-    }
-
-private:
-    const bool m_isRoot = geteuid() == 0;
-};
-
-/// While it lives, no file can grow beyond a size, as on a full disk.
-class FileSizeLimit
-{
-public:
-    explicit FileSizeLimit(rlim_t bytes)
-        : m_previousHandler(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        getrlimit(RLIMIT_FSIZE, &m_previous);
-        const rlimit limit{bytes, m_previous.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FileSizeLimit()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_previous);
-        std::signal(SIGXFSZ, m_previousHandler);
-    }
-
-private:
-    rlimit m_previous{};
-    void (*m_previousHandler)(int);
-};
 
 }  // namespace
 
@@ -404,7 +362,7 @@ void TestSqlCipherFiles::fileThatCantGrowKeepsWhatItHad()
     QVERIFY(query.prepare(QStringLiteral("INSERT INTO t VALUES (?)")));
     query.addBindValue(QString(5000000, QLatin1Char('x')));
     {
-        const FileSizeLimit limit(1 << 20);
+        const FullDisk disk(1 << 20);
         QVERIFY(!query.exec());
         const int error = query.lastError().nativeErrorCode().toInt();
         QVERIFY2(error == kInputOutput || error == kFull, qPrintable(query.lastError().text()));

@@ -29,10 +29,10 @@ public:
     /// \return          the operator's id
     UuidString addOperator(OperatorModelData::OperatorType type, const QString &name, int rights,
                            const QString &password = QString());
-
-private:
+    /// Runs a statement on the file, beside the program's connection.
     void run(const QString &statement, const QVariantList &values = {});
 
+private:
     QString m_path;
     int m_operators = 0;
 };
