@@ -210,11 +210,12 @@ void FieldSettingsView::updateTexts()
 void FieldSettingsView::updateRequiredBy()
 {
     QMap<int, QStringList> names;
-    for (const AbstractApplication *application : qAsConst(m_applications)) {
-        for (const int number : application->requiredPersonFields()) {
-            if (!names[number].contains(application->displayName()))
-                names[number].append(application->displayName());
-        }
+    for (auto application = m_applications.cbegin(); application != m_applications.cend(); ++application) {
+        const QString displayName = (*application)->displayName();
+        const QString name = displayName.isEmpty() ? application.key() : displayName;
+        const QList<int> required = (*application)->requiredPersonFields();
+        for (const int number : QSet<int>(required.cbegin(), required.cend()))
+            names[number].append(name);
     }
     for (auto label = m_requiredBy.cbegin(); label != m_requiredBy.cend(); ++label)
         (*label)->setText(names.value(label.key()).join(QLatin1String(", ")));

@@ -1,6 +1,7 @@
 #include "Corvane/settings/fieldsettingsview.h"
 #include "fieldpages.h"
 #include "settingstest.h"
+#include "support/pluginfolder.h"
 #include "support/userinput.h"
 
 #include <QComboBox>
@@ -32,6 +33,11 @@ QStringList states(const QWidget &page)
     for (int number = 1; number <= 8; ++number)
         texts.append(stateBox(page, number)->currentText());
     return texts;
+}
+
+QString requiredBy(const QWidget &page, int number)
+{
+    return child<QLabel>(page, qPrintable(QStringLiteral("field_required_by_%1").arg(number)))->text();
 }
 
 QStringList order(const QWidget &page)
@@ -73,6 +79,10 @@ private slots:
     void choosingAStateSetsTheBitsOfBothMasks();
     void aMaskThatIsNoIntegerLeavesTheBoxesAsTheyAre_data();
     void aMaskThatIsNoIntegerLeavesTheBoxesAsTheyAre();
+
+    void withoutPluginsNobodyRequiresAField();
+    void theApplicationsThatRequireAFieldStandBesideIt();
+    void aPluginThatFailsIsReportedOnceThePageIsThere();
 
     void theOrderOfTheFullNameIsReadAndSaved_data();
     void theOrderOfTheFullNameIsReadAndSaved();
@@ -244,6 +254,40 @@ void TestFieldSettingsView::aMaskThatIsNoIntegerLeavesTheBoxesAsTheyAre()
     const FieldSettingsView another;
     QCOMPARE(stateBox(another, 4)->currentText(), QStringLiteral("Mandatory"));
     QCOMPARE(stateBox(another, 8)->currentText(), QStringLiteral("Not visible"));
+}
+
+void TestFieldSettingsView::withoutPluginsNobodyRequiresAField()
+{
+    const PluginFolder folder;
+    const FieldSettingsView page;
+    for (int number = 1; number <= 8; ++number)
+        QCOMPARE(requiredBy(page, number), QString());
+}
+
+void TestFieldSettingsView::theApplicationsThatRequireAFieldStandBesideIt()
+{
+    PluginFolder folder;
+    QVERIFY(folder.addSamples());
+    QVERIFY(folder.add(QStringLiteral("alpha")));
+    const FieldSettingsView page;
+    QCOMPARE(requiredBy(page, 1), QStringLiteral("Alpha study"));
+    QCOMPARE(requiredBy(page, 2), QString());
+    QCOMPARE(requiredBy(page, 4), QStringLiteral("Night oximetry"));
+    QCOMPARE(requiredBy(page, 5), QStringLiteral("Night oximetry, Spirometry"));
+    QCOMPARE(requiredBy(page, 8), QStringLiteral("Alpha study, Spirometry"));
+}
+
+void TestFieldSettingsView::aPluginThatFailsIsReportedOnceThePageIsThere()
+{
+    PluginFolder folder;
+    QVERIFY(folder.add(QStringLiteral("nullinstance")));
+    QVERIFY(folder.add(QStringLiteral("beta")));
+    const FieldSettingsView page;
+    QSignalSpy errors(&page, &FieldSettingsView::logError);
+    QTRY_COMPARE(errors.size(), 1);
+    QCOMPARE(errors.first().at(1).toUInt(), 0x09300000U);
+    QVERIFY(errors.first().at(2).toString().startsWith(QLatin1String("Plugin failure: nullinstance")));
+    QCOMPARE(requiredBy(page, 3), QStringLiteral("Beta study"));
 }
 
 void TestFieldSettingsView::theOrderOfTheFullNameIsReadAndSaved_data()
