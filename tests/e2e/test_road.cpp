@@ -77,8 +77,10 @@ private slots:
     void aChangedSettingIsSavedAndFoundRecorded();
     void anotherAdministratorSignsInWithAPassword();
     void operatorsSignInByEveryWayOnTheDemonstrationWorkstation();
+    void aUserIsAddedWithTheKeyboardAloneAndMayDoWhatItsRoleAllows();
 
 private:
+    void makeDemonstrationSite();
     QProcessEnvironment environment() const;
     QVector<Event> recorded() const;
     QString localSettingsFile() const;
@@ -210,13 +212,18 @@ void TestRoad::anotherAdministratorSignsInWithAPassword()
     QVERIFY(!readFile(m_workstation->runtimeLog()).contains("corvane-e2e-secret"));
 }
 
-void TestRoad::operatorsSignInByEveryWayOnTheDemonstrationWorkstation()
+void TestRoad::makeDemonstrationSite()
 {
     QProcess demo;
     demo.start(QStringLiteral(PROGRAM_FOLDER "/demoworkstation"),
                {m_workstation->dataDirectory(), localSettingsFile(), QStringLiteral("1.2.3")});
     QVERIFY(demo.waitForFinished(kWalkTime));
     QCOMPARE(demo.exitCode(), 0);
+}
+
+void TestRoad::operatorsSignInByEveryWayOnTheDemonstrationWorkstation()
+{
+    makeDemonstrationSite();
     const int before = recorded().size();  // of two years
     const Output signIns =
         drive(QStringLiteral(E2E_SCRIPTS "/signins.py"),
@@ -228,6 +235,25 @@ void TestRoad::operatorsSignInByEveryWayOnTheDemonstrationWorkstation()
     for (const Event &event : events)
         signedIn += event.action == Actions::Login ? 1 : 0;
     QCOMPARE(signedIn, 5);  // four, and the refused one
+}
+
+void TestRoad::aUserIsAddedWithTheKeyboardAloneAndMayDoWhatItsRoleAllows()
+{
+    makeDemonstrationSite();
+    const int before = recorded().size();
+    const Output newUser =
+        drive(QStringLiteral(E2E_SCRIPTS "/newuser.py"),
+              {QStringLiteral(LAUNCHER), QStringLiteral(SCREENSHOTS "/newuser")}, environment());
+    QVERIFY2(newUser.exitCode == 0, newUser.text.constData());
+
+    const QVector<Event> events = recorded().mid(before);
+    QMap<int, int> counts;
+    for (const Event &event : events)
+        ++counts[event.action];
+    QCOMPARE(counts.value(Actions::Login), 2);
+    QCOMPARE(counts.value(Actions::AddOperator), 2);  // the new user, and then its role
+    QVERIFY2(events.contains({Actions::AddOperator, Actions::Human, kConsole}), describe(events).constData());
+    QVERIFY(!readFile(m_workstation->runtimeLog()).contains("radium-1898"));
 }
 
 QTEST_GUILESS_MAIN(TestRoad)

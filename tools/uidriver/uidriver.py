@@ -205,6 +205,53 @@ def press_key(*keys):
     xdotool("key", "--clearmodifiers", *keys)
 
 
+class Focus:
+    """Hears where the keyboard's focus goes, as a screen reader does."""
+
+    MOST_HEARD = 20
+
+    def __init__(self):
+        self.heard = []  # the last stations, for a person who looks for the way
+        self._node = None
+        self._listener = _atspi().EventListener.new(self._on_event)
+
+    def __enter__(self):
+        self._listener.register("object:state-changed:focused")
+        return self
+
+    def __exit__(self, *_):
+        self._listener.deregister("object:state-changed:focused")
+
+    def _on_event(self, event):
+        if event.detail1:
+            self._node = event.source
+            self.heard = (self.heard + [repr(self.current_now())])[-self.MOST_HEARD:]
+
+    def current_now(self):
+        return Widget(self._node) if self._node is not None else None
+
+    def settle(self, seconds=0.15):
+        """Lets what a key press has set off arrive."""
+        from gi.repository import GLib
+
+        end = time.monotonic() + seconds
+        while time.monotonic() < end:
+            while GLib.MainContext.default().iteration(False):
+                pass
+            time.sleep(0.01)
+
+    def current(self):
+        """The widget that has the focus, once one was heard of."""
+        self.settle(0.02)
+        return wait_until(lambda: self.settle(0.02) or self.current_now(), "the focus")
+
+    def is_on(self, role, name):
+        """Whether the focus is on this widget now."""
+        self.settle(0.02)
+        widget = self.current_now()
+        return widget is not None and widget.role == role and name in (widget.name, widget.label)
+
+
 class Program:
     """The program as its own process, seen through the accessibility bus."""
 

@@ -1,13 +1,63 @@
 #include "ZephanShared/widgets/celltable.h"
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPointer>
+#include <QStyledItemDelegate>
 
 namespace {
 
 constexpr int kRowHeight = 30;
+
+/// What a screen reader that goes through the table is told of a cell with a widget: what the widget says,
+/// and whether it is checked.
+class CellItem : public QTableWidgetItem
+{
+public:
+    explicit CellItem(QWidget *widget)
+        : m_button(qobject_cast<QAbstractButton *>(widget))
+        , m_edit(qobject_cast<QLineEdit *>(widget))
+    {
+        setFlags(Qt::ItemIsEnabled);
+    }
+
+    QVariant data(int role) const override
+    {
+        if (role == Qt::AccessibleTextRole)
+            return text();
+        if (role == Qt::CheckStateRole && m_button && m_button->isCheckable())
+            return m_button->isChecked() ? Qt::Checked : Qt::Unchecked;
+        return QTableWidgetItem::data(role);
+    }
+
+private:
+    QString text() const
+    {
+        if (m_button)
+            return m_button->accessibleName().isEmpty() ? m_button->text() : m_button->accessibleName();
+        return m_edit ? m_edit->text() : QString();
+    }
+
+    QPointer<QAbstractButton> m_button;
+    QPointer<QLineEdit> m_edit;
+};
+
+/// Leaves the whole cell to its widget: the mark for screen readers takes no room.
+class CellDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->features &= ~QStyleOptionViewItem::HasCheckIndicator;
+    }
+};
 
 }  // namespace
 
@@ -15,6 +65,7 @@ CellTable::CellTable(TabKey tabKey, QWidget *parent)
     : QTableWidget(parent)
     , m_tabKey(tabKey)
 {
+    setItemDelegate(new CellDelegate(this));
     horizontalHeader()->hide();
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
@@ -48,6 +99,7 @@ void CellTable::setCell(int row, int column, QWidget *widget)
 {
     // Thousands of widgets are no stations of the Tab key.
     widget->setFocusPolicy(Qt::ClickFocus);
+    setItem(row, column, new CellItem(widget));
     setCellWidget(row, column, widget);
     widget->hide();
 }
@@ -81,6 +133,17 @@ void CellTable::focusInEvent(QFocusEvent *event)
         focusCell(currentRow(), currentColumn());
     else
         focusFirstCell();
+    // The table itself is told to screen readers after its cell, so that the cell has to be told once more.
+    QMetaObject::invokeMethod(this, &CellTable::announceFocus, Qt::QueuedConnection);
+}
+
+void CellTable::announceFocus()
+{
+    QWidget *cell = cellWidget(currentRow(), currentColumn());
+    if (!cell || !cell->hasFocus())
+        return;
+    QAccessibleEvent event(cell, QAccessible::Focus);
+    QAccessible::updateAccessibility(&event);
 }
 
 void CellTable::scrollContentsBy(int dx, int dy)

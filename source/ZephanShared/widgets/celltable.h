@@ -9,7 +9,7 @@
 ///
 /// The arrow keys, Home, End, Page Up and Page Down go from widget to widget, passing over empty and disabled
 /// cells, and Enter clicks a button. In an edit only the keys that move up and down do so. The table comes
-/// back to the widget that it was left from.
+/// back to the widget that it was left from. A screen reader finds what the widgets say in the cells.
 ///
 /// Only the widgets in view are shown, so that thousands of them are not in each other's way.
 class CellTable : public QTableWidget
@@ -58,6 +58,7 @@ private:
     bool focusNextCell(int direction);
     void leave(int direction);
     bool focusFirstCell();
+    void announceFocus();
 
     TabKey m_tabKey;
     QVector<QPointer<QWidget>> m_cellsInView;

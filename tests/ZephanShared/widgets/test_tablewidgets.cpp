@@ -1,3 +1,5 @@
+#include "ZephanShared/widgets/celltable.h"
+#include "ZephanShared/widgets/checkbutton.h"
 #include "ZephanShared/widgets/columnbutton.h"
 #include "ZephanShared/widgets/columnlineedit.h"
 #include "support/messageboxes.h"
@@ -76,6 +78,8 @@ private slots:
     void anAmpersandInANameIsNoShortcut();
     void aNameOfAnyLengthFitsItsCell_data();
     void aNameOfAnyLengthFitsItsCell();
+    void aCellTellsScreenReadersWhatItsWidgetSays();
+    void theWidgetFillsItsCell();
 };
 
 void TestTableWidgets::aTableHelperStartsAtZeroAndIsCopiedWhole()
@@ -323,6 +327,47 @@ void TestTableWidgets::aNameOfAnyLengthFitsItsCell()
         QCOMPARE(QToolTip::text(), QStringLiteral("<p>%1</p>").arg(name.left(1000).toHtmlEscaped()));
     QToolTip::hideText();
     QTRY_VERIFY(!QToolTip::isVisible());
+}
+
+void TestTableWidgets::aCellTellsScreenReadersWhatItsWidgetSays()
+{
+    CellTable table(CellTable::TabLeaves, nullptr);
+    table.growTo(1, 3);
+    auto *button = new ColumnButton(text("R&D"), table.viewport());
+    auto *check = new CheckButton(table.viewport());
+    check->setAccessibleName(text("R&D: Nurse"));
+    auto *edit = new ColumnLineEdit(text("Ward 4"), kId, table.viewport());
+    table.setCell(0, 0, button);
+    table.setCell(0, 1, check);
+    table.setCell(0, 2, edit);
+    table.show();
+
+    QAccessibleTableInterface *cells = QAccessible::queryAccessibleInterface(&table)->tableInterface();
+    QVERIFY(cells);
+    QCOMPARE(cells->cellAt(0, 0)->text(QAccessible::Name), text("R&D"));
+    QCOMPARE(cells->cellAt(0, 1)->text(QAccessible::Name), text("R&D: Nurse"));
+    QCOMPARE(cells->cellAt(0, 2)->text(QAccessible::Name), text("Ward 4"));
+    QVERIFY(!cells->cellAt(0, 0)->state().checked);
+    QVERIFY(!cells->cellAt(0, 1)->state().checked);
+    QTest::mouseClick(check, Qt::LeftButton);
+    QVERIFY(cells->cellAt(0, 1)->state().checked);
+    button->setText(text("Wards"));
+    QCOMPARE(cells->cellAt(0, 0)->text(QAccessible::Name), text("Wards"));
+
+    // A widget that has gone leaves an empty cell.
+    table.removeCellWidget(0, 0);
+    QTRY_COMPARE(cells->cellAt(0, 0)->text(QAccessible::Name), QString());
+}
+
+void TestTableWidgets::theWidgetFillsItsCell()
+{
+    CellTable table(CellTable::TabLeaves, nullptr);
+    table.growTo(1, 1);
+    auto *check = new CheckButton(table.viewport());
+    table.setCell(0, 0, check);
+    table.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&table));
+    QCOMPARE(check->geometry(), table.visualItemRect(table.item(0, 0)));
 }
 
 QTEST_MAIN(TestTableWidgets)
