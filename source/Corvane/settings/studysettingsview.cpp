@@ -11,6 +11,7 @@
 #include <QComboBox>
 #include <QFrame>
 #include <QHBoxLayout>
+#include <QItemSelectionModel>
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
@@ -51,14 +52,28 @@ QString idOf(const QListWidgetItem *item)
     return item->data(Qt::UserRole).toString();
 }
 
+/// In the list's order. The selection is asked as a whole: asked for each item it takes a time that grows
+/// with the square of a long list's length.
 QStringList selectedIds(const SelectionPopup *list)
 {
+    QModelIndexList indexes = list->selectionModel()->selectedIndexes();
+    std::sort(indexes.begin(), indexes.end());
     QStringList ids;
-    for (int row = 0; row < list->count(); ++row) {
-        if (list->item(row)->isSelected())
-            ids.append(idOf(list->item(row)));
-    }
+    for (const QModelIndex &index : qAsConst(indexes))
+        ids.append(index.data(Qt::UserRole).toString());
     return ids;
+}
+
+void selectIds(SelectionPopup *list, const QStringList &ids)
+{
+    const QSet<QString> wanted(ids.cbegin(), ids.cend());
+    QItemSelection selection;
+    for (int row = 0; row < list->count(); ++row) {
+        const QModelIndex index = list->model()->index(row, 0);
+        if (wanted.contains(index.data(Qt::UserRole).toString()))
+            selection.append(QItemSelectionRange(index));
+    }
+    list->selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
 }
 
 }  // namespace
@@ -206,11 +221,9 @@ void StudySettingsView::fillReferenceSets()
 
 void StudySettingsView::select(const StudyEntries::ReferenceChoice &choice)
 {
-    const QSet<QString> hidden(choice.hidden.cbegin(), choice.hidden.cend());
     {
         const QSignalBlocker blocker(m_hiddenSets);
-        for (int row = 0; row < m_hiddenSets->count(); ++row)
-            m_hiddenSets->item(row)->setSelected(hidden.contains(idOf(m_hiddenSets->item(row))));
+        selectIds(m_hiddenSets, choice.hidden);
     }
     handleSelectedRefsetChange();
     const int index = choice.preset.isEmpty() ? 0 : m_defaultSet->findData(choice.preset);
