@@ -59,7 +59,7 @@ struct StudyField
 };
 
 /// The fields that settings can name: without an id, with a separator in it or with one that came before
-/// there is nothing that could be stored.
+/// there is nothing that could be stored. A field without a text is shown by its id.
 QVector<StudyField> usableFields(const AbstractApplication &application)
 {
     QVector<StudyField> fields;
@@ -71,8 +71,9 @@ QVector<StudyField> usableFields(const AbstractApplication &application)
             ids.contains(id))
             continue;
         ids.insert(id);
-        fields.append({id, descriptor.value(AbstractApplication::FieldText).toString(),
-                       descriptor.value(AbstractApplication::FieldFixed).toBool()});
+        const QString text = descriptor.value(AbstractApplication::FieldText).toString();
+        fields.append(
+            {id, text.isEmpty() ? id : text, descriptor.value(AbstractApplication::FieldFixed).toBool()});
     }
     return fields;
 }
@@ -171,12 +172,12 @@ void StudySettingsView::updateFieldTexts()
             texts.insert(field.id, field.text);
     }
     for (auto box = m_fieldBoxes.cbegin(); box != m_fieldBoxes.cend(); ++box)
-        (*box)->setText(boxText(texts.value(box.key())));
+        (*box)->setText(texts.contains(box.key()) ? boxText(texts.value(box.key())) : (*box)->text());
     for (int slot = 0; slot < m_listFields.size(); ++slot) {
         QComboBox *box = m_listFields.at(slot);
         box->setAccessibleName(tr("Study list fields") + QStringLiteral(" %1").arg(slot + 1));
         for (int i = kOwnFields; i < box->count() - 1; ++i)
-            box->setItemText(i, texts.value(box->itemData(i).toString()));
+            box->setItemText(i, texts.value(box->itemData(i).toString(), box->itemText(i)));
         if (box->count() > kOwnFields) {
             box->setItemText(0, tr("Application name"));
             box->setItemText(1, tr("Date"));
