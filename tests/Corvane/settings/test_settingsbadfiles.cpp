@@ -3,6 +3,7 @@
 #include "support/filedialogs.h"
 #include "support/fulldisk.h"
 #include "support/messageboxes.h"
+#include "support/ordinaryuser.h"
 
 #include <QComboBox>
 #include <QDir>
@@ -22,28 +23,8 @@ namespace {
 
 constexpr qint64 kHuge = 200 * 1024 * 1024;
 constexpr unsigned long kNoRoom = 64;  // bytes
-constexpr uid_t kNobody = 65534;
 
 using Change = std::function<void(const QString &path)>;
-
-/// For as long as it lives the process may do no more than anybody may.
-class Unprivileged
-{
-public:
-    Unprivileged()
-    {
-        if (m_user == 0 && seteuid(kNobody) != 0)
-            qFatal("The rights cannot be given up");
-    }
-    ~Unprivileged()
-    {
-        if (geteuid() != m_user && seteuid(m_user) != 0)
-            qFatal("The rights do not come back");
-    }
-
-private:
-    const uid_t m_user = geteuid();
-};
 
 /// What a file turns into between its choice and its use.
 Change into(const QByteArray &bytes)
@@ -230,7 +211,7 @@ void TestSettingsBadFiles::aFileThatMayNotBeReadIsNotImported()
     begin(bench);
     QVERIFY(QFile::setPermissions(m_file, QFile::Permissions()));
     {
-        const Unprivileged user;
+        const OrdinaryUser user;
         transfer(bench, "import_action");
     }
     checkNotImported(bench);
@@ -364,7 +345,7 @@ void TestSettingsBadFiles::aFolderInWhichNothingMayBeMadeFails()
     begin(bench);
     QVERIFY(QFile::setPermissions(m_folder, QFile::Permissions(0x5555)));
     {
-        const Unprivileged user;
+        const OrdinaryUser user;
         transfer(bench, "export_action");
     }
     checkNotExported(bench,
