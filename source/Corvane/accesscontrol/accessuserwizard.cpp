@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollArea>
 #include <QUuid>
 #include <QVBoxLayout>
@@ -178,4 +179,19 @@ void AccessUserWizard::putButtonsBehind(QWidget *last)
 {
     setTabOrder(last, m_saveButton);
     setTabOrder(m_saveButton, m_removeButton);
+}
+
+/// Takes the size that what is shown needs. An open dialog that grows stays on the screen.
+void AccessUserWizard::fitToContents()
+{
+    m_layout->activate();
+    adjustSize();
+    if (!isVisible())
+        return;
+    const QRect room = screen()->availableGeometry();
+    QRect frame = frameGeometry();
+    frame.moveLeft(qMax(room.left(), qMin(frame.left(), room.right() - frame.width())));
+    frame.moveTop(qMax(room.top(), qMin(frame.top(), room.bottom() - frame.height())));
+    if (frame.topLeft() != frameGeometry().topLeft())
+        move(frame.topLeft());
 }

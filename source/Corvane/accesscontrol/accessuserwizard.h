@@ -103,6 +103,7 @@ private:
     bool askWhetherToDiscard();
     void setSavable(bool savable, const QString &reason = QString());
     void putButtonsBehind(QWidget *last);
+    void fitToContents();
 
     void showGroup();
     void addNames(const OperatorModel &oper);

@@ -81,7 +81,7 @@ void AccessUserWizard::setManualEntry()
     m_saveButton->setEnabled(false);
     m_manualWidget->show();
     m_saveButton->show();
-    adjustSize();
+    fitToContents();
 }
 
 void AccessUserWizard::buildManualEntry()
@@ -121,11 +121,12 @@ void AccessUserWizard::listAccounts(QStringList (*accounts)(const QString &), co
     m_accountBox->hide();
     m_radioButtons.clear();
     m_saveButton->setEnabled(false);
+    repaint();  // without the list of domains, which has closed, while the system is asked
     m_accountArea->setWidget(makeAccountGrid(accounts(server)));  // the old buttons go with the old grid
     m_accountArea->widget()->setAutoFillBackground(false);
     m_accountBox->show();
     fitAccountBox();
-    adjustSize();
+    fitToContents();
     m_saveButton->show();
 }
 

@@ -40,7 +40,7 @@ void AccessUserWizard::setupOperatorForm(const OperatorModel &oper, bool managed
     addNames(oper);
     addPlaces(oper, organizations, departments);
     addCredentials(oper, managed);
-    adjustSize();
+    fitToContents();
     m_saveButton->show();
     m_lastName->setFocus();
 }

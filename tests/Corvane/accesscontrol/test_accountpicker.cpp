@@ -3,6 +3,7 @@
 #include "support/messageboxes.h"
 #include "support/userinput.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
 #include <QElapsedTimer>
@@ -62,6 +63,25 @@ OperatorModel pick(bool group, const QList<EditorSteps::Step> &steps, const QStr
     return oper;
 }
 
+/// Runs an action each time that a widget is painted.
+class PaintWatch : public QObject
+{
+public:
+    explicit PaintWatch(std::function<void()> action)
+        : m_action(std::move(action))
+    {}
+
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::Paint)
+            m_action();
+        return false;
+    }
+
+private:
+    std::function<void()> m_action;
+};
+
 /// The accounts of each column, from left to right.
 QList<int> columns(QDialog &dialog)
 {
@@ -96,6 +116,7 @@ private slots:
     void anotherDomainTakesTheChoiceAway();
     void goingBackToTypingTakesTheTypedNameAway();
     void theWaitCursorIsUpWhileTheComputerAnswers();
+    void aDialogThatGrowsStaysOnTheScreen();
     void givingUpGivesNoOperator_data();
     void givingUpGivesNoOperator();
     void aTypedNameIsNotDiscardedWithoutAQuestion();
@@ -356,20 +377,43 @@ void TestAccountPicker::goingBackToTypingTakesTheTypedNameAway()
 
 void TestAccountPicker::theWaitCursorIsUpWhileTheComputerAnswers()
 {
+    QComboBox *combo = nullptr;
+    QString painted;
+    PaintWatch watch([&] { painted = combo->currentText(); });
     int listings = 0;
     AccountDatabase::whenListed([&] {
         ++listings;
         const QCursor *cursor = QApplication::overrideCursor();
         QVERIFY(cursor);
         QCOMPARE(cursor->shape(), Qt::WaitCursor);
+        QCOMPARE(painted, text("Local computer"));
+        QVERIFY(!combo->view()->isVisible());
         QTest::qSleep(100);
     });
     for (const bool group : {false, true}) {
+        painted.clear();
         QVERIFY(
-            !pick(group, {chooseDomain(kLocal), [](QDialog &) { QVERIFY(!QApplication::overrideCursor()); },
+            !pick(group, {[&](QDialog &dialog) {
+                              combo = shown<QComboBox>(dialog, "domain_combo");
+                              combo->installEventFilter(&watch);
+                          },
+                          chooseDomain(kLocal), [](QDialog &) { QVERIFY(!QApplication::overrideCursor()); },
                           pressKey(Qt::Key_Escape)}));
     }
     QCOMPARE(listings, 2);
+}
+
+void TestAccountPicker::aDialogThatGrowsStaysOnTheScreen()
+{
+    AccountDatabase::setUsers(AccountDatabase::numbered(19));
+    const auto isOnScreen = [](QDialog &dialog) {
+        QVERIFY(dialog.screen()->availableGeometry().contains(dialog.frameGeometry()));
+    };
+    QVERIFY(!pick(false, {[](QDialog &dialog) {
+                              dialog.move(dialog.screen()->availableGeometry().bottomRight() -
+                                          QPoint(dialog.width(), dialog.height()));
+                          },
+                          chooseDomain(kLocal), isOnScreen, pressKey(Qt::Key_Escape)}));
 }
 
 void TestAccountPicker::givingUpGivesNoOperator_data()
