@@ -50,6 +50,24 @@ struct Output
     QByteArray text;
 };
 
+/// The first column of a query's rows in the site's database.
+QStringList rowsOf(const QString &file, const QString &statement)
+{
+    QStringList rows;
+    const QString connection = QStringLiteral("site");
+    {
+        QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QODBC3"), connection);
+        database.setDatabaseName(QStringLiteral("Driver=SQLite3;Database=") + file);
+        if (database.open()) {
+            QSqlQuery query(statement, database);
+            while (query.next())
+                rows.append(query.value(0).toString());
+        }
+    }
+    QSqlDatabase::removeDatabase(connection);
+    return rows;
+}
+
 /// Runs one of the scripts that drive the window, with the system's own Python, which has the bindings.
 Output drive(const QString &script, const QStringList &arguments, const QProcessEnvironment &environment)
 {
@@ -78,6 +96,7 @@ private slots:
     void anotherAdministratorSignsInWithAPassword();
     void operatorsSignInByEveryWayOnTheDemonstrationWorkstation();
     void aUserIsAddedWithTheKeyboardAloneAndMayDoWhatItsRoleAllows();
+    void aChangedSettingIsDistributedAndLoadedBack();
 
 private:
     void makeDemonstrationSite();
@@ -254,6 +273,42 @@ void TestRoad::aUserIsAddedWithTheKeyboardAloneAndMayDoWhatItsRoleAllows()
     QCOMPARE(counts.value(Actions::AddOperator), 2);  // the new user, and then its role
     QVERIFY2(events.contains({Actions::AddOperator, Actions::Human, kConsole}), describe(events).constData());
     QVERIFY(!readFile(m_workstation->runtimeLog()).contains("radium-1898"));
+}
+
+void TestRoad::aChangedSettingIsDistributedAndLoadedBack()
+{
+    makeDemonstrationSite();
+    const QVariant language = localSetting(SettingsKeys::kLanguage);
+    const int before = recorded().size();
+    const Output round =
+        drive(QStringLiteral(E2E_SCRIPTS "/settingsround.py"),
+              {QStringLiteral(LAUNCHER), QStringLiteral(SCREENSHOTS "/round")}, environment());
+    QVERIFY2(round.exitCode == 0, round.text.constData());
+
+    // The site has one configuration, which is the active one, and this workstation works with its settings.
+    const QString site = m_workstation->dataDirectory() + QStringLiteral("site.db");
+    QCOMPARE(rowsOf(site, QStringLiteral("SELECT id || ' ' || active || ' ' || notes FROM configurations")),
+             QStringList{QStringLiteral("1 1 Dates as YYYY-MM-DD from now on")});
+    const auto working = openSettingsFile(m_workstation->dataDirectory() + QLatin1String(kSettingsFileName));
+    QCOMPARE(working->value(QLatin1String(SettingsKeys::kDateFormat)).toInt(), 2);
+    QCOMPARE(working->value(QLatin1String(SettingsKeys::kLanguage)), language);
+    QVERIFY(!working->contains(QLatin1String(SettingsKeys::kGeometry)));
+    // The local application takes it at its next start, not from here.
+    QCOMPARE(localSetting(SettingsKeys::kDateFormat).toInt(), 0);
+
+    const QString settings = QStringLiteral("Corvane Settings Management");
+    const QVector<Event> expected = {
+        {Actions::Started, Actions::Human, kConsole},
+        {Actions::Login, Actions::Human, kConsole},
+        {Actions::Started, Actions::Human, settings},
+        {Actions::LoadSettings, Actions::Human, QStringLiteral("Corvane Settings Local Load")},
+        {Actions::Stopping, Actions::Automatic, QStringLiteral("Corvane access connection")},
+        {Actions::Stopping, Actions::Human, settings},
+        {Actions::Logout, Actions::Human, kConsole},
+        {Actions::Stopping, Actions::Human, kConsole},
+    };
+    const QVector<Event> events = recorded().mid(before);
+    QVERIFY2(events == expected, describe(events).constData());
 }
 
 QTEST_GUILESS_MAIN(TestRoad)

@@ -88,6 +88,13 @@ std::optional<QByteArray> open(const QByteArray &bytes)
     return plain;
 }
 
+/// An empty text is the same value whether or not it is a null one, and equal values have equal forms.
+QVariant withoutNullText(const QVariant &value)
+{
+    const bool isEmptyText = value.userType() == QMetaType::QString && value.toString().isEmpty();
+    return isEmptyText ? QVariant(QLatin1String("")) : value;
+}
+
 bool isLowerHex(char c)
 {
     return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f');
@@ -100,7 +107,7 @@ QByteArray SafeValue::encipher(const QVariant &value)
     QByteArray plain;
     QDataStream stream(&plain, QIODevice::WriteOnly);
     stream.setVersion(kStreamVersion);
-    stream << value;
+    stream << withoutNullText(value);
     const QByteArray sealed = seal(plain);
     OPENSSL_cleanse(plain.data(), static_cast<size_t>(plain.size()));
     if (sealed.isEmpty())

@@ -63,6 +63,7 @@ void TestSafeValue::equalValuesHaveEqualForms()
 {
     const QByteArray form = SafeValue::encipher(QStringLiteral("secret"));
     QCOMPARE(SafeValue::encipher(QStringLiteral("secret")), form);
+    QCOMPARE(SafeValue::encipher(QString()), SafeValue::encipher(QStringLiteral("")));
     QVERIFY(SafeValue::encipher(QStringLiteral("secreT")) != form);
     QVERIFY(SafeValue::encipher(QByteArray("secret")) != form);
 }
