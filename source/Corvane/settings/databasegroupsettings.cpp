@@ -3,17 +3,15 @@
 #include "CommunicationAndData/settings/odbcconnection.h"
 #include "CommunicationAndData/settings/settingshandler.h"
 #include "CommunicationAndData/settings/settingskeys.h"
+#include "Corvane/settings/formparts.h"
 #include "ZephanShared/toolkit/nativepath.h"
 
 #include <QComboBox>
 #include <QFileDialog>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
-
-#include <algorithm>
 
 namespace {
 
@@ -25,9 +23,6 @@ constexpr int kOfflineIndex = 1;
 constexpr uint kSqlTypes = 5;
 constexpr int kItemFlagsRole = Qt::UserRole - 1;  // where the model of a combo box takes an item's flags from
 
-constexpr int kLabelHeight = 20;
-constexpr int kEditHeight = 25;
-constexpr int kButtonHeight = 30;
 constexpr int kFixedRowsHeight = 245;  // all that is not a line of the two lists
 constexpr int kLineHeight = 40;
 
@@ -49,11 +44,6 @@ const QStringList &databaseGroups()
         QLatin1String(SettingsKeys::kActionDbGroup), QLatin1String(SettingsKeys::kPersonDbGroup),
         QLatin1String(SettingsKeys::kStudyDbGroup), QLatin1String(SettingsKeys::kSupportDbGroup)};
     return groups;
-}
-
-QStringList splitLine(const QString &line)
-{
-    return line.split(QLatin1Char(';'), Qt::SkipEmptyParts);
 }
 
 QString bold(const QString &text)
@@ -103,7 +93,7 @@ void DatabaseGroupSettings::buildModeAndSelector()
 {
     m_modeCombo = new QComboBox(this);
     m_modeCombo->setObjectName(QStringLiteral("online_mode_combo"));
-    m_modeCombo->setFixedHeight(kEditHeight);
+    m_modeCombo->setFixedHeight(FormParts::kFieldHeight);
     m_modeCombo->addItems({QStringLiteral("Online"), QStringLiteral("Offline")});
     m_modeCombo->setEnabled(m_editable);
     m_modeCombo->hide();
@@ -112,7 +102,7 @@ void DatabaseGroupSettings::buildModeAndSelector()
 
     m_selector = new QComboBox(this);
     m_selector->setObjectName(QStringLiteral("database_selector"));
-    m_selector->setFixedHeight(kEditHeight);
+    m_selector->setFixedHeight(FormParts::kFieldHeight);
     m_selector->addItems(databaseGroups());
     if (!m_enableActionDb) {
         QAbstractItemModel *rows = m_selector->model();
@@ -126,7 +116,7 @@ void DatabaseGroupSettings::buildConnection()
     m_sqlTypeLabel = addLabel("sql_type_label");
     m_sqlTypeCombo = new QComboBox(this);
     m_sqlTypeCombo->setObjectName(QStringLiteral("sql_type_combo"));
-    m_sqlTypeCombo->setFixedHeight(kEditHeight);
+    m_sqlTypeCombo->setFixedHeight(FormParts::kFieldHeight);
     m_sqlTypeCombo->setEnabled(m_editable);
     for (const SqlType &type : kSqlTypeTable) {
         if (type.offered)
@@ -159,7 +149,7 @@ void DatabaseGroupSettings::buildOffline()
     m_createButton = new QPushButton(this);
     m_createButton->setObjectName(QStringLiteral("create_offline_button"));
     for (QPushButton *button : {m_browseButton, m_createButton}) {
-        button->setFixedHeight(kButtonHeight);
+        button->setFixedHeight(FormParts::kButtonHeight);
         button->setAutoDefault(false);
         button->setEnabled(m_editable);
         connect(button, SIGNAL(clicked()), this, SLOT(offlineClicked()));
@@ -173,7 +163,7 @@ QLabel *DatabaseGroupSettings::addLabel(const char *name)
 {
     auto *label = new QLabel(this);
     label->setObjectName(QLatin1String(name));
-    label->setFixedHeight(kLabelHeight);
+    label->setFixedHeight(FormParts::kLabelHeight);
     m_layout->addWidget(label);
     return label;
 }
@@ -182,7 +172,7 @@ QLineEdit *DatabaseGroupSettings::addField(const char *name, QLabel *label)
 {
     auto *field = new QLineEdit(this);
     field->setObjectName(QLatin1String(name));
-    field->setFixedHeight(kEditHeight);
+    field->setFixedHeight(FormParts::kFieldHeight);
     field->setEnabled(m_editable);
     label->setBuddy(field);
     m_layout->addWidget(field);
@@ -216,22 +206,6 @@ bool DatabaseGroupSettings::isOffline() const
 QString DatabaseGroupSettings::offlineLocation() const
 {
     return m_locationEdit->text();
-}
-
-// Both by the rows' order on the screen: the first parameter is named "Connection settings 1" and found as
-// connection_setting_1.
-void DatabaseGroupSettings::nameEditors()
-{
-    const auto name = [](const LineList &list, const QString &objectName, const QString &accessibleName) {
-        int number = 0;
-        for (QLineEdit *editor : list.editors) {
-            ++number;
-            editor->setObjectName(objectName + QString::number(number));
-            editor->setAccessibleName(QStringLiteral("%1 %2").arg(accessibleName).arg(number));
-        }
-    };
-    name(m_paramEditors, QStringLiteral("connection_setting_"), tr("Connection settings"));
-    name(m_optionEditors, QStringLiteral("connection_parameter_"), tr("Connection parameters"));
 }
 
 void DatabaseGroupSettings::showOnlineChoice()
@@ -340,124 +314,6 @@ void DatabaseGroupSettings::saveToStore()
 QString DatabaseGroupSettings::mapKey(const char *name) const
 {
     return databaseGroups().value(m_shownDatabase) + QLatin1Char('/') + QLatin1String(name);
-}
-
-QVariantMap DatabaseGroupSettings::editedParameters() const
-{
-    QVariantMap parameters;
-    for (const QLineEdit *editor : m_paramEditors.editors) {
-        const QStringList parts = splitLine(editor->text());
-        for (const QString &part : parts) {
-            const QStringList pair = part.split(QLatin1Char('='));
-            if (pair.size() == 2)
-                parameters.insert(pair.at(0), pair.at(1));
-        }
-    }
-    return parameters;
-}
-
-// No options are an empty text: an absent key would bring the default time-outs back.
-QVariant DatabaseGroupSettings::editedOptions() const
-{
-    QStringList options;
-    for (const QLineEdit *editor : m_optionEditors.editors)
-        options.append(splitLine(editor->text()));
-    return options.isEmpty() ? QVariant(QString()) : QVariant(options);
-}
-
-QLineEdit *DatabaseGroupSettings::addEditor(LineList &list, const QString &text)
-{
-    auto *editor = new QLineEdit(text, this);
-    editor->setCursorPosition(0);
-    editor->setFixedHeight(kEditHeight);
-    editor->setEnabled(m_editable);
-    editor->setVisible(!isOffline());
-    editor->installEventFilter(this);
-    setTabOrder(lineBefore(list), editor);
-    list.editors.append(editor);
-    list.layout->addWidget(editor);
-    connect(editor, SIGNAL(editingFinished()), this, SLOT(addEmptyEditors()));
-    return editor;
-}
-
-/// What the focus comes from when it enters a list's next line.
-QLineEdit *DatabaseGroupSettings::lineBefore(const LineList &list) const
-{
-    if (!list.editors.isEmpty())
-        return list.editors.last();
-    const bool isFirstList = &list == &m_paramEditors || m_paramEditors.editors.isEmpty();
-    return isFirstList ? m_passwordEdit : m_paramEditors.editors.last();
-}
-
-void DatabaseGroupSettings::clearEditors(LineList &list)
-{
-    while (!list.editors.isEmpty()) {
-        QLineEdit *editor = list.editors.takeFirst();
-        list.layout->removeWidget(editor);
-        delete editor;
-    }
-}
-
-void DatabaseGroupSettings::addEmptyEditors(bool setFocus)
-{
-    bool moveFocus = false;
-    auto *finished = setFocus ? qobject_cast<QLineEdit *>(sender()) : nullptr;
-    if (finished) {
-        moveFocus = finished->hasFocus();
-        finished->setText(finished->text().trimmed());
-        finished->setCursorPosition(0);
-    }
-    keepEmptyEditor(m_paramEditors, moveFocus);
-    keepEmptyEditor(m_optionEditors, moveFocus);
-    nameEditors();
-    updateGeometry();
-    adjustParent();
-}
-
-void DatabaseGroupSettings::keepEmptyEditor(LineList &list, bool moveFocus)
-{
-    if (list.editors.isEmpty() || !list.editors.last()->text().isEmpty()) {
-        QLineEdit *editor = addEditor(list, QString());
-        if (moveFocus)
-            editor->setFocus(Qt::OtherFocusReason);
-    }
-    if (list.editors.last()->text().isEmpty() && list.editors.size() > 1)
-        removeEmptyEditors(list);
-}
-
-// The indices are those from before the removals: with one empty row, which is all that editing can leave,
-// they are right.
-void DatabaseGroupSettings::removeEmptyEditors(LineList &list)
-{
-    QList<int> empty;
-    for (int i = list.editors.size() - 2; i >= 0; --i) {
-        if (list.editors.at(i)->text().isEmpty())
-            empty.prepend(i);
-    }
-    for (int index : qAsConst(empty)) {
-        if (index >= list.editors.size())
-            break;
-        QLineEdit *editor = list.editors.takeAt(index);
-        editor->disconnect();
-        editor->setObjectName(QString());
-        list.layout->removeWidget(editor);
-        editor->hide();
-        editor->deleteLater();
-    }
-}
-
-// Tab leaves the editor before its editing is finished. Finishing it first lets the focus go to the empty
-// line that the finished one brings.
-bool DatabaseGroupSettings::eventFilter(QObject *watched, QEvent *event)
-{
-    auto *editor = qobject_cast<QLineEdit *>(watched);
-    if (editor && event->type() == QEvent::KeyPress &&
-        static_cast<QKeyEvent *>(event)->key() == Qt::Key_Tab) {
-        emit editor->editingFinished();
-        if (!editor->hasFocus())
-            return true;
-    }
-    return BaseView::eventFilter(watched, event);
 }
 
 void DatabaseGroupSettings::onlineModeChanged(int index)

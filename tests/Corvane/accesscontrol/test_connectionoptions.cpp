@@ -2,6 +2,7 @@
 #include "Corvane/settings/databasegroupsettings.h"
 #include "support/messageboxes.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QDir>
 #include <QLayout>
@@ -27,6 +28,8 @@ private slots:
     void anOfflineLocationThatIsAFileFails();
     void afterADropTheOfflineFileIsFollowedByTheOnlineDatabase();
     void goingBackAndForthBetweenOnlineAndOffline();
+    void eachEndOnTheWayBetweenOnlineAndOfflineIsRecorded();
+    void theWaitCursorIsGoneWhenAFailureIsShown();
     void theDialogHasItsButtonsAndTheFocusInTheEditor();
     void theDialogIsEmptyAgainAfterwards();
 };
@@ -220,6 +223,48 @@ void TestConnectionOptions::goingBackAndForthBetweenOnlineAndOffline()
         QCOMPARE(m_handler->database()->connectionName(), kOfflineName);
     }
     QVERIFY(errors().isEmpty());
+}
+
+void TestConnectionOptions::eachEndOnTheWayBetweenOnlineAndOfflineIsRecorded()
+{
+    const QString online = sqliteName(makeDatabase(text("ends")));
+    writeLocalCache(sqlite(database(text("ends"))));
+    makeHandler();
+    m_handler->setOfflineAllowed(true);
+    QVERIFY(m_handler->connectOnline());
+    DialogSteps toOffline({chooseOffline(m_workstation.path(text("ends"))), pressConnect});
+    m_handler->connectionOptions();
+    const QString file = m_handler->database()->databaseName();
+    DialogSteps again({pressConnect});
+    m_handler->connectionOptions();
+    DialogSteps toOnline(
+        {[](QDialog &dialog) { find<QComboBox>(dialog, "online_mode_combo")->setCurrentIndex(0); },
+         pressConnect});
+    m_handler->connectionOptions();
+    const Event offlineStart{Actions::Started, Actions::Human, file, file, kInfo};
+    QCOMPARE(events(), (QList<Event>{started(online), stopping(kOnlineName, online), offlineStart,
+                                     stopping(kOfflineName, file), offlineStart, stopping(kOfflineName, file),
+                                     started(online)}));
+    QVERIFY(errors().isEmpty());
+}
+
+void TestConnectionOptions::theWaitCursorIsGoneWhenAFailureIsShown()
+{
+    makeHandler();
+    m_handler->setOfflineAllowed(true);
+    QVERIFY(writeFile(m_workstation.path(text("no_folder")), "kept"));
+    bool waits = true;
+    MessageBoxes boxes;
+    QTimer look;
+    connect(&look, &QTimer::timeout, this, [&] {
+        if (qobject_cast<QMessageBox *>(QApplication::activeModalWidget()))
+            waits = QApplication::overrideCursor() != nullptr;
+    });
+    look.start(0);
+    DialogSteps steps({chooseOffline(m_workstation.path(text("no_folder"))), pressConnect});
+    m_handler->connectionOptions();
+    QCOMPARE(boxes.seen().size(), 1);
+    QVERIFY(!waits);
 }
 
 void TestConnectionOptions::theDialogHasItsButtonsAndTheFocusInTheEditor()

@@ -6,10 +6,74 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QSemaphore>
 #include <QSqlQuery>
 #include <QTcpServer>
 #include <QTest>
+#include <QThread>
 #include <QVBoxLayout>
+
+#include <atomic>
+#include <memory>
+
+namespace {
+
+/// Accepts a connection on a thread of its own and never answers. It sees which cursor is shown meanwhile.
+class SilentServer
+{
+public:
+    SilentServer()
+    {
+        m_thread.reset(QThread::create([this] { listen(); }));
+        m_thread->start();
+        m_listening.acquire();
+    }
+    ~SilentServer()
+    {
+        m_done.release();
+        m_thread->wait();
+    }
+    Q_DISABLE_COPY(SilentServer)
+
+    QVariantMap parameters(const QString &driver) const
+    {
+        return {{text("Driver"), driver},
+                {text("Server"), text("127.0.0.1")},
+                {text("Port"), QString::number(m_port)},
+                {text("Database"), text("access")}};
+    }
+    /// The cursor over all windows when the first connection came; -1 for none.
+    int shapeWhenAsked() const
+    {
+        return m_shape;
+    }
+
+private:
+    void listen()
+    {
+        constexpr int kPatience = 10;  // milliseconds
+        QTcpServer server;
+        server.listen(QHostAddress::LocalHost);
+        m_port = server.serverPort();
+        m_listening.release();
+        bool asked = false;
+        while (!m_done.tryAcquire()) {
+            if (!server.waitForNewConnection(kPatience) || asked)
+                continue;
+            asked = true;
+            const QCursor *cursor = QGuiApplication::overrideCursor();
+            m_shape = cursor ? int(cursor->shape()) : -1;
+        }
+    }
+
+    std::unique_ptr<QThread> m_thread;
+    QSemaphore m_listening;
+    QSemaphore m_done;
+    std::atomic<int> m_port{0};
+    std::atomic<int> m_shape{-1};
+};
+
+}  // namespace
 
 /// The access connection itself: opened, lost and shown.
 class TestSupportConnectionHandler : public HandlerFixture
@@ -29,6 +93,7 @@ private slots:
     void closingForgetsTheConnection();
     void aSilentServerBlocksNoLongerThanTheOptionsSay_data();
     void aSilentServerBlocksNoLongerThanTheOptionsSay();
+    void theWaitCursorIsShownWhileAServerIsAsked();
     void everyLoggedFailureDropsTheConnection();
     void afterAFailureTheNextOperationReconnectsWithTheStoredCredentials();
     void transactionsNeedAConnection();
@@ -193,27 +258,51 @@ void TestSupportConnectionHandler::closingForgetsTheConnection()
 void TestSupportConnectionHandler::aSilentServerBlocksNoLongerThanTheOptionsSay_data()
 {
     QTest::addColumn<QString>("driver");
-    QTest::newRow("MariaDB") << text("MariaDB Unicode");
-    QTest::newRow("PostgreSQL") << text("PostgreSQL Unicode");
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<int>("seconds");
+
+    const QStringList longer{text("SQL_ATTR_LOGIN_TIMEOUT=3"), text("SQL_ATTR_CONNECTION_TIMEOUT=1")};
+    const QStringList shorter{text("SQL_ATTR_CONNECTION_TIMEOUT=3"), text("SQL_ATTR_LOGIN_TIMEOUT=1")};
+    QTest::newRow("two seconds by the default options, MariaDB")
+        << text("MariaDB Unicode") << kDefaultOptions << 2;
+    QTest::newRow("two seconds by the default options, PostgreSQL")
+        << text("PostgreSQL Unicode") << kDefaultOptions << 2;
+    QTest::newRow("one second of the login, whatever an answer may take, MariaDB")
+        << text("MariaDB Unicode") << shorter << 1;
+    QTest::newRow("three seconds of the login, whatever an answer may take, PostgreSQL")
+        << text("PostgreSQL Unicode") << longer << 3;
 }
 
 void TestSupportConnectionHandler::aSilentServerBlocksNoLongerThanTheOptionsSay()
 {
     QFETCH(QString, driver);
-    QTcpServer silent;
-    QVERIFY(silent.listen(QHostAddress::LocalHost));
-    writeLocalCache({{text("Driver"), driver},
-                     {text("Server"), text("127.0.0.1")},
-                     {text("Port"), QString::number(silent.serverPort())},
-                     {text("Database"), text("access")}});
+    QFETCH(QStringList, options);
+    QFETCH(int, seconds);
+    constexpr int kTolerance = 900;  // milliseconds, less than one second of an option
+    SilentServer silent;
+    writeLocalCache(silent.parameters(driver), options);
     makeHandler();
     QElapsedTimer time;
     time.start();
     QVERIFY(!m_handler->connectOnline());
     if (errors().first().contains(text("file not found")))
         QSKIP(qPrintable(text("The ODBC driver is not installed: ") + driver));
-    QVERIFY2(time.elapsed() < 4000, qPrintable(QString::number(time.elapsed())));
-    QVERIFY(!errors().first().contains(text("CONN_TIMEOUT")));
+    const qint64 taken = time.elapsed();
+    QVERIFY2(qAbs(taken - seconds * 1000) < kTolerance, qPrintable(QString::number(taken)));
+    QVERIFY(!errors().first().contains(text("TIMEOUT")));
+    QVERIFY(!errors().first().contains(text("pqopt")));
+}
+
+void TestSupportConnectionHandler::theWaitCursorIsShownWhileAServerIsAsked()
+{
+    SilentServer silent;
+    writeLocalCache(silent.parameters(text("MariaDB Unicode")), {text("SQL_ATTR_LOGIN_TIMEOUT=1")});
+    makeHandler();
+    QVERIFY(!m_handler->connectOnline());
+    if (errors().first().contains(text("file not found")))
+        QSKIP("MariaDB's ODBC driver is not installed");
+    QCOMPARE(silent.shapeWhenAsked(), int(Qt::WaitCursor));
+    QVERIFY(!QApplication::overrideCursor());
 }
 
 void TestSupportConnectionHandler::everyLoggedFailureDropsTheConnection()
