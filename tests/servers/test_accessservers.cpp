@@ -1,10 +1,24 @@
+#include "CommunicationAndData/access/accesscontrol.h"
+#include "CommunicationAndData/access/passwordhelper.h"
 #include "Corvane/accesscontrol/accesscontroloffline.h"
+#include "Corvane/views/loginview.h"
 #include "servers/serverfixture.h"
+#include "support/userinput.h"
 
+#include <QComboBox>
 #include <QElapsedTimer>
+#include <QLineEdit>
+#include <QPushButton>
 #include <QSqlQuery>
 #include <QSqlRecord>
 #include <QTcpServer>
+
+namespace {
+
+const QString kFirstOperator = QStringLiteral("ensimmainen");
+const QString kFirstPassword = QStringLiteral("kolme sanaa");
+
+}  // namespace
 
 /// The way to the access database on real servers: scripts, accounts, connections and refusals.
 class TestAccessServers : public ServerFixture
@@ -18,12 +32,16 @@ private slots:
     void theTablesHaveTheColumnsOfTheOfflineFile();
     void theConsoleConnects_data();
     void theConsoleConnects();
-    void theGuideLeadsToAConnectedConsole_data();
-    void theGuideLeadsToAConnectedConsole();
+    void theGuideLeadsFromAnEmptyServerToAnOperatorWhoSignsIn_data();
+    void theGuideLeadsFromAnEmptyServerToAnOperatorWhoSignsIn();
     void refusals_data();
     void refusals();
     void eachAccountMayDoWhatItNeedsAndNoMore_data();
     void eachAccountMayDoWhatItNeedsAndNoMore();
+
+private:
+    static QStringList commandsOf(const QString &chapter);
+    bool saveFirstOperator();
 };
 
 void TestAccessServers::theScriptsCompleteWhatIsMissingAndKeepTheRest_data()
@@ -94,7 +112,7 @@ void TestAccessServers::theConsoleConnects()
     QVERIFY(m_errors->isEmpty());
 }
 
-void TestAccessServers::theGuideLeadsToAConnectedConsole_data()
+void TestAccessServers::theGuideLeadsFromAnEmptyServerToAnOperatorWhoSignsIn_data()
 {
     QTest::addColumn<DatabaseServer::Kind>("server");
     QTest::addColumn<QString>("chapter");
@@ -107,30 +125,75 @@ void TestAccessServers::theGuideLeadsToAConnectedConsole_data()
                                 << text("DROP DATABASE %1 WITH (FORCE);\n"
                                         "DROP ROLE IF EXISTS console, application, auditor;"
                                         "DROP ROLE corvane_console, corvane_application, corvane_auditor;");
+    QTest::newRow("SQLite") << DatabaseServer::Sqlite << text("## SQLite\n") << QString();
 }
 
-/// Runs the commands of the administrators' guide as they stand there, from an empty server on.
-void TestAccessServers::theGuideLeadsToAConnectedConsole()
+/// Runs the commands of the administrators' guide as they stand there, from an empty server on, and follows
+/// its steps up to the sign-in of the first operator.
+void TestAccessServers::theGuideLeadsFromAnEmptyServerToAnOperatorWhoSignsIn()
 {
     QFETCH(QString, chapter);
     QFETCH(QString, removal);
-    m_prepared.remove(m_kind);
+    const bool isFile = m_kind == DatabaseServer::Sqlite;
     const QString maintenance = m_kind == DatabaseServer::PostgreSql ? text("postgres") : QString();
-    QVERIFY2(server().run(maintenance, removal.arg(kDatabase)), qPrintable(server().errorText()));
+    if (!isFile) {
+        m_prepared.remove(m_kind);
+        QVERIFY2(server().run(maintenance, removal.arg(kDatabase)), qPrintable(server().errorText()));
+    }
+    // Beside the sources, where nothing of theirs is changed.
+    const QString folder = m_workstation.path(text("guide"));
+    const QString prologue =
+        QStringLiteral("mkdir -p '%1'; ln -sfn \"$PWD/resources\" '%1/resources'; cd '%1'\n").arg(folder);
+    const QStringList blocks = commandsOf(chapter);
+    QCOMPARE(blocks.size(), isFile ? 1 : 2);
+    for (const QString &block : blocks)
+        QVERIFY2(server().runShell(prologue + block), qPrintable(server().errorText()));
 
+    QVariantMap params = server().parameters(kDatabase);
+    if (isFile)
+        params.insert(text("Database"), folder + text("/corvane.db"));
+    const QString account = isFile ? QString() : text("console");
+    const QString password = isFile ? QString() : text("a password for the console");
+    QVERIFY2(connectAs(account, password, params), qPrintable(errorText()));
+    QVERIFY(saveFirstOperator());
+
+    QVERIFY2(connectAs(account, password, params), qPrintable(errorText()));
+    LoginView view(m_handler.get(), nullptr);
+    QSignalSpy loggedIn(&view, SIGNAL(loggedIn(AccessControl *)));
+    view.show();
+    chooseEntry(view.findChild<QComboBox *>(text("authenticated_user_combo")), 1);
+    QTest::keyClicks(view.findChild<QLineEdit *>(text("username_edit")), kFirstOperator);
+    QTest::keyClicks(view.findChild<QLineEdit *>(text("password_edit")), kFirstPassword);
+    QTest::mouseClick(view.findChild<QPushButton *>(text("sign_in_button")), Qt::LeftButton);
+    QTRY_COMPARE(loggedIn.size(), 1);
+    const auto *access = view.findChild<AccessControl *>();
+    QCOMPARE(access->getOperator()->username(), kFirstOperator);
+    QCOMPARE(int(access->allowedAccessTypes()), 0x3ff037);
+}
+
+/// The shell commands of a chapter of the guide, one text a block.
+QStringList TestAccessServers::commandsOf(const QString &chapter)
+{
     const QString guide = QString::fromUtf8(readFile(text(CORVANE_GUIDE)));
     const QString section = guide.section(chapter, 1).section(text("\n## "), 0, 0);
-    const QStringList parts = section.split(text("```"));
-    int blocks = 0;
-    for (const QString &part : parts) {
-        if (!part.startsWith(text("sh\n")))
-            continue;
-        ++blocks;
-        QVERIFY2(server().runShell(part.mid(3)), qPrintable(server().errorText()));
+    QStringList blocks;
+    for (const QString &part : section.split(text("```"))) {
+        if (part.startsWith(text("sh\n")))
+            blocks.append(part.mid(3));
     }
-    QCOMPARE(blocks, 2);
-    QVERIFY2(connectAs(text("console"), text("a password for the console")), qPrintable(errorText()));
-    QCOMPARE(column(text("SELECT title FROM roles WHERE title = 'Admin'")), QStringList{text("Admin")});
+    return blocks;
+}
+
+/// An internal user with the role Admin, as the console keeps it.
+bool TestAccessServers::saveFirstOperator()
+{
+    const auto admin = m_handler->getRoleByTitle(text("Admin"));
+    const QString salt = PasswordHelper::generateSalt(PasswordHelper::SaltLength);
+    const auto first = OperatorModel::create(
+        UuidString(idOf(1)), QString(), kFirstOperator, QList<uint>{admin ? admin->roleID() : 0},
+        QStringList(), text("Ensi"), QString(), text("Käyttäjä"), MappedStrings(), MappedStrings(),
+        PasswordHelper::hashPassword(kFirstPassword, salt), salt, OperatorModelData::InternalUser);
+    return admin && m_handler->saveOperator(first);
 }
 
 void TestAccessServers::refusals_data()
@@ -220,18 +283,29 @@ void TestAccessServers::eachAccountMayDoWhatItNeedsAndNoMore()
     };
     constexpr Attempt attempts[] = {
         {"SELECT username, password, salt FROM operator", true, true, false},
+        {"INSERT INTO operator (operator_id, deleted, operator_type) VALUES ('least', 1, 1)", true, false,
+         false},
         {"UPDATE operator SET deleted = 1 WHERE operator_id = '-'", true, false, false},
         {"DELETE FROM operator WHERE operator_id = '-'", false, false, false},
         {"SELECT role_id FROM operator_roles", true, true, false},
+        {"INSERT INTO operator_roles (operator_id, role_id) VALUES ('least', 1)", true, false, false},
+        {"UPDATE operator_roles SET role_id = 2 WHERE operator_id = '-'", false, false, false},
         {"DELETE FROM operator_roles WHERE operator_id = '-'", true, false, false},
         {"SELECT title FROM roles", true, true, false},
         {"INSERT INTO roles (title, actions, deleted) VALUES ('-', 0, 1)", true, false, false},
         {"DELETE FROM roles WHERE title = '-'", false, false, false},
         {"SELECT name FROM organization", true, true, false},
+        {"INSERT INTO organization (id, name, deleted) VALUES ('least', 'least', 1)", true, false, false},
         {"UPDATE organization SET deleted = 1 WHERE id = '-'", true, false, false},
+        {"DELETE FROM organization WHERE id = '-'", false, false, false},
         {"SELECT name FROM department", true, true, false},
+        {"INSERT INTO department (id, name, deleted) VALUES ('least', 'least', 1)", true, false, false},
         {"UPDATE department SET deleted = 1 WHERE id = '-'", true, false, false},
+        {"DELETE FROM department WHERE id = '-'", false, false, false},
         {"SELECT image FROM configurations", true, true, false},
+        {"INSERT INTO configurations (notes, created, creator, inform_users, checksum, image) "
+         "VALUES ('', '', '', 0, '', '')",
+         true, false, false},
         {"UPDATE configurations SET active = NULL", true, false, false},
         {"DELETE FROM configurations", true, false, false},
         {"SELECT info FROM action_log", true, false, true},

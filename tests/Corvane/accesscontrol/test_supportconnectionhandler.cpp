@@ -95,7 +95,8 @@ private slots:
     void aSilentServerBlocksNoLongerThanTheOptionsSay();
     void theWaitCursorIsShownWhileAServerIsAsked();
     void everyLoggedFailureDropsTheConnection();
-    void afterAFailureTheNextOperationReconnectsWithTheStoredCredentials();
+    void afterAFailedStatementTheNextConnectsWithTheCredentialsInMemory_data();
+    void afterAFailedStatementTheNextConnectsWithTheCredentialsInMemory();
     void transactionsNeedAConnection();
     void transactionsAreKeptOrTakenBack();
     void aTransactionThatFailsIsLoggedAndDropsTheConnection();
@@ -318,21 +319,48 @@ void TestSupportConnectionHandler::everyLoggedFailureDropsTheConnection()
     QCOMPARE(events().last(), stopping(kOnlineName, name));
 }
 
-void TestSupportConnectionHandler::afterAFailureTheNextOperationReconnectsWithTheStoredCredentials()
+void TestSupportConnectionHandler::afterAFailedStatementTheNextConnectsWithTheCredentialsInMemory_data()
 {
-    writeLocalCache(sqlite(makeDatabase(text("reconnect"))));
+    QTest::addColumn<bool>("offline");
+    QTest::newRow("to the online database that it failed on") << false;
+    QTest::newRow("to the online database, from the offline file") << true;
+}
+
+void TestSupportConnectionHandler::afterAFailedStatementTheNextConnectsWithTheCredentialsInMemory()
+{
+    QFETCH(bool, offline);
+    const QString file = makeDatabase(text("reconnect"));
+    writeLocalCache(sqlite(file));
     makeHandler();
+    m_handler->setOfflineAllowed(true);
     DialogSteps steps({[&](QDialog &dialog) {
         find<QLineEdit>(dialog, "username_edit")->setText(text("marjatta"));
         find<QLineEdit>(dialog, "password_edit")->setText(text("kolme-sanaa"));
         pressConnect(dialog);
     }});
     m_handler->connectionOptions();
-    QVERIFY(m_handler->isConnected());
-    QVERIFY(QMetaObject::invokeMethod(m_handler.get(), "error"));
+    if (offline) {
+        DialogSteps more({chooseOffline(m_workstation.path(text("reconnect"))), pressConnect});
+        m_handler->connectionOptions();
+        QCOMPARE(m_handler->database()->connectionName(), kOfflineName);
+    }
+    // A trigger refuses this one role, so that the statement fails and the database stays complete.
+    QVERIFY(QSqlQuery(*m_handler->database())
+                .exec(text("CREATE TRIGGER refusal BEFORE INSERT ON roles WHEN NEW.title = 'Refused' "
+                           "BEGIN SELECT RAISE(ABORT, 'refused'); END")));
+    const auto role = [](const QString &title) {
+        return QSharedPointer<AccessRoleModelData>::create(0u, title, 1);
+    };
+    QVERIFY(!m_handler->saveRole(role(text("Refused"))));
+    QCOMPARE(errors().size(), 1);
     QVERIFY(!m_handler->isConnected());
-    QVERIFY(m_handler->connectOnline());
+    QCOMPARE(events().last().key, offline ? kOfflineName : kOnlineName);
+
+    QVERIFY(m_handler->saveRole(role(text("Taken"))));
+    QCOMPARE(m_handler->database()->connectionName(), kOnlineName);
+    QCOMPARE(m_handler->database()->databaseName(), sqliteName(file));
     QCOMPARE(m_handler->database()->userName(), text("marjatta"));
+    QCOMPARE(errors().size(), 1);
 }
 
 void TestSupportConnectionHandler::transactionsNeedAConnection()
