@@ -23,15 +23,28 @@ constexpr int kSpacing = 3;
 
 CustomPersonField::CustomPersonField(QWidget *parent)
     : QWidget(parent)
-    , m_up(makeArrow(Qt::UpArrow))
-    , m_down(makeArrow(Qt::DownArrow))
-    , m_name(new QLineEdit(this))
-    , m_visibility(makeChoice(QStringLiteral("custom_field_visibility")))
-    , m_lines(makeChoice(QStringLiteral("custom_field_lines")))
-    , m_remove(new RemoveButton(false, this))
 {
-    build();
+    setFixedHeight(FormParts::kFieldHeight);
+}
+
+void CustomPersonField::build()
+{
+    if (isBuilt())
+        return;
+    m_up = makeArrow(Qt::UpArrow);
+    m_down = makeArrow(Qt::DownArrow);
+    m_name = new QLineEdit(this);
+    m_visibility = makeChoice(QStringLiteral("custom_field_visibility"));
+    m_lines = makeChoice(QStringLiteral("custom_field_lines"));
+    m_remove = new RemoveButton(false, this);
+    layOut();
     updateTexts();
+    showField();
+    connectWidgets();
+}
+
+void CustomPersonField::connectWidgets()
+{
     connect(m_up, SIGNAL(clicked()), this, SLOT(orderUp()));
     connect(m_down, SIGNAL(clicked()), this, SLOT(orderDown()));
     connect(m_name, SIGNAL(editingFinished()), this, SLOT(sync()));
@@ -60,7 +73,7 @@ QComboBox *CustomPersonField::makeChoice(const QString &name)
     return box;
 }
 
-void CustomPersonField::build()
+void CustomPersonField::layOut()
 {
     m_up->setObjectName(QStringLiteral("custom_field_up"));
     m_down->setObjectName(QStringLiteral("custom_field_down"));
@@ -73,12 +86,16 @@ void CustomPersonField::build()
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(kSpacing);
-    for (QWidget *widget : tabStops())
+    for (QWidget *widget : tabStops()) {
         layout->addWidget(widget, widget == m_name ? 1 : 0);
+        widget->show();
+    }
 }
 
 void CustomPersonField::updateTexts()
 {
+    if (!isBuilt())
+        return;
     m_up->setToolTip(tr("Move up"));
     m_up->setAccessibleName(tr("Move up"));
     m_down->setToolTip(tr("Move down"));
@@ -100,11 +117,18 @@ void CustomPersonField::setField(const CustomField &field)
     if (m_field.lineType < 0 || m_field.lineType >= kLineTypes)
         m_field.lineType = 0;
     m_removed = false;
+    if (isBuilt())
+        showField();
+}
 
+void CustomPersonField::showField()
+{
     const QSignalBlocker visibilityBlocker(m_visibility);
     const QSignalBlocker linesBlocker(m_lines);
-    if (m_name->text() != m_field.name)
+    if (m_name->text() != m_field.name) {
         m_name->setText(m_field.name);
+        m_name->setCursorPosition(0);  // a long name shows its beginning
+    }
     m_visibility->setCurrentIndex(m_field.visible ? kVisibleIndex : kHiddenIndex);
     m_lines->setCurrentIndex(m_field.lineType);
 }
@@ -132,11 +156,15 @@ void CustomPersonField::editName()
 
 QVector<QWidget *> CustomPersonField::tabStops() const
 {
+    if (!isBuilt())
+        return {};
     return {m_up, m_down, m_name, m_visibility, m_lines, m_remove};
 }
 
 void CustomPersonField::sync()
 {
+    if (!isBuilt())
+        return;
     const QString name = cleanCustomName(m_name->text());
     m_field.name = name.trimmed().isEmpty() ? tr("New field") : name;
     if (m_name->text() != m_field.name)
@@ -176,4 +204,10 @@ void CustomPersonField::changeEvent(QEvent *event)
     if (event->type() == QEvent::LanguageChange)
         updateTexts();
     QWidget::changeEvent(event);
+}
+
+void CustomPersonField::paintEvent(QPaintEvent *event)
+{
+    emit exposed();
+    QWidget::paintEvent(event);
 }

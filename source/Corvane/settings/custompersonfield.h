@@ -13,7 +13,8 @@ class RemoveButton;
 /// The row of one custom person field: buttons that move it, its name, whether it is visible and how many
 /// lines it has, and a button that removes it.
 ///
-/// The row carries out no request itself: it notes it and tells the page by `refresh`.
+/// The row carries out no request itself: it notes it and tells the page by `refresh`. It is made empty, and
+/// its widgets only by `build`: a page with very many rows needs just those that are in sight.
 class CustomPersonField : public QWidget
 {
     Q_OBJECT
@@ -25,6 +26,12 @@ public:
     const CustomField &field() const
     {
         return m_field;
+    }
+    /// Makes the row's widgets, once.
+    void build();
+    bool isBuilt() const
+    {
+        return m_name != nullptr;
     }
     /// Shows this field in the row, which stays from then on.
     void setField(const CustomField &field);
@@ -43,9 +50,9 @@ public:
     bool takeMoveDown();
 
     void updateTexts();
-    /// Gives the focus to the name, ready to be typed over.
+    /// Gives the focus to the name of a built row, ready to be typed over.
     void editName();
-    /// The row's widgets in the order in which the keyboard reaches them.
+    /// The row's widgets in the order in which the keyboard reaches them; none before they are built.
     QVector<QWidget *> tabStops() const;
 
 signals:
@@ -53,6 +60,8 @@ signals:
     void refresh();
     /// The person has left the name.
     void nameChange();
+    /// The row is in sight.
+    void exposed();
 
 public slots:
     /// Takes over what the widgets show. The name loses the characters that have a meaning in the setting; an
@@ -65,23 +74,26 @@ public slots:
 
 protected:
     void changeEvent(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
 
 private:
     QToolButton *makeArrow(Qt::ArrowType arrow);
     QComboBox *makeChoice(const QString &name);
-    void build();
+    void layOut();
+    void connectWidgets();
+    void showField();
 
     CustomField m_field;
     bool m_removed = true;
     bool m_moveUp = false;
     bool m_moveDown = false;
 
-    QToolButton *m_up;
-    QToolButton *m_down;
-    QLineEdit *m_name;
-    QComboBox *m_visibility;
-    QComboBox *m_lines;
-    RemoveButton *m_remove;
+    QToolButton *m_up = nullptr;
+    QToolButton *m_down = nullptr;
+    QLineEdit *m_name = nullptr;
+    QComboBox *m_visibility = nullptr;
+    QComboBox *m_lines = nullptr;
+    RemoveButton *m_remove = nullptr;
 };
 
 #endif

@@ -30,6 +30,10 @@ constexpr int kRequiredColumn = 2;
 constexpr int kSummaryColumns = 2;
 constexpr int kRowDistance = 4;
 
+// Beyond so many, only the rows near those in sight have their widgets.
+constexpr int kRowsBuiltAtOnce = 100;
+constexpr int kRowsBuiltAround = 10;
+
 const int kDefaultNameOrder[] = {2, 0, StandardFields::kNoNamePart};  // last name, first name
 
 QVariant read(const char *key, const QVariant &defaultValue)
@@ -71,7 +75,7 @@ FieldSettingsView::~FieldSettingsView()
 {
     // A name that has the focus is left while the widgets go, when nobody may listen any more.
     for (CustomPersonField *row : qAsConst(m_rows))
-        row->disconnect(this);
+        row->disconnect();
 }
 
 void FieldSettingsView::loadApplications()
@@ -330,6 +334,7 @@ void FieldSettingsView::addCustomField(CustomPersonField *field)
         m_customArea->widget()->layout()->activate();
         m_customArea->widget()->adjustSize();
         m_customArea->ensureWidgetVisible(row);
+        buildRow(row);
         row->editName();
     }
 }
@@ -337,21 +342,50 @@ void FieldSettingsView::addCustomField(CustomPersonField *field)
 void FieldSettingsView::insertRow(CustomPersonField *row)
 {
     m_rows.insert(row->id(), row);
-    if (m_rows.last() == row) {
-        m_customLayout->addWidget(row);
-    } else {
-        m_customLayout->insertWidget(positionOf(row->id()), row);
-        placeInTabOrder(row);
-    }
+    const bool isLast = m_rows.last() == row;
+    m_customLayout->insertWidget(isLast ? -1 : positionOf(row->id()), row);
     row->show();
+    if (m_rows.size() <= kRowsBuiltAtOnce)
+        buildRow(row);
+    // Queued, since what is being painted must not change.
+    connect(
+        row, &CustomPersonField::exposed, row, [this, row] { buildAround(row); }, Qt::QueuedConnection);
     connect(row, SIGNAL(refresh()), this, SLOT(handleCustomFieldChange()));
     connect(row, SIGNAL(nameChange()), this, SLOT(refreshCustomFieldsInBoxes()));
 }
 
+void FieldSettingsView::buildRow(CustomPersonField *row)
+{
+    if (row->isBuilt())
+        return;
+    row->build();
+    placeInTabOrder(row);
+}
+
+void FieldSettingsView::buildAround(const CustomPersonField *row)
+{
+    auto first = m_rows.constFind(row->id());
+    if (first == m_rows.cend() || *first != row)
+        return;
+    auto last = first;
+    for (int i = 0; i < kRowsBuiltAround && first != m_rows.cbegin(); ++i)
+        --first;
+    for (int i = 0; i <= kRowsBuiltAround && last != m_rows.cend(); ++i)
+        ++last;
+    for (; first != last; ++first)
+        buildRow(*first);
+}
+
 void FieldSettingsView::placeInTabOrder(CustomPersonField *row)
 {
-    const auto here = m_rows.constFind(row->id());
-    QWidget *before = here == m_rows.cbegin() ? m_addButton : (*std::prev(here))->tabStops().last();
+    QWidget *before = m_addButton;
+    for (auto above = m_rows.constFind(row->id()); above != m_rows.cbegin();) {
+        --above;
+        if ((*above)->isBuilt()) {
+            before = (*above)->tabStops().last();
+            break;
+        }
+    }
     for (QWidget *stop : row->tabStops()) {
         setTabOrder(before, stop);
         before = stop;
@@ -360,7 +394,7 @@ void FieldSettingsView::placeInTabOrder(CustomPersonField *row)
 
 void FieldSettingsView::removeRow(CustomPersonField *row)
 {
-    row->disconnect(this);
+    row->disconnect();
     m_rows.remove(row->id());
     m_customLayout->removeWidget(row);
     row->hide();

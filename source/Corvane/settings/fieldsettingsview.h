@@ -73,6 +73,8 @@ private:
     void saveMasks();
 
     void insertRow(CustomPersonField *row);
+    void buildRow(CustomPersonField *row);
+    void buildAround(const CustomPersonField *row);
     void placeInTabOrder(CustomPersonField *row);
     void removeRow(CustomPersonField *row);
     void moveRow(CustomPersonField *row, int step);

@@ -92,7 +92,6 @@ private slots:
     void theTextsFollowTheLanguage();
     void reloadingReplacesTheRows();
     void aPageThatGoesWhileANameIsTypedReportsNothing();
-    void thousandsOfFieldsAreNoTrouble();
 
 private:
     Workstation m_workstation;
@@ -496,27 +495,6 @@ void TestCustomFieldRows::aPageThatGoesWhileANameIsTypedReportsNothing()
     page.reset();
     QVERIFY(updated.isEmpty());
     QCOMPARE(stored(kCustom).toString(), kThreeFields);
-}
-
-void TestCustomFieldRows::thousandsOfFieldsAreNoTrouble()
-{
-    constexpr int kCount = 2000;
-    QStringList fields;
-    for (int id = 1; id <= kCount; ++id)
-        fields.append(QStringLiteral("%1:Field %1=0:true").arg(id));
-    const QString all = fields.join(QLatin1Char(','));
-    setStored(kCustom, all);
-    FieldSettingsView page;
-    show(page);
-    QCOMPARE(rows(page).size(), kCount);
-    QCOMPARE(saved(page), all);
-    clickAdd(page);
-    QVERIFY(!rowPart(page, kCount, kRowName)->visibleRegion().isEmpty());
-    typeName(page, kCount, QStringLiteral("The last"));
-    QTest::mouseClick(rowPart(page, kCount, kRowUp), Qt::LeftButton);
-    QCOMPARE(rowNames(page).mid(kCount - 1), (QStringList{"The last", "Field 2000"}));
-    page.cleanAddedFields(true);
-    QVERIFY(rows(page).isEmpty());
 }
 
 QTEST_MAIN(TestCustomFieldRows)

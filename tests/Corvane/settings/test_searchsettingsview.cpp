@@ -29,11 +29,6 @@ void click(QAbstractButton *button)
     QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, button->height() / 2));
 }
 
-QCheckBox *customBox(const QWidget &page, int number)
-{
-    return child<QCheckBox>(page, qPrintable(QStringLiteral("search_custom_field_%1").arg(number)));
-}
-
 /// The result's boxes by row, from their places on the screen.
 QList<QList<int>> resultRows(const QWidget &page)
 {
@@ -90,26 +85,11 @@ private slots:
     void aResultEntryOfARemovedFieldSelectsEmpty();
     void aSingleRowShowsTheResultsBoxesSo();
 
-    void parameters_data();
-    void parameters();
-    void theParametersStandInTheirOrder();
-    void uncheckingAllStopsWithOneChecked();
-    void theLastCustomFieldCanNotBeUncheckedEither();
-    void reloadingIsNotHeldBackByTheLastCheckedBox();
-    void afterABoxIsReplacedTheCountIsRight();
-
-    void customFieldsToSearchAreReadAndSaved();
-    void withoutCustomFieldsNothingIsWrittenForThem();
-    void aStoredListThatLosesItsLastFieldIsEmptied();
-    void aFieldWithANewNameIsUnchecked();
     void newNamesKeepTheResultsThatAreStillThere();
-    void aNameWithAnAmpersandIsShownAndSavedWhole();
-    void customFieldsAreReadWithPatience();
 
     void slotsCanBeCalledByName();
     void theTextsFollowTheLanguage();
     void everyFieldHasAnAccessibleName();
-    void thousandsOfFieldsAreNoTrouble();
 
 private:
     Workstation m_workstation;
@@ -300,169 +280,6 @@ void TestSearchSettingsView::aSingleRowShowsTheResultsBoxesSo()
     QCOMPARE(resultRows(another), one);
 }
 
-void TestSearchSettingsView::parameters_data()
-{
-    QTest::addColumn<QVariant>("setting");
-    QTest::addColumn<QList<int>>("shown");
-    QTest::addColumn<QList<int>>("saved");
-
-    const QList<int> all = {2, 3, 4, 6, 7};
-    QTest::newRow("nothing stored checks all") << QVariant() << all << all;
-    QTest::newRow("an empty list checks all") << QVariant(QVariantList{}) << all << all;
-    QTest::newRow("an empty text checks all") << QVariant("") << all << all;
-    QTest::newRow("words check all") << QVariant("first name") << all << all;
-    QTest::newRow("a list checks its boxes")
-        << QVariant(QVariantList{7, 2}) << QList<int>{2, 7} << QList<int>{2, 7};
-    QTest::newRow("a single integer is read") << QVariant(6) << QList<int>{6} << QList<int>{6};
-    QTest::newRow("a single integer as text is read") << QVariant("4") << QList<int>{4} << QList<int>{4};
-    QTest::newRow("a number without a box is dropped at the next save")
-        << QVariant(QVariantList{5, 2, 0, 8}) << QList<int>{2} << QList<int>{2};
-    QTest::newRow("11 without a checked custom field is dropped")
-        << QVariant(QVariantList{3, 11}) << QList<int>{3} << QList<int>{3};
-    QTest::newRow("numbers without boxes alone leave none checked")
-        << QVariant(QVariantList{5}) << QList<int>{} << QList<int>{};
-}
-
-void TestSearchSettingsView::parameters()
-{
-    QFETCH(QVariant, setting);
-    if (setting.isValid())
-        setStored(kParameters, setting);
-    SearchSettingsView page;
-    QTEST(checkedParameters(page), "shown");
-    page.saveSettings();
-    QTEST(numbers(stored(kParameters)), "saved");
-}
-
-void TestSearchSettingsView::theParametersStandInTheirOrder()
-{
-    SearchSettingsView page;
-    show(page);
-    QMap<QPair<int, int>, int> places;
-    for (const int key : {7, 6, 4, 3, 2}) {
-        const QPoint place = parameterBox(page, key)->pos();
-        places.insert({place.y(), place.x()}, key);
-    }
-    QCOMPARE(places.values(), (QList<int>{2, 3, 4, 6, 7}));
-}
-
-void TestSearchSettingsView::uncheckingAllStopsWithOneChecked()
-{
-    setStored(kCustom, kThreeFields);
-    setStored(kSearchedCustom, QStringList{"B"});
-    SearchSettingsView page;
-    show(page);
-    click(customBox(page, 2));
-    for (const int key : {7, 2, 4, 3})
-        click(parameterBox(page, key));
-    QCOMPARE(checkedParameters(page), QList<int>{6});
-    click(parameterBox(page, 6));
-    QCOMPARE(checkedParameters(page), QList<int>{6});
-    click(parameterBox(page, 6));
-    QCOMPARE(checkedParameters(page), QList<int>{6});
-
-    click(parameterBox(page, 3));
-    click(parameterBox(page, 6));
-    click(parameterBox(page, 3));
-    QCOMPARE(checkedParameters(page), QList<int>{3});
-    QCOMPARE(customChecks(page), (QStringList{"A", "B", "C"}));
-}
-
-void TestSearchSettingsView::theLastCustomFieldCanNotBeUncheckedEither()
-{
-    setStored(kCustom, kThreeFields);
-    setStored(kParameters, QVariantList{11});
-    setStored(kSearchedCustom, QStringList{"A", "C"});
-    SearchSettingsView page;
-    show(page);
-    click(customBox(page, 1));
-    click(customBox(page, 3));
-    QCOMPARE(customChecks(page), (QStringList{"A", "B", "+C"}));
-    page.saveSettings();
-    QCOMPARE(numbers(stored(kParameters)), QList<int>{11});
-    QCOMPARE(stored(kSearchedCustom).toStringList(), QStringList{"C"});
-}
-
-void TestSearchSettingsView::reloadingIsNotHeldBackByTheLastCheckedBox()
-{
-    SearchSettingsView page;
-    show(page);
-    for (const int key : {2, 3, 4, 6, 7}) {
-        setStored(kParameters, QVariantList{key});
-        page.reloadSettings();
-        QCOMPARE(checkedParameters(page), QList<int>{key});
-        click(parameterBox(page, key));
-        QCOMPARE(checkedParameters(page), QList<int>{key});
-    }
-}
-
-void TestSearchSettingsView::afterABoxIsReplacedTheCountIsRight()
-{
-    setStored(kCustom, kThreeFields);
-    setStored(kParameters, QVariantList{2, 11});
-    setStored(kSearchedCustom, QStringList{"A", "B", "C"});
-    SearchSettingsView page;
-    show(page);
-    page.personCustomFieldsChanged({QStringLiteral("X"), QStringLiteral("Y")});
-    QCOMPARE(customChecks(page), (QStringList{"X", "Y"}));
-    click(parameterBox(page, 2));
-    QCOMPARE(checkedParameters(page), QList<int>{2});
-    page.personCustomFieldsChanged({QStringLiteral("X"), QStringLiteral("B")});
-    QCOMPARE(customChecks(page), (QStringList{"X", "+B"}));
-    click(parameterBox(page, 2));
-    QVERIFY(checkedParameters(page).isEmpty());
-    click(customBox(page, 2));
-    QCOMPARE(customChecks(page), (QStringList{"X", "+B"}));
-}
-
-void TestSearchSettingsView::customFieldsToSearchAreReadAndSaved()
-{
-    setStored(kCustom, kThreeFields);
-    setStored(kSearchedCustom, QStringList{"C", "gone"});
-    SearchSettingsView page;
-    show(page);
-    QCOMPARE(customChecks(page), (QStringList{"A", "B", "+C"}));
-    click(customBox(page, 1));
-    page.saveSettings();
-    QCOMPARE(stored(kSearchedCustom).toStringList(), (QStringList{"A", "C"}));
-    QCOMPARE(numbers(stored(kParameters)), (QList<int>{2, 3, 4, 6, 7, 11}));
-}
-
-void TestSearchSettingsView::withoutCustomFieldsNothingIsWrittenForThem()
-{
-    setStored(kCustom, kThreeFields);
-    SearchSettingsView page;
-    show(page);
-    page.saveSettings();
-    QVERIFY(!store()->generalSettings()->contains(QLatin1String(kSearchedCustom)));
-    click(customBox(page, 1));
-    click(customBox(page, 1));
-    page.saveSettings();
-    QVERIFY(!store()->generalSettings()->contains(QLatin1String(kSearchedCustom)));
-}
-
-void TestSearchSettingsView::aStoredListThatLosesItsLastFieldIsEmptied()
-{
-    setStored(kCustom, kThreeFields);
-    setStored(kSearchedCustom, QStringList{"A"});
-    SearchSettingsView page;
-    show(page);
-    click(customBox(page, 1));
-    page.saveSettings();
-    QVERIFY(store()->generalSettings()->contains(QLatin1String(kSearchedCustom)));
-    QVERIFY(stored(kSearchedCustom).toStringList().isEmpty());
-    QCOMPARE(numbers(stored(kParameters)), (QList<int>{2, 3, 4, 6, 7}));
-}
-
-void TestSearchSettingsView::aFieldWithANewNameIsUnchecked()
-{
-    setStored(kCustom, kThreeFields);
-    setStored(kSearchedCustom, QStringList{"A", "B"});
-    SearchSettingsView page;
-    page.personCustomFieldsChanged({QStringLiteral("Employer"), QStringLiteral("B"), QStringLiteral("C")});
-    QCOMPARE(customChecks(page), (QStringList{"Employer", "+B", "C"}));
-}
-
 void TestSearchSettingsView::newNamesKeepTheResultsThatAreStillThere()
 {
     setStored(kCustom, kThreeFields);
@@ -471,26 +288,6 @@ void TestSearchSettingsView::newNamesKeepTheResultsThatAreStillThere()
     page.personCustomFieldsChanged({QStringLiteral("C"), QStringLiteral("Employer"), QStringLiteral("B")});
     QCOMPARE(result(page), (QStringList{"C", "(empty)", "Middle Name", "(empty)"}));
     QCOMPARE(items(fieldBox(page, kResultBox, 3)).mid(10), (QStringList{"C", "Employer", "B"}));
-}
-
-void TestSearchSettingsView::aNameWithAnAmpersandIsShownAndSavedWhole()
-{
-    setStored(kCustom, QStringLiteral("1:R&D=0:true"));
-    SearchSettingsView page;
-    show(page);
-    QCOMPARE(customBox(page, 1)->text(), QStringLiteral("R&&D"));
-    click(customBox(page, 1));
-    page.saveSettings();
-    QCOMPARE(stored(kSearchedCustom).toStringList(), QStringList{"R&D"});
-    page.reloadSettings();
-    QVERIFY(customBox(page, 1)->isChecked());
-}
-
-void TestSearchSettingsView::customFieldsAreReadWithPatience()
-{
-    setStored(kCustom, QStringLiteral("3:C=0:true,,1:A=0,:::,2:B=,nonsense"));
-    const SearchSettingsView page;
-    QCOMPARE(customChecks(page), (QStringList{"C", "A", "B"}));
 }
 
 void TestSearchSettingsView::slotsCanBeCalledByName()
@@ -532,26 +329,6 @@ void TestSearchSettingsView::everyFieldHasAnAccessibleName()
     for (int number = 1; number <= 4; ++number)
         QCOMPARE(fieldBox(page, kResultBox, number)->accessibleName(),
                  QStringLiteral("Person search result %1").arg(number));
-}
-
-void TestSearchSettingsView::thousandsOfFieldsAreNoTrouble()
-{
-    constexpr int kCount = 5000;
-    QStringList fields;
-    QStringList names;
-    for (int id = 1; id <= kCount; ++id) {
-        names.append(QStringLiteral("Field %1").arg(id));
-        fields.append(QStringLiteral("%1:Field %1=0:true").arg(id));
-    }
-    setStored(kCustom, fields.join(QLatin1Char(',')));
-    setStored(kSearchedCustom, names);
-    SearchSettingsView page;
-    show(page);
-    QCOMPARE(fieldBox(page, kResultBox, 1)->count(), 10 + kCount);
-    page.saveSettings();
-    QCOMPARE(stored(kSearchedCustom).toStringList(), names);
-    page.personCustomFieldsChanged({});
-    QVERIFY(customChecks(page).isEmpty());
 }
 
 QTEST_MAIN(TestSearchSettingsView)
