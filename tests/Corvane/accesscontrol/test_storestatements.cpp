@@ -1,3 +1,4 @@
+#include "Corvane/accesscontrol/accesscontrolview.h"
 #include "Corvane/accesscontrol/statementwatch.h"
 #include "Corvane/accesscontrol/storefixture.h"
 
@@ -71,6 +72,8 @@ private slots:
     void rolesAreKeptByTheseStatements();
     void organisationsAndDepartmentsAreKeptByTheseStatements_data();
     void organisationsAndDepartmentsAreKeptByTheseStatements();
+    void aRefreshOfTheViewTakesOneStatementAUserAndFourMore_data();
+    void aRefreshOfTheViewTakesOneStatementAUserAndFourMore();
 
 private:
     StatementWatch m_watch;
@@ -243,6 +246,35 @@ void TestStoreStatements::organisationsAndDepartmentsAreKeptByTheseStatements()
                           text("UPDATE organization SET deleted = ?, name = ? WHERE id = ?"),
                           text("SELECT * FROM organization WHERE deleted = 0"),
                           text("SELECT * FROM department WHERE deleted = 0")}));
+}
+
+void TestStoreStatements::aRefreshOfTheViewTakesOneStatementAUserAndFourMore_data()
+{
+    addPlaces();
+}
+
+void TestStoreStatements::aRefreshOfTheViewTakesOneStatementAUserAndFourMore()
+{
+    QStringList expected{kRoles, kOperators};
+    for (int i = 1; i <= 5; ++i) {
+        QVERIFY(m_handler->saveOperator(makeOperator(idOf(i), QString::number(i), {roleId(text("Nurse"))})));
+        QVERIFY(m_handler->saveDepartment(idOf(i), QString::number(i), QString()));
+        expected.append(kJoin.arg(idOf(i).toString()));
+    }
+    AccesscontrolView view(m_handler.get(), nullptr);
+    m_watch.take();
+    view.resetTables();
+    QStringList lines = m_watch.take();
+    expected << text("SELECT * FROM organization WHERE deleted = 0")
+             << text("SELECT * FROM department WHERE deleted = 0");
+    lines.sort();
+    expected.sort();
+    QCOMPARE(lines, expected);
+    // Going from table to table reads nothing.
+    for (int index : {1, 2, 3, 0})
+        view.changeView(index);
+    view.updateButtonStates();
+    QCOMPARE(m_watch.take(), QStringList());
 }
 
 QTEST_MAIN(TestStoreStatements)
