@@ -123,6 +123,7 @@ QProcessEnvironment TestRoad::environment() const
 {
     QProcessEnvironment environment = m_workstation->environment();
     environment.insert(QStringLiteral("CORVANE_HOME"), QStringLiteral(PROGRAM_FOLDER));
+    environment.insert(QStringLiteral("QT_PLUGIN_PATH"), QStringLiteral(SAMPLE_PLUGINS));
     environment.insert(QStringLiteral("PYTHONPATH"), QStringLiteral(UI_DRIVER));
     environment.insert(QStringLiteral("PYTHONDONTWRITEBYTECODE"), QStringLiteral("1"));
     environment.remove(QStringLiteral("QT_QPA_PLATFORM"));

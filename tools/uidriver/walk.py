@@ -2,8 +2,9 @@
 
     walk.py LAUNCHER FOLDER
 
-Signs in as the current user, loads the settings of the local applications, changes the date format and saves
-them back, finds that recorded in the audit trail, looks at the about dialog, and closes the program.
+Signs in as the current user, loads the settings of the local applications, looks at what the study plug-ins bring,
+changes the date format and saves the settings back, finds that recorded in the audit trail, looks at the about dialog,
+and closes the program.
 """
 
 import glob
@@ -56,6 +57,14 @@ class Walk:
         program.find("page tab", "General")
         self.picture("settings-general")
 
+    def look_at_study_fields(self):
+        program = self.program
+        program.find("page tab", "Study fields").click()
+        program.choose("Study information settings for", "Spirometry")
+        program.find("check box", "Smoking history")
+        self.picture("settings-study-fields")
+        program.find("page tab", "General").click()
+
     def change_date_format(self):
         self.program.choose("Date format", "YYYY-MM-DD")
         self.picture("date-format-changed")
@@ -99,6 +108,7 @@ class Walk:
     def run(self):
         self.sign_in()
         self.load_settings()
+        self.look_at_study_fields()
         self.change_date_format()
         self.save_settings()
         self.find_it_recorded()
