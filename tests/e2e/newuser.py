@@ -1,5 +1,6 @@
-"""An administrator adds an internal user with the keyboard alone, gives it a role, and signs out; the new user signs
-in and may do what the role allows. What is looked at on the way is what a screen reader is told.
+"""An administrator adds a role and an internal user with the keyboard alone, gives the role to the user, and signs
+out; the new user signs in and may do what the role allows. What is looked at on the way is what a screen reader is
+told.
 
     newuser.py LAUNCHER FOLDER
 """
@@ -12,9 +13,9 @@ from walk import Walk
 
 USER = "marie.curie"
 PASSWORD = "radium-1898"
-ROLE = "Auditor"
+ROLE = "Archivist"
 MOST_TABS = 20
-MOST_COLUMNS = 6
+MOST_STEPS = 20
 
 
 def write(text):
@@ -31,10 +32,26 @@ def tab_to(focus, role, name):
     raise NotFound("the Tab key does not reach the %s %r, but stops at %s" % (role, name, ", ".join(focus.heard)))
 
 
-def cells(program):
-    """The cells of the table of users by name, each with whether it is checked."""
-    table = program.find("table", "Users")
-    return {cell.name: cell.checked for cell in table.children() if cell.role == "table cell"}
+def go_to(focus, key, name):
+    """Presses a key until the widget with this name has the focus."""
+    for _ in range(MOST_STEPS):
+        if focus.current().name == name:
+            return
+        press_key(key)
+        focus.settle()
+    raise NotFound("%s does not reach %r, but stops at %s" % (key, name, ", ".join(focus.heard)))
+
+
+def cells(program, table="Users"):
+    """The cells of a table by name, each with whether it is checked."""
+    rows = program.find("table", table).children()
+    return {cell.name: cell.checked for cell in rows if cell.role == "table cell"}
+
+
+def save(program, focus):
+    tab_to(focus, "push button", "Save")
+    press_key("space")
+    wait_until(lambda: not program.find("push button", "Save").enabled, "everything to be saved")
 
 
 def enter_access_control(walk, focus):
@@ -45,6 +62,35 @@ def enter_access_control(walk, focus):
     wait_until(lambda: cells(walk.program).get("anna.admin: Admin"), "the administrator's role")
     assert cells(walk.program)["anna.admin: Nurse"] is False
     walk.picture("access-control")
+
+
+def add_role(walk, focus):
+    program = walk.program
+    tab_to(focus, "combo box", "Users")
+    press_key("Down")
+    tab_to(focus, "push button", "Add new role")
+    press_key("space")
+    wait_until(lambda: focus.is_on("text", "Name"), "the field of the role's name")
+    write(ROLE)
+    walk.picture("new-role")
+    press_key("Return")
+    wait_until(lambda: ROLE in cells(program, "Roles"), "the new role's column")
+
+    audit, create = "%s: Audit trail management" % ROLE, "%s: Create person" % ROLE
+    tab_to(focus, "push button", ROLE)  # the table is entered at the new column
+    go_to(focus, "Down", audit)
+    press_key("space")
+    go_to(focus, "Down", create)
+    press_key("space")
+    wait_until(lambda: cells(program, "Roles")[create], "the tick of the right")
+    given = {name for name, checked in cells(program, "Roles").items() if checked and name.startswith(ROLE)}
+    follow = {"%s: %s person" % (ROLE, what) for what in ("Read", "Modify")}
+    assert given == {audit, create} | follow, given
+    walk.picture("rights-given")
+    save(program, focus)
+    tab_to(focus, "combo box", "Roles")
+    press_key("Up")
+    wait_until(lambda: program.look("table", "Users"), "the table of users")
 
 
 def add_user(walk, focus):
@@ -66,7 +112,6 @@ def add_user(walk, focus):
     press_key("Tab")
     write(PASSWORD[:-1])
     press_key("Return")  # without effect while the two differ
-    assert walk.program.find("push button", "Save").name
     walk.picture("passwords-differ")
     assert walk.program.look("dialog", "Internal user"), "the dialog stays open while the passwords differ"
     write(PASSWORD[-1])
@@ -79,20 +124,13 @@ def add_user(walk, focus):
 def give_role(walk, focus):
     tab_to(focus, "push button", USER)  # the table is entered at the new row
     check = "%s: %s" % (USER, ROLE)
-    for _ in range(MOST_COLUMNS):
-        if focus.current().name == check:
-            break
-        press_key("Right")
-        focus.settle()
-    assert focus.current().name == check, "the way goes through %s" % ", ".join(focus.heard)
+    go_to(focus, "Right", check)
     assert not focus.current().checked
     press_key("space")
     wait_until(lambda: cells(walk.program)[check], "the tick of the new role")
     assert focus.current().checked, "the button tells that it is checked"
     walk.picture("role-given")
-    tab_to(focus, "push button", "Save")
-    press_key("space")
-    wait_until(lambda: not walk.program.find("push button", "Save").enabled, "everything to be saved")
+    save(walk.program, focus)
     assert cells(walk.program)[check]
     walk.picture("saved")
 
@@ -126,6 +164,7 @@ def administrator(walk):
     sign_in_as_internal_user(walk.program, "anna.admin", "demo-anna")
     with Focus() as focus:
         enter_access_control(walk, focus)
+        add_role(walk, focus)
         add_user(walk, focus)
         give_role(walk, focus)
 

@@ -95,7 +95,7 @@ private slots:
     void aChangedSettingIsSavedAndFoundRecorded();
     void anotherAdministratorSignsInWithAPassword();
     void operatorsSignInByEveryWayOnTheDemonstrationWorkstation();
-    void aUserIsAddedWithTheKeyboardAloneAndMayDoWhatItsRoleAllows();
+    void aRoleAndAUserAreAddedWithTheKeyboardAloneAndTheUserMayDoWhatTheRoleAllows();
     void aChangedSettingIsDistributedAndLoadedBack();
 
 private:
@@ -257,7 +257,7 @@ void TestRoad::operatorsSignInByEveryWayOnTheDemonstrationWorkstation()
     QCOMPARE(signedIn, 5);  // four, and the refused one
 }
 
-void TestRoad::aUserIsAddedWithTheKeyboardAloneAndMayDoWhatItsRoleAllows()
+void TestRoad::aRoleAndAUserAreAddedWithTheKeyboardAloneAndTheUserMayDoWhatTheRoleAllows()
 {
     makeDemonstrationSite();
     const int before = recorded().size();
@@ -271,6 +271,8 @@ void TestRoad::aUserIsAddedWithTheKeyboardAloneAndMayDoWhatItsRoleAllows()
     for (const Event &event : events)
         ++counts[event.action];
     QCOMPARE(counts.value(Actions::Login), 2);
+    QCOMPARE(counts.value(Actions::AddRole), 1);
+    QCOMPARE(counts.value(Actions::ModifyRole), 1);   // its rights
     QCOMPARE(counts.value(Actions::AddOperator), 2);  // the new user, and then its role
     QVERIFY2(events.contains({Actions::AddOperator, Actions::Human, kConsole}), describe(events).constData());
     QVERIFY(!readFile(m_workstation->runtimeLog()).contains("radium-1898"));

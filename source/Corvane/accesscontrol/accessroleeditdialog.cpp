@@ -71,7 +71,7 @@ void AccessRoleEditDialog::setRole(const QSharedPointer<AccessRoleModelData> &ro
 
 void AccessRoleEditDialog::createRole()
 {
-    takeRole(QSharedPointer<AccessRoleModelData>::create(0u, QString(), 0));
+    takeRole(QSharedPointer<AccessRoleModelData>::create(0u, QStringLiteral(""), 0));
 }
 
 void AccessRoleEditDialog::takeRole(const QSharedPointer<AccessRoleModelData> &role)
