@@ -218,6 +218,7 @@ void AccesscontrolView::showTable()
     m_methodPlaceholder->setVisible(!users);
     showInfoColumnsAndRows();
     tableOf(m_currentView)->show();
+    tableOf(m_currentView)->doItemsLayout();
 }
 
 void AccesscontrolView::accessMethodChanged(int method)

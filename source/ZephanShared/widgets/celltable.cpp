@@ -119,11 +119,20 @@ bool CellTable::eventFilter(QObject *watched, QEvent *event)
     auto *cell = qobject_cast<QWidget *>(watched);
     if (cell && cell->parentWidget() == viewport()) {
         if (event->type() == QEvent::FocusIn)
-            setCurrentIndex(indexAt(cell->geometry().center()));
+            makeCurrent(cell);
         else if (event->type() == QEvent::KeyPress && handleKey(cell, static_cast<QKeyEvent *>(event)))
             return true;
     }
     return QTableWidget::eventFilter(watched, event);
+}
+
+// A current cell gives its widget the focus: another one than the widget's would take it away again.
+void CellTable::makeCurrent(QWidget *cell)
+{
+    executeDelayedItemsLayout();
+    const QModelIndex index = indexAt(cell->geometry().center());
+    if (index != currentIndex() && indexWidget(index) == cell)
+        setCurrentIndex(index);
 }
 
 void CellTable::focusInEvent(QFocusEvent *event)

@@ -49,6 +49,7 @@ protected:
     void focusInEvent(QFocusEvent *event) override;
 
 private:
+    void makeCurrent(QWidget *cell);
     bool handleKey(QWidget *cell, QKeyEvent *event);
     bool handleButtonKey(QWidget *cell, QKeyEvent *event);
     bool canFocus(int row, int column) const;

@@ -63,10 +63,6 @@ private slots:
     void aDeletionThatIsNotConfirmedSaves();
     void aRefusedDeletionLeavesTheRowAndItsName_data();
     void aRefusedDeletionLeavesTheRowAndItsName();
-    void usersThatAreStrangeAreShownAndHarmNothing_data();
-    void usersThatAreStrangeAreShownAndHarmNothing();
-    void namesThatAreStrangeAreShownAndStoredAsTheyAre_data();
-    void namesThatAreStrangeAreShownAndStoredAsTheyAre();
 };
 
 void TestAccesscontrolViewUsers::aNewUserOfEachTypeIsStoredAndShown_data()
@@ -481,80 +477,6 @@ void TestAccesscontrolViewUsers::aRefusedDeletionLeavesTheRowAndItsName()
     clickUserCheck(text("anna"), text("Nurse"));
     save();
     QCOMPARE(storedRoles(text("anna")), (QStringList{text("Nurse"), text("Admin")}));
-}
-
-void TestAccesscontrolViewUsers::usersThatAreStrangeAreShownAndHarmNothing_data()
-{
-    addOfflineFile();
-}
-
-void TestAccesscontrolViewUsers::usersThatAreStrangeAreShownAndHarmNothing()
-{
-    QVERIFY(addUsers());
-    // Nulls in every column but those that put the row into the table.
-    elsewhere(text("INSERT INTO operator (operator_id, deleted, operator_type) VALUES ('no uuid', 0, 1)"));
-    elsewhere(text("INSERT INTO operator (operator_id, deleted) VALUES ('without a type', 0)"));
-    elsewhere(text("INSERT INTO operator (operator_id, username, deleted, operator_type) VALUES "
-                   "('0123456789 0123456789 0123456789 0123', 'of type 9', 0, 9)"));
-    elsewhere(text("INSERT INTO roles (title, actions, deleted) VALUES (NULL, NULL, 0)"));
-    QVERIFY(addUser(text("a-b-c"), text("short id"), 1, {1, 77}));
-    showView();
-    QCOMPARE(shownUsers(), (QStringList{QString(), text("anna"), text("bert"), text("short id")}));
-    QCOMPARE(roleHeadings(), (QStringList{text("Nurse"), text("Doctor"), text("Admin"), QString()}));
-    QVERIFY(!canSave());
-    trail();
-    clickUser(QString());  // opens nothing
-    QCOMPARE(trail(), QStringList());
-    for (const MethodIndex method : {WindowsGroups, WindowsUsers, InternalUsers})
-        chooseMethod(method);
-
-    // An unknown role is no change, and goes with the next one that is saved.
-    QCOMPARE(checkedRoles(text("short id")), QStringList{text("Nurse")});
-    clickUserCheck(text("anna"), QString());
-    QVERIFY(canSave());
-    save();
-    QVERIFY(!canSave());
-    QCOMPARE(elsewhere(text("SELECT role_id FROM operator_roles WHERE operator_id = ? ORDER BY role_id"),
-                       {idOf(1).toString()}),
-             (QStringList{text("3"), text("4")}));
-}
-
-void TestAccesscontrolViewUsers::namesThatAreStrangeAreShownAndStoredAsTheyAre_data()
-{
-    QTest::addColumn<Place>("place");
-    QTest::addColumn<QString>("name");
-    for (const auto &name : difficultNames()) {
-        if (!name.second.contains(QLatin1Char('\n')))
-            QTest::newRow(name.first) << Place::OfflineFile << name.second;
-    }
-    QTest::newRow("an ampersand") << Place::OfflineFile << text("R&D &x");
-    QTest::newRow("markup") << Place::OfflineFile << text("<b>x</b>");
-    QTest::newRow("10,000 characters") << Place::OfflineFile << QString(10000, QLatin1Char('x'));
-}
-
-void TestAccesscontrolViewUsers::namesThatAreStrangeAreShownAndStoredAsTheyAre()
-{
-    QFETCH(const QString, name);
-    QVERIFY(addUsers());
-    showView();
-    EditorSteps steps({[&](QDialog &dialog) {
-                           auto *username = shown<QLineEdit>(dialog, "username_edit");
-                           username->selectAll();
-                           username->insert(name);
-                       },
-                       press("save_button")});
-    const MessageBoxes boxes;
-    clickUser(text("anna"));
-    QVERIFY(steps.areDone());
-    QCOMPARE(boxTexts(boxes), QStringList());
-    QVERIFY(shownUsers().contains(name));
-    QCOMPARE(storedValue(name, "operator_id"), idOf(1).toString());
-    QVERIFY(table("user_table")->columnWidth(0) < 400);
-    m_view->resetTables();
-    QVERIFY(shownUsers().contains(name));
-    clickUserCheck(name, text("Nurse"));
-    save();
-    QCOMPARE(storedRoles(name), (QStringList{text("Nurse"), text("Admin")}));
 }
 
 QTEST_MAIN(TestAccesscontrolViewUsers)

@@ -155,6 +155,9 @@ void ViewFixture::click(QWidget *widget)
 {
     QVERIFY(widget);
     QVERIFY(widget->isVisible());
+    // After a dialog or a list nobody gives the window the focus here.
+    if (QApplication::activeWindow() != widget->window())
+        QApplication::setActiveWindow(widget->window());
     QTest::mouseClick(widget, Qt::LeftButton);
 }
 

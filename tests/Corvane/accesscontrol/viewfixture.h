@@ -13,6 +13,7 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QHeaderView>
 #include <QLabel>
 #include <QStackedWidget>
 
@@ -21,6 +22,7 @@ extern const QString kSaveQuestion;
 /// The indices of the lists of views and of types of users.
 enum ViewIndex { Users, Roles, Organisations, Departments };
 enum MethodIndex { InternalUsers, WindowsGroups, WindowsUsers };
+Q_DECLARE_METATYPE(ViewIndex)
 Q_DECLARE_METATYPE(MethodIndex)
 
 /// A box as "title|text|buttons", an error box with a "!" in front and one that only tells with an "i".
