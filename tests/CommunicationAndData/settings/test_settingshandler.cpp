@@ -68,6 +68,7 @@ private slots:
     void anUnreadableSafeValueIsReportedAgainInAnotherFile();
 
     void theImageHoldsAllKeysWithTheirLists();
+    void aListWithoutItemsStaysAList();
     void aSafeValueInTheImageHasBytesAndNoText();
     void theImageStaysValidUntilTheNext();
 
@@ -364,6 +365,24 @@ void TestSettingsHandler::theImageHoldsAllKeysWithTheirLists()
     QCOMPARE(image.value(QStringLiteral("ui/texts")), QVariant(texts));
     QCOMPARE(image.value(QStringLiteral("ui/numbers")).toStringList(), QVariant(numbers).toStringList());
     QCOMPARE(image.value(QStringLiteral("ui/number")).toInt(), 5);
+}
+
+void TestSettingsHandler::aListWithoutItemsStaysAList()
+{
+    const QStringList lists = {key(SettingsKeys::kStudySpecific), key(SettingsKeys::kPersonNameFieldOrder),
+                               QStringLiteral("studydb/connectoptions")};
+    for (const QString &list : lists)
+        store()->setValue(list, QStringList());
+    store()->setValue(QStringLiteral("site/nothing"), QVariant());
+    const QMap<QString, QVariant> before = stashed();
+    store()->changeSettingsFile(parking());
+    store()->changeSettingsFile(m_working);
+    QCOMPARE(stashed(), before);
+    for (const QString &list : lists)
+        QCOMPARE(stashed().value(list).userType(), int(QMetaType::QStringList));
+    // What nobody knows as a list says nothing, and stays so.
+    QVERIFY(stashed().contains(QStringLiteral("site/nothing")));
+    QVERIFY(!stashed().value(QStringLiteral("site/nothing")).isValid());
 }
 
 void TestSettingsHandler::aSafeValueInTheImageHasBytesAndNoText()

@@ -263,7 +263,8 @@ void TestSettingsBadFiles::aLinkToTheWorkingFileChangesNoFile()
         QCOMPARE(::link(working.constData(), link.constData()), 0);
     transfer(bench, "import_action");
     QVERIFY(m_boxes->seen().isEmpty());
-    QCOMPARE(bench.takeEvents().last(), settingsEvent(Actions::Import, "Corvane Settings Import"));
+    QCOMPARE(bench.takeEvents(),
+             QList<AuditEvent>{settingsEvent(Actions::Import, "Corvane Settings Import")});
     QCOMPARE(readFile(m_files.working()), m_before);
     QCOMPARE(readFile(m_file), m_before);
 }

@@ -62,6 +62,7 @@ private slots:
     void aFirstLoadOfAnyKindMakesInitialAndPreviousSettingsEqual();
     void aChangedSecretIsMaskedInTheComparison();
     void aSecretSavedTwiceIsNoDifferenceAndAChangedOneIsOneLineOnEachSide();
+    void aListWithoutItemsIsNoDifferenceAndNoError();
     void theComparisonIsNotAnAuditEvent();
     void theTagNamesTheLastSource();
     void aFirstOnlineLoadShowsNoDifferenceDialogAndTheLaterOnesDo();
@@ -176,6 +177,26 @@ void TestSettingsComparison::aSecretSavedTwiceIsNoDifferenceAndAChangedOneIsOneL
             }
         });
     }
+}
+
+void TestSettingsComparison::aListWithoutItemsIsNoDifferenceAndNoError()
+{
+    m_files.setLocal({{"application/study_specific", QStringList()}});
+    SettingsBench bench(m_workstation, kAllRights);
+    bench.choose("local_menu", "load_action");
+    bench.seeChanges([](DiffView &dialog) {
+        QVERIFY(!(leftPane(dialog) + rightPane(dialog)).contains("study_specific"));
+    });
+    // A save and another load, from what is on disk then.
+    MessageBoxes boxes;
+    bench.choose("local_menu", "save_action");
+    bench.choose("local_menu", "load_action");
+    bench.seeChanges([](DiffView &dialog) {
+        QCOMPARE(leftPane(dialog), QString());
+        QCOMPARE(rightPane(dialog), QString());
+    });
+    for (const AuditEvent &event : bench.takeEvents())
+        QCOMPARE(event.error, ZephanError(0));
 }
 
 void TestSettingsComparison::theComparisonIsNotAnAuditEvent()
