@@ -27,8 +27,7 @@ def tab_to(focus, role, name):
     for _ in range(MOST_TABS):
         if focus.is_on(role, name):
             return
-        press_key("Tab")
-        focus.settle()
+        focus.press("Tab")
     raise NotFound("the Tab key does not reach the %s %r, but stops at %s" % (role, name, ", ".join(focus.heard)))
 
 
@@ -37,8 +36,7 @@ def go_to(focus, key, name):
     for _ in range(MOST_STEPS):
         if focus.current().name == name:
             return
-        press_key(key)
-        focus.settle()
+        focus.press(key)
     raise NotFound("%s does not reach %r, but stops at %s" % (key, name, ", ".join(focus.heard)))
 
 

@@ -212,6 +212,7 @@ class Focus:
 
     def __init__(self):
         self.heard = []  # the last stations, for a person who looks for the way
+        self._count = 0
         self._node = None
         self._listener = _atspi().EventListener.new(self._on_event)
 
@@ -224,21 +225,32 @@ class Focus:
 
     def _on_event(self, event):
         if event.detail1:
+            self._count += 1
             self._node = event.source
             self.heard = (self.heard + [repr(self.current_now())])[-self.MOST_HEARD:]
 
     def current_now(self):
         return Widget(self._node) if self._node is not None else None
 
-    def settle(self, seconds=0.15):
-        """Lets what a key press has set off arrive."""
+    def settle(self, seconds):
+        """Listens until nothing has been heard for so long."""
         from gi.repository import GLib
 
         end = time.monotonic() + seconds
         while time.monotonic() < end:
-            while GLib.MainContext.default().iteration(False):
-                pass
-            time.sleep(0.01)
+            if GLib.MainContext.default().iteration(False):
+                end = time.monotonic() + seconds
+            time.sleep(0.005)
+
+    def press(self, key, patience=3.0):
+        """Presses a key and listens where the focus goes; a key that leaves it where it is takes the patience."""
+        self.settle(0.02)
+        before = self._count
+        press_key(key)
+        end = time.monotonic() + patience
+        while self._count == before and time.monotonic() < end:
+            self.settle(0.02)
+        self.settle(0.1)
 
     def current(self):
         """The widget that has the focus, once one was heard of."""
