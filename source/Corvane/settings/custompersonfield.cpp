@@ -131,6 +131,15 @@ void CustomPersonField::showField()
     }
     m_visibility->setCurrentIndex(m_field.visible ? kVisibleIndex : kHiddenIndex);
     m_lines->setCurrentIndex(m_field.lineType);
+    describeWidgets();
+}
+
+void CustomPersonField::describeWidgets()
+{
+    for (QWidget *widget :
+         {static_cast<QWidget *>(m_up), static_cast<QWidget *>(m_down), static_cast<QWidget *>(m_visibility),
+          static_cast<QWidget *>(m_lines), static_cast<QWidget *>(m_remove)})
+        widget->setAccessibleDescription(m_field.name);
 }
 
 void CustomPersonField::setId(int id)
@@ -171,6 +180,7 @@ void CustomPersonField::sync()
         m_name->setText(m_field.name);
     m_field.visible = m_visibility->currentIndex() == kVisibleIndex;
     m_field.lineType = m_lines->currentIndex();
+    describeWidgets();
 }
 
 void CustomPersonField::rename()

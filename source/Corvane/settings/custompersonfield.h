@@ -82,6 +82,8 @@ private:
     void layOut();
     void connectWidgets();
     void showField();
+    /// Names the field for those who hear the row instead of seeing it.
+    void describeWidgets();
 
     CustomField m_field;
     bool m_removed = true;

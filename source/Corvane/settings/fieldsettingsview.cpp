@@ -288,6 +288,7 @@ void FieldSettingsView::readSummary()
 
 void FieldSettingsView::saveSettings()
 {
+    takeTypedNames();
     saveCustomFields();
     saveMasks();
     QList<int> order;
@@ -295,6 +296,15 @@ void FieldSettingsView::saveSettings()
         order.append(box->currentIndex());
     write(SettingsKeys::kPersonNameFieldOrder, StandardFields::nameOrderToSetting(order));
     write(SettingsKeys::kPersonSummaryFields, m_summary->entries());
+}
+
+void FieldSettingsView::takeTypedNames()
+{
+    // A menu opens without the name that is being typed losing the focus.
+    for (CustomPersonField *row : qAsConst(m_rows))
+        row->sync();
+    if (customNames() != m_summary->customNames())
+        offerCustomFields();
 }
 
 void FieldSettingsView::saveCustomFields()

@@ -69,6 +69,7 @@ private:
     void readMasks();
     void readNameOrder();
     void readSummary();
+    void takeTypedNames();
     void saveCustomFields();
     void saveMasks();
 

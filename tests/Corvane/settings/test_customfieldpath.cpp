@@ -59,6 +59,7 @@ private slots:
     void aRenamedFieldShowsOnTheSearchPageUnchecked();
     void aRenamedFieldReachesTheWorkingSettingsAndTheComparison();
     void aRenamedFieldReachesTheLocalApplication();
+    void aNameThatIsStillBeingTypedIsSaved();
     void aFieldThatIsAddedAndNamedCanBeSearched();
     void aRemovedFieldLeavesBothPages();
     void aRejectedNameIsTheSameOnBothPages();
@@ -141,6 +142,21 @@ void TestCustomFieldPath::aRenamedFieldReachesTheLocalApplication()
     QCOMPARE(boxes.seen().value(0).text, QStringLiteral("Saving succeeded."));
     QCOMPARE(m_files.localValue(kCustom).toString(), QStringLiteral("1:Badge=0:true,2:Work place=1:false"));
     QCOMPARE(m_files.localValue(kSearchedCustom).toStringList(), (QStringList{"Badge", "Work place"}));
+}
+
+void TestCustomFieldPath::aNameThatIsStillBeingTypedIsSaved()
+{
+    SettingsBench bench(m_workstation, kAllRights);
+    load(bench);
+    const QWidget &fields = openTab(bench, kFieldTab);
+    auto *name = rowPart<QLineEdit>(fields, 0, kRowName);
+    QTest::mouseClick(name, Qt::LeftButton);
+    QTest::keyClicks(name, QStringLiteral(",2"));
+    const MessageBoxes boxes;
+    bench.choose("local_menu", "save_action");
+    QCOMPARE(m_files.localValue(kCustom).toString(), QStringLiteral("1:Badge2=0:true,2:Job=1:false"));
+    QCOMPARE(m_files.localValue(kSearchedCustom).toStringList(), QStringList());
+    QCOMPARE(customChecks(openTab(bench, kSearchTab)), (QStringList{"Badge2", "Job"}));
 }
 
 void TestCustomFieldPath::aFieldThatIsAddedAndNamedCanBeSearched()

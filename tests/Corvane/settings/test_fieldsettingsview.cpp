@@ -441,6 +441,8 @@ void TestFieldSettingsView::everyFieldHasAnAccessibleName()
     for (const char *name : {kRowUp, kRowDown, kRowName, kRowRemove})
         fields.append(rowPart(page, 0, name));
     QCOMPARE(fields.size(), 8 + 4 + 3 + 2 + 4);
+    // Of many rows' buttons, which one it is has to be heard.
+    QCOMPARE(rowPart(page, 0, kRowRemove)->accessibleDescription(), QStringLiteral("Badge"));
     for (const QWidget *field : qAsConst(fields)) {
         QVERIFY2(!field->accessibleName().isEmpty(), qPrintable(field->objectName()));
         QVERIFY(!field->objectName().isEmpty());
