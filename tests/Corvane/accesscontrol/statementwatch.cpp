@@ -19,16 +19,28 @@ const char *const kDatabaseError = "The database refuses";
 
 namespace {
 
+struct Refused
+{
+    QString beginning;
+    StatementWatch::Stage stage;
+    int passing;
+};
+
 struct Watched
 {
     QStringList statements;
-    QString refused;
-    StatementWatch::Stage stage = StatementWatch::Running;
-    int passing = 0;
+    QList<Refused> refused;
 
     bool isRefused(const QString &statement, StatementWatch::Stage at)
     {
-        return !refused.isNull() && stage == at && statement.startsWith(refused) && passing-- <= 0;
+        for (int i = 0; i < refused.size(); ++i) {
+            Refused &next = refused[i];
+            if (next.stage != at || !statement.startsWith(next.beginning) || next.passing-- > 0)
+                continue;
+            refused.removeAt(i);
+            return true;
+        }
+        return false;
     }
 };
 
@@ -287,12 +299,10 @@ QStringList StatementWatch::take()
 
 void StatementWatch::refuse(const QString &beginning, Stage stage, int passing)
 {
-    watched().refused = beginning;
-    watched().stage = stage;
-    watched().passing = passing;
+    watched().refused.append({beginning, stage, passing});
 }
 
 void StatementWatch::allowAll()
 {
-    watched().refused = QString();
+    watched().refused.clear();
 }

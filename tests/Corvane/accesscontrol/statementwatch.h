@@ -23,7 +23,8 @@ public:
     /// The statements since the last call, each with its bound values as "statement | value | value", a null
     /// as "NULL"; transactions as "BEGIN", "COMMIT" and "ROLLBACK".
     QStringList take();
-    /// Lets a statement fail whose text begins so, once it has passed that often, until `allowAll`.
+    /// Lets one statement fail whose text begins so, once that many have passed, unless `allowAll` comes
+    /// first.
     void refuse(const QString &beginning, Stage stage = Running, int passing = 0);
     void allowAll();
 };

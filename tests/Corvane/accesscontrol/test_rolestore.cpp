@@ -40,6 +40,8 @@ private slots:
     void aRoleWithoutATitleCountsAsFailed();
     void aRoleThatIsNotStoredCannotBeDeleted_data();
     void aRoleThatIsNotStoredCannotBeDeleted();
+    void aRowOfNothingButNullsIsRead_data();
+    void aRowOfNothingButNullsIsRead();
     void titlesComeBackAsTheyWere_data();
     void titlesComeBackAsTheyWere();
     void aTitleOfTenThousandCharactersIsKeptWholeOrRefused_data();
@@ -223,6 +225,23 @@ void TestRoleStore::aRoleThatIsNotStoredCannotBeDeleted()
     QVERIFY(!m_handler->deleteRole(makeRole(text("Nurse"), 1)));
     QCOMPARE(trail(), QStringList{text("failed DeleteRole 16300002: Role from access.supportdb")});
     QCOMPARE(elsewhere(text("SELECT COUNT(*) FROM roles WHERE deleted = 0")), QStringList{text("3")});
+}
+
+void TestRoleStore::aRowOfNothingButNullsIsRead_data()
+{
+    QTest::addColumn<Place>("place");
+    QTest::newRow("the encrypted file") << Place::OfflineFile;
+}
+
+// Only the table of the encrypted file allows it.
+void TestRoleStore::aRowOfNothingButNullsIsRead()
+{
+    QCOMPARE(elsewhere(text("INSERT INTO roles (deleted) VALUES (0)")), QStringList());
+    const QList<Role> roles = m_handler->getRoles();
+    QCOMPARE(roles.size(), 4);
+    QVERIFY(roles.last()->roleID() > 0);
+    QVERIFY(roles.last()->roleName().isEmpty());
+    QCOMPARE(roles.last()->accessTypes(), 0);
 }
 
 void TestRoleStore::titlesComeBackAsTheyWere_data()

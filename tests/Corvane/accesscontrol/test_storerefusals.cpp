@@ -21,6 +21,7 @@ struct Refusal
     int passing;
     bool result;
     QStringList trail;
+    const char *second = nullptr;  ///< another statement that is refused
 };
 
 /// The operator that is in the table before each test, with the roles 7 and 3.
@@ -236,6 +237,14 @@ QList<Refusal> refusalsOfLinks()
              1,
              false,
              {kLinksRead, failed("AddOperatorRole", kLinksFailed)}},
+            {"a link is neither added nor are the others taken back",
+             link,
+             "INSERT",
+             Stage::Running,
+             1,
+             false,
+             {kLinksRead, failed("Transaction", kept("rollback")), failed("AddOperatorRole", kLinksFailed)},
+             "ROLLBACK"},
             {"the links are not kept",
              link,
              "COMMIT",
@@ -449,6 +458,8 @@ void TestStoreRefusals::aRefusedStatementIsToldAndDropsTheConnection()
     trail();
     m_reconnected->clear();
     m_watch.refuse(text(refusal.statement), refusal.stage, refusal.passing);
+    if (refusal.second)
+        m_watch.refuse(text(refusal.second));
     const bool result = refusal.operation(*m_handler);
     m_watch.allowAll();
     QCOMPARE(trail().join(QLatin1Char('\n')), refusal.trail.join(QLatin1Char('\n')));
