@@ -24,6 +24,7 @@
 namespace {
 
 constexpr int kFrameWidth = 362;
+constexpr int kShortestName = 20;  // letters; longer names are cut while the box is closed
 
 const char *const kPluginSettings = "RuvenkaPlugin";
 const char *const kReferenceSetsKey = "reference_sets";
@@ -36,6 +37,12 @@ QVariant pluginReferenceSets()
                        QLatin1String(kPluginSettings));
     settings.setIniCodec("UTF-8");
     return settings.value(QLatin1String(kReferenceSetsKey), QString());
+}
+
+void keepNarrow(QComboBox *box)
+{
+    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    box->setMinimumContentsLength(kShortestName);
 }
 
 QStringList sortedByName(const QMap<QString, QString> &names)
@@ -82,7 +89,7 @@ StudySettingsView::StudySettingsView(const QString &dataPath, QWidget *parent)
     : BaseView(parent)
 {
     loadApplications(dataPath);
-    readReferenceSets();
+    m_namedReferenceSets = StudyEntries::namedReferenceSets(pluginReferenceSets());
 
     auto *content = new QWidget(this);
     QHBoxLayout *columns = FormParts::makeColumns(content);
@@ -113,19 +120,13 @@ void StudySettingsView::loadApplications(const QString &dataPath)
     m_applications = helper.applications(dataPath + QLatin1String(LocalCache::kFileName));
 }
 
-void StudySettingsView::readReferenceSets()
-{
-    const auto named = StudyEntries::namedReferenceSets(pluginReferenceSets());
-    m_hasNamedReferenceSets = named.has_value();
-    m_namedReferenceSets = named.value_or(QMap<QString, QString>());
-}
-
 void StudySettingsView::buildHead(QBoxLayout *layout)
 {
     auto *row = new QHBoxLayout;
     layout->addLayout(row);
     m_applicationLabel = FormParts::addTitle(row);
     m_applicationBox = FormParts::addComboBox(row, QStringLiteral("study_application"));
+    keepNarrow(m_applicationBox);
     m_noPluginsLabel = FormParts::addLabel(row);
     m_noPluginsLabel->setObjectName(QStringLiteral("no_study_plugins"));
     row->setStretchFactor(m_applicationBox, 1);
@@ -160,6 +161,7 @@ QWidget *StudySettingsView::buildReferenceSets(QWidget *parent)
     m_hiddenSets->setObjectName(QStringLiteral("hidden_reference_sets_list"));
     m_defaultSetLabel = FormParts::addLabel(layout);
     m_defaultSet = FormParts::addComboBox(layout, QStringLiteral("default_reference_set"));
+    keepNarrow(m_defaultSet);
 
     connect(m_hiddenSetsButton, SIGNAL(clicked()), this, SLOT(showOrHideListWidget()));
     connect(m_hiddenSets, SIGNAL(itemSelectionChanged()), this, SLOT(handleSelectedRefsetChange()));
@@ -191,11 +193,11 @@ QString StudySettingsView::applicationText(const QString &id) const
 
 void StudySettingsView::fillReferenceSets()
 {
-    m_referenceSetNames = m_namedReferenceSets;
+    m_referenceSetNames = m_namedReferenceSets.value_or(QMap<QString, QString>());
     for (const ReferenceSet &set : builtInReferenceSets()) {
         const QString id = QLatin1String(set.id);
         m_referenceSetDescriptions.insert(id, QObject::tr(set.description));
-        if (!m_hasNamedReferenceSets)
+        if (!m_namedReferenceSets)
             m_referenceSetNames.insert(id, QObject::tr(set.name));
     }
 

@@ -9,6 +9,8 @@
 #include <QMap>
 #include <QString>
 
+#include <optional>
+
 class QBoxLayout;
 class QCheckBox;
 class QComboBox;
@@ -53,7 +55,6 @@ public slots:
 
 private:
     void loadApplications(const QString &dataPath);
-    void readReferenceSets();
     void fillReferenceSets();
     void select(const StudyEntries::ReferenceChoice &choice);
 
@@ -62,8 +63,7 @@ private:
     QWidget *buildReferenceSets(QWidget *parent);
     QWidget *buildFields(QWidget *parent);
 
-    /// The current application's plug-in; null when there is none, as for the spirometry application without
-    /// it.
+    /// The current application; null without a plug-in, which spirometry can do without.
     AbstractApplication *application() const;
     QString applicationText(const QString &id) const;
     void clearFields();
@@ -82,8 +82,7 @@ private:
     QString m_application;                                ///< id of the current one; empty when there is none
     QMap<QString, QString> m_referenceSetNames;           ///< by id
     QMap<QString, QString> m_referenceSetDescriptions;
-    QMap<QString, QString> m_namedReferenceSets;  ///< those of the measurement plug-in, if it has its own
-    bool m_hasNamedReferenceSets = false;
+    std::optional<QMap<QString, QString>> m_namedReferenceSets;  ///< the measurement plug-in's own, if any
 
     QLabel *m_applicationLabel;
     QComboBox *m_applicationBox;

@@ -43,7 +43,8 @@ void SelectionPopup::fitToContents()
     const int frame = 2 * frameWidth();
     const int rows = qBound(1, count(), kMaximumRows);
     const int bar = count() > kMaximumRows ? verticalScrollBar()->sizeHint().width() : 0;
-    resize(qMax(m_button->width(), sizeHintForColumn(0) + frame + bar),
+    const int width = qMax(m_button->width(), sizeHintForColumn(0) + frame + bar);
+    resize(qMin(width, m_button->screen()->availableGeometry().width()),
            rows * qMax(1, sizeHintForRow(0)) + frame);
 }
 

@@ -8,6 +8,9 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -99,6 +102,7 @@ private slots:
     void aPluginsOwnSetsReplaceTheTable_data();
     void aPluginsOwnSetsReplaceTheTable();
     void ownSetsAreStoredByTheirNames();
+    void aLongNameDoesNotWidenThePage();
     void thousandsOfOwnSets();
 
 private:
@@ -389,6 +393,18 @@ void TestStudySettingsView::ownSetsAreStoredByTheirNames()
     QCOMPARE(storedList(SettingsKeys::kStudySpecific),
              (QStringList{QStringLiteral("Ruvenka=hidden=2012=Our adults"),
                           QStringLiteral("Ruvenka=default=5=Die \u00dcbrigen")}));
+}
+
+void TestStudySettingsView::aLongNameDoesNotWidenThePage()
+{
+    setOwnSets("reference_sets=\"7=" + QByteArray("Zulu ").repeated(200) + "\"\n");
+    StudySettingsView page(m_workstation.dataDirectory());
+    page.resize(765, 455);
+    page.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&page));
+    QVERIFY(!page.findChild<QScrollArea *>()->horizontalScrollBar()->isVisible());
+    QTest::mouseClick(child<QPushButton>(page, "hidden_reference_sets"), Qt::LeftButton);
+    QVERIFY(hiddenSets(page)->width() <= page.screen()->availableGeometry().width());
 }
 
 void TestStudySettingsView::thousandsOfOwnSets()
