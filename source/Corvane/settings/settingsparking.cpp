@@ -77,9 +77,11 @@ void SettingsParking::unpark()
 
 void SettingsParking::recover()
 {
+    // A working file that could not be moved aside is the former one still.
+    if (!QFile::exists(m_recoveryFile))
+        return;
     QFile::remove(m_workingFile);
-    if (QFile::exists(m_recoveryFile))
-        QFile::rename(m_recoveryFile, m_workingFile);
+    QFile::rename(m_recoveryFile, m_workingFile);
 }
 
 void SettingsParking::clear()

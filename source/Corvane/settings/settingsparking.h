@@ -26,7 +26,7 @@ public:
     bool place(const QString &source);
     /// Points the store at whatever is the working file now.
     void unpark();
-    /// Puts the former working file back in place of what stands there.
+    /// Puts the former working file back in place of what stands there, if it was moved aside.
     void recover();
     /// Writes the working settings and then removes the temporary directory with all that is in it. It stays
     /// where they cannot be written, so that the former file is there at the next start.

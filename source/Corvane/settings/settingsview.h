@@ -91,6 +91,7 @@ private:
     bool exportTo(const QString &target, QString &message);
     bool copyWorkingFile(const QString &workingFile, const QString &target, QString &message);
     bool importFrom(const QString &source, QString &message);
+    bool replaceWorkingFile(const QString &source);
     void acceptOnlineSettings();
 
     void removeRedundantSettings();

@@ -88,7 +88,8 @@ void SettingsView::copyToLocalSettings(QSettings &local, QString &message)
     // In one write, so that no moment leaves the applications half of it.
     removeStaleParameters(local);
     local.sync();
-    if (local.allKeys().size() < keys.size()) {
+    const bool isOnDisk = local.status() != QSettings::AccessError;
+    if (!isOnDisk || local.allKeys().size() < keys.size()) {
         message += tr("Not all settings were saved.");
         emit logError(Actions::SaveSettings, ZephanErrors::kSettingsIncomplete,
                       QStringLiteral("Not all settings were saved"));

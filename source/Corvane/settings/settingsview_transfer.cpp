@@ -117,17 +117,7 @@ bool SettingsView::importFrom(const QString &source, QString &message)
     if (QFileInfo(source) == QFileInfo(workingFile))
         return true;
 
-    bool imported = false;
-    {
-        const WaitCursor cursor;
-        SettingsParking parking(m_dataPath);
-        parking.park();
-        imported = isSettingsFile(source) && parking.place(source);
-        if (!imported)
-            parking.recover();
-        parking.unpark();
-        parking.clear();
-    }
+    const bool imported = isSettingsFile(source) && replaceWorkingFile(source);
     if (!imported) {
         message += tr("Importing settings from %1 did not succeed. Please try again.").arg(source);
         CORVANE_LOG(Logger::Warning, Logger::Console, "SettingsView::importSettings",
@@ -135,4 +125,17 @@ bool SettingsView::importFrom(const QString &source, QString &message)
     }
     reloadPages();
     return imported;
+}
+
+bool SettingsView::replaceWorkingFile(const QString &source)
+{
+    const WaitCursor cursor;
+    SettingsParking parking(m_dataPath);
+    parking.park();
+    const bool replaced = parking.place(source);
+    if (!replaced)
+        parking.recover();
+    parking.unpark();
+    parking.clear();
+    return replaced;
 }

@@ -1,3 +1,4 @@
+#include "Corvane/settings/settingsparking.h"
 #include "settingsbench.h"
 #include "settingstest.h"
 #include "support/filedialogs.h"
@@ -78,12 +79,15 @@ private slots:
     void aFileThatMayNotBeReadIsNotImported();
     void aFileThatCannotBeReadIsNotImported();
     void withoutRoomForACopyTheFormerSettingsStay();
+    void withoutAPlaceForTheFormerSettingsTheyStay();
     void aLinkToTheWorkingFileChangesNoFile_data();
     void aLinkToTheWorkingFileChangesNoFile();
     void aDamagedFileIsImportedAsFarAsItCanBeRead();
     void anArraySizeThatLiesIsHarmless_data();
     void anArraySizeThatLiesIsHarmless();
 
+    void withoutRoomSavingToTheLocalApplicationIsNoSuccess();
+    void withoutRoomALoadIsTakenBackAtTheNextStart();
     void withoutRoomAnExportFailsAndLeavesNothing();
     void aFolderInTheTargetsPlaceFailsWithBothSentences();
     void aFolderInWhichNothingMayBeMadeFails();
@@ -242,6 +246,17 @@ void TestSettingsBadFiles::withoutRoomForACopyTheFormerSettingsStay()
     checkNotImported(bench);
 }
 
+void TestSettingsBadFiles::withoutAPlaceForTheFormerSettingsTheyStay()
+{
+    setStored("ui/measurement_units", 1);
+    SettingsBench bench(m_workstation, kAllRights);
+    begin(bench);
+    QVERIFY(writeFile(m_files.temporaryDirectory(), "no directory"));
+    transfer(bench, "import_action");
+    checkNotImported(bench);
+    QVERIFY(QFile::remove(m_files.temporaryDirectory()));
+}
+
 void TestSettingsBadFiles::aLinkToTheWorkingFileChangesNoFile_data()
 {
     QTest::addColumn<bool>("symbolic");
@@ -315,6 +330,48 @@ void TestSettingsBadFiles::anArraySizeThatLiesIsHarmless()
     QVERIFY(found.removeOne("size"));
     QCOMPARE(found, entries);
     QCOMPARE(readFile(m_file).count("params"), 5);
+}
+
+void TestSettingsBadFiles::withoutRoomSavingToTheLocalApplicationIsNoSuccess()
+{
+    m_files.setLocal({{"site/own", "local"}});
+    const QByteArray local = readFile(m_files.local());
+    SettingsBench bench(m_workstation, kAllRights);
+    begin(bench);
+    bench.takeEvents();
+    m_boxes = std::make_unique<MessageBoxes>();
+    {
+        const FullDisk disk(kNoRoom);
+        bench.choose("local_menu", "save_action");
+    }
+    QCOMPARE(m_boxes->seen().size(), 1);
+    QCOMPARE(m_boxes->seen().first().text, QStringLiteral("Error: Not all settings were saved."));
+    QCOMPARE(
+        bench.takeEvents(),
+        QList<AuditEvent>({settingsEvent(Actions::SaveSettings, "Corvane Settings Local Save"),
+                           settingsError(Actions::SaveSettings, 0x14100000, "Not all settings were saved")}));
+    QCOMPARE(readFile(m_files.local()), local);
+    // As soon as there is room again it succeeds.
+    bench.choose("local_menu", "save_action");
+    QCOMPARE(m_boxes->seen().last().text, QStringLiteral("Saving succeeded."));
+    QVERIFY(readFile(m_files.local()).contains("own=kept"));
+}
+
+void TestSettingsBadFiles::withoutRoomALoadIsTakenBackAtTheNextStart()
+{
+    m_files.setLocal({{"site/own", "local"}});
+    SettingsBench bench(m_workstation, kAllRights);
+    begin(bench);
+    {
+        const FullDisk disk(kNoRoom);
+        bench.choose("local_menu", "load_action");
+        QCOMPARE(stored("site/own").toString(), QStringLiteral("local"));
+        store()->changeSettingsFile(m_workstation.path("aside.ini"));
+    }
+    SettingsParking::recoverAbandoned(m_workstation.dataDirectory());
+    QCOMPARE(readFile(m_files.working()), m_before);
+    store()->changeSettingsFile(m_files.working());
+    QCOMPARE(stored("site/own").toString(), QStringLiteral("kept"));
 }
 
 void TestSettingsBadFiles::withoutRoomAnExportFailsAndLeavesNothing()
