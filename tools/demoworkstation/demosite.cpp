@@ -39,6 +39,27 @@ struct DemoOperator
     QString role;
 };
 
+struct DemoPlace
+{
+    QString name;
+    QString address;  // of departments
+};
+
+QVector<DemoPlace> organizations()
+{
+    return {{QStringLiteral("Northern Lung Clinic"), QString()},
+            {QStringLiteral("Harbour Health Centre"), QString()},
+            {QStringLiteral("Lakeside Children's Hospital"), QString()}};
+}
+
+QVector<DemoPlace> departments()
+{
+    return {{QStringLiteral("Lung function laboratory"), QStringLiteral("Harbour Road 12, ground floor")},
+            {QStringLiteral("Outpatient clinic"), QStringLiteral("Harbour Road 12, second floor")},
+            {QStringLiteral("Occupational health"), QStringLiteral("Quayside 3")},
+            {QStringLiteral("Paediatrics"), QStringLiteral("Lake Avenue 48")}};
+}
+
 /// The groups are those of whoever prepares the demonstration, so that this account can sign in by its group.
 QVector<DemoOperator> operators()
 {
@@ -51,6 +72,8 @@ QVector<DemoOperator> operators()
          QStringLiteral("Dora"), QStringLiteral("Lindqvist"), QStringLiteral("Doctor")},
         {OperatorModelData::InternalUser, QStringLiteral("nils.nurse"), QStringLiteral("demo-nils"),
          QStringLiteral("Nils"), QStringLiteral("Mäkelä"), QStringLiteral("Nurse")},
+        {OperatorModelData::InternalUser, QStringLiteral("niamh.nurse"), QStringLiteral("demo-niamh"),
+         QStringLiteral("Niamh"), QStringLiteral("O'Sullivan"), QStringLiteral("Nurse")},
         {OperatorModelData::InternalUser, QStringLiteral("audrey.auditor"), QStringLiteral("demo-audrey"),
          QStringLiteral("Audrey"), QStringLiteral("Okafor"), QStringLiteral("Auditor")},
         {OperatorModelData::WindowsUser, currentUsername(sid, error), QString(), QString(), QString(),
@@ -90,15 +113,24 @@ public:
         if (!run(QStringLiteral("INSERT INTO roles (title, actions, deleted) VALUES (?, ?, 0)"),
                  {QStringLiteral("Auditor"), int(AuditTrailManagement)}))
             return false;
-        const QString organization = newId();
-        const QString department = newId();
-        if (!run(QStringLiteral("INSERT INTO organization (id, deleted, name) VALUES (?, 0, ?)"),
-                 {organization, QStringLiteral("Northern Lung Clinic")}) ||
-            !run(QStringLiteral("INSERT INTO department (id, deleted, name, address) VALUES (?, 0, ?, ?)"),
-                 {department, QStringLiteral("Lung function laboratory"), QStringLiteral("Harbour Road 12")}))
-            return false;
+        // The operators work at the first of each.
+        QStringList organizationIds;
+        for (const DemoPlace &place : organizations()) {
+            organizationIds.append(newId());
+            if (!run(QStringLiteral("INSERT INTO organization (id, deleted, name) VALUES (?, 0, ?)"),
+                     {organizationIds.last(), place.name}))
+                return false;
+        }
+        QStringList departmentIds;
+        for (const DemoPlace &place : departments()) {
+            departmentIds.append(newId());
+            if (!run(
+                    QStringLiteral("INSERT INTO department (id, deleted, name, address) VALUES (?, 0, ?, ?)"),
+                    {departmentIds.last(), place.name, place.address}))
+                return false;
+        }
         for (const DemoOperator &demo : operators()) {
-            if (!addOperator(demo, organization, department))
+            if (!addOperator(demo, organizationIds.first(), departmentIds.first()))
                 return false;
         }
         return true;

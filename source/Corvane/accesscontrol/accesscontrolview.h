@@ -197,10 +197,10 @@ private:
     int m_departmentRows = 0;
     bool m_filled = false;
     // The widgets of the tables by row and column, since asking a table for them takes long. Removed ones are
-    // null.
-    QVector<AccessUser *> m_users;
-    QVector<AccessRole *> m_roles;
-    QVector<QVector<QAbstractButton *>> m_userChecks;
+    // null, and so are the first ones.
+    QVector<AccessUser *> m_users{nullptr};
+    QVector<AccessRole *> m_roles{nullptr};
+    QVector<QVector<QAbstractButton *>> m_userChecks = QVector<QVector<QAbstractButton *>>(1);
     QPointer<SupportConnectionHandler> m_handler;
     AccessMethodSystemHelper m_domainHelper;
 };

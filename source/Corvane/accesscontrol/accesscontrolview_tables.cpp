@@ -53,7 +53,7 @@ void AccesscontrolView::clearTables()
     m_departmentRows = 0;
     m_users = {nullptr};
     m_roles = {nullptr};
-    m_userChecks = {{}};
+    m_userChecks = QVector<QVector<QAbstractButton *>>(1);
 
     m_roleTable->growTo(accessRightRows().size() + 1, 1);
     m_roleTable->setItem(0, 0, makeCorner(QString()));
