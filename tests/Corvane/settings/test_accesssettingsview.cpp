@@ -1,11 +1,8 @@
 #include "accesspagefixture.h"
 #include "settingstest.h"
 #include "support/filedialogs.h"
-#include "support/messageboxes.h"
 
-#include <QApplication>
 #include <QComboBox>
-#include <QFile>
 #include <QFrame>
 #include <QLabel>
 #include <QLineEdit>

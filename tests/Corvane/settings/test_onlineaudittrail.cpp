@@ -3,13 +3,11 @@
 #include "siteconnection.h"
 #include "support/messageboxes.h"
 
-#include <QApplication>
 #include <QComboBox>
 #include <QDialog>
 #include <QFile>
 #include <QPushButton>
 #include <QScrollArea>
-#include <QSignalSpy>
 #include <QTest>
 
 using namespace SettingsTest;
