@@ -1,4 +1,3 @@
-#include "CommunicationAndData/access/passwordhelper.h"
 #include "Corvane/views/loginview.h"
 #include "servers/serverfixture.h"
 #include "support/userinput.h"
@@ -67,8 +66,13 @@ private slots:
     void aStatementThatFailsDropsTheConnectionAndTheNextConnectsAgain();
     void aSignInAfterTheServerWasRestartedWorksAtTheSecondTry_data();
     void aSignInAfterTheServerWasRestartedWorksAtTheSecondTry();
+    void aSignInAtAServerThatFreezesFailsInTime();
 
 private:
+    bool addUser();
+    static void fillIn(LoginView &view);
+    static void signIn(LoginView &view);
+    static QString status(const LoginView &view);
     bool choose(DatabaseServer::Kind kind);
     QVariantMap through(const Wire &wire);
     int port()
@@ -216,26 +220,75 @@ void TestAccessOutages::aSignInAfterTheServerWasRestartedWorksAtTheSecondTry_dat
 void TestAccessOutages::aSignInAfterTheServerWasRestartedWorksAtTheSecondTry()
 {
     QVERIFY(connectAs(kConsole, kPassword));
-    const QString id = UuidString(idOf(400 + m_kind)).toString();
-    QVERIFY(insertRow(database(), text("operator"), operatorRow(id, kUser, 1, kUserPassword)));
+    QVERIFY(addUser());
     LoginView view(m_handler.get(), nullptr);
     QSignalSpy loggedIn(&view, SIGNAL(loggedIn(AccessControl *)));
     QSignalSpy failures(&view, SIGNAL(logError(Actions::Action, ZephanError, QVariant)));
+    fillIn(view);
+    QVERIFY2(server().endConnections(kConsole), qPrintable(server().errorText()));
+
+    signIn(view);
+    QTRY_COMPARE(status(view), kFailed);
+    QCOMPARE(failures.size(), 1);
+    QVERIFY(!m_handler->isConnected());
+
+    signIn(view);
+    QTRY_COMPARE(loggedIn.size(), 1);
+    QVERIFY(m_handler->isConnected());
+}
+
+void TestAccessOutages::aSignInAtAServerThatFreezesFailsInTime()
+{
+    if (!m_servers.at(DatabaseServer::MariaDb)->missing().isEmpty())
+        QSKIP(qPrintable(m_servers.at(DatabaseServer::MariaDb)->missing()));
+    QVERIFY(choose(DatabaseServer::MariaDb));
+    Wire wire(static_cast<quint16>(port()));
+    QVERIFY(connectAs(kConsole, kPassword, through(wire)));
+    QVERIFY(addUser());
+    LoginView view(m_handler.get(), nullptr);
+    QSignalSpy loggedIn(&view, SIGNAL(loggedIn(AccessControl *)));
+    QSignalSpy failures(&view, SIGNAL(logError(Actions::Action, ZephanError, QVariant)));
+    fillIn(view);
+    for (int attempt = 1; attempt <= 2; ++attempt) {
+        wire.hold();
+        QElapsedTimer time;
+        time.start();
+        signIn(view);
+        QTRY_COMPARE(failures.size(), attempt);
+        QCOMPARE(status(view), kFailed);
+        QVERIFY2(time.elapsed() < kPatience, qPrintable(QString::number(time.elapsed())));
+        QVERIFY(!m_handler->isConnected());
+    }
+    wire.mend();
+    signIn(view);
+    QTRY_COMPARE(loggedIn.size(), 1);
+}
+
+/// An internal user in place of the one that a former test has made.
+bool TestAccessOutages::addUser()
+{
+    static int number = 400;
+    return isUnderstood(text("UPDATE operator SET deleted = 1 WHERE username = ?"), {kUser}) &&
+           insertRow(database(), text("operator"), operatorRow(idOf(++number), kUser, 1, kUserPassword));
+}
+
+/// Shows the page of an internal user, filled in.
+void TestAccessOutages::fillIn(LoginView &view)
+{
     view.show();
     chooseEntry(view.findChild<QComboBox *>(text("authenticated_user_combo")), kInternalUser);
     view.findChild<QLineEdit *>(text("username_edit"))->setText(kUser);
     view.findChild<QLineEdit *>(text("password_edit"))->setText(kUserPassword);
-    QVERIFY2(server().endConnections(kConsole), qPrintable(server().errorText()));
+}
 
-    auto *button = view.findChild<QPushButton *>(text("sign_in_button"));
-    QTest::mouseClick(button, Qt::LeftButton);
-    QTRY_COMPARE(view.findChild<QLabel *>(text("status_label"))->text(), kFailed);
-    QCOMPARE(failures.size(), 1);
-    QVERIFY(!m_handler->isConnected());
+void TestAccessOutages::signIn(LoginView &view)
+{
+    QTest::mouseClick(view.findChild<QPushButton *>(text("sign_in_button")), Qt::LeftButton);
+}
 
-    QTest::mouseClick(button, Qt::LeftButton);
-    QTRY_COMPARE(loggedIn.size(), 1);
-    QVERIFY(m_handler->isConnected());
+QString TestAccessOutages::status(const LoginView &view)
+{
+    return view.findChild<QLabel *>(text("status_label"))->text();
 }
 
 QTEST_MAIN(TestAccessOutages)
