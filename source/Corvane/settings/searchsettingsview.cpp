@@ -8,6 +8,7 @@
 #include "Corvane/settings/personfieldboxes.h"
 #include "Corvane/settings/settingslists.h"
 #include "Corvane/settings/standardfields.h"
+#include "ZephanShared/widgets/wrappingcheckbox.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -164,7 +165,7 @@ void SearchSettingsView::buildParameters(QBoxLayout *layout)
 
 QCheckBox *SearchSettingsView::makeParameter(const QString &name)
 {
-    auto *box = new QCheckBox;
+    auto *box = new WrappingCheckBox;
     box->setObjectName(name);
     connect(box, &QCheckBox::toggled, this, &SearchSettingsView::monitorSearchParamChecks);
     return box;
