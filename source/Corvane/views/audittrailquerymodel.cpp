@@ -25,6 +25,13 @@ NameOf nameFunction(const QString &column)
     return nullptr;
 }
 
+/// The words are of small numbers: a larger one must not become one of them by being cut.
+int inVocabulary(qlonglong number)
+{
+    constexpr int noWord = -1;
+    return number == static_cast<int>(number) ? static_cast<int>(number) : noWord;
+}
+
 /// The stored time in the user's date format, always with 24 hours and never shifted to local time.
 QString timeText(const QVariant &value)
 {
@@ -50,8 +57,8 @@ QVariant AuditTrailQueryModel::shownValue(const QString &column, const QVariant 
 {
     if (const NameOf nameOf = nameFunction(column)) {
         bool isNumber = false;
-        const int number = value.toInt(&isNumber);
-        return isNumber ? QVariant(nameOf(number)) : value;
+        const qlonglong number = value.toLongLong(&isNumber);
+        return isNumber ? QVariant(nameOf(inVocabulary(number))) : value;
     }
     if (column == QLatin1String("timestamp_action"))
         return timeText(value);
