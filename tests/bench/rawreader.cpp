@@ -24,7 +24,7 @@ long long readCell(sqlite3_stmt *statement, int column)
     }
 }
 
-long long readRows(sqlite3 *connection, const char *select)
+long long readRows(sqlite3 *connection, const char *select, long long rows)
 {
     sqlite3_stmt *statement = nullptr;
     if (sqlite3_prepare_v2(connection, select, -1, &statement, nullptr) != SQLITE_OK)
@@ -32,26 +32,55 @@ long long readRows(sqlite3 *connection, const char *select)
     const int columns = sqlite3_column_count(statement);
     long long sum = 0;
     int result = SQLITE_ROW;
-    while ((result = sqlite3_step(statement)) == SQLITE_ROW) {
+    while (rows != 0 && (result = sqlite3_step(statement)) == SQLITE_ROW) {
+        --rows;
         for (int column = 0; column < columns; ++column)
             sum += readCell(statement, column);
     }
     sqlite3_finalize(statement);
-    return result == SQLITE_DONE ? sum : -1;
+    return result == SQLITE_DONE || rows == 0 ? sum : -1;
 }
+
+sqlite3 *openFile(const char *path, const char *const *keyStatements)
+{
+    sqlite3 *connection = nullptr;
+    if (sqlite3_open_v2(path, &connection, SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX, nullptr) !=
+        SQLITE_OK) {
+        sqlite3_close(connection);
+        return nullptr;
+    }
+    for (; *keyStatements; ++keyStatements)
+        sqlite3_exec(connection, *keyStatements, nullptr, nullptr, nullptr);
+    return connection;
+}
+
+constexpr long long kAllRows = -1;
 
 }  // namespace
 
 long long rawReadAll(const char *path, const char *const *keyStatements, const char *select)
 {
-    sqlite3 *connection = nullptr;
-    long long sum = -1;
-    if (sqlite3_open_v2(path, &connection, SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX, nullptr) ==
-        SQLITE_OK) {
-        for (; *keyStatements; ++keyStatements)
-            sqlite3_exec(connection, *keyStatements, nullptr, nullptr, nullptr);
-        sum = readRows(connection, select);
-    }
+    sqlite3 *connection = openFile(path, keyStatements);
+    const long long sum = connection ? readRows(connection, select, kAllRows) : -1;
     sqlite3_close(connection);
     return sum;
+}
+
+void *rawOpen(const char *path, const char *const *keyStatements)
+{
+    sqlite3 *connection = openFile(path, keyStatements);
+    if (connection && readRows(connection, "SELECT count(*) FROM sqlite_master", kAllRows) >= 0)
+        return connection;
+    sqlite3_close(connection);
+    return nullptr;
+}
+
+long long rawRead(void *connection, const char *select, long long rows)
+{
+    return readRows(static_cast<sqlite3 *>(connection), select, rows);
+}
+
+void rawClose(void *connection)
+{
+    sqlite3_close(static_cast<sqlite3 *>(connection));
 }

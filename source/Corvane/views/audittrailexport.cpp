@@ -19,10 +19,15 @@ QStringList headers()
 
 QStringList shownTexts(const QSqlQuery &row)
 {
-    const QStringList &columns = AuditTrailQueryString::columns();
+    static const QVector<AuditTrailQueryModel::Words> words = [] {
+        QVector<AuditTrailQueryModel::Words> list;
+        for (const QString &column : AuditTrailQueryString::columns())
+            list.append(AuditTrailQueryModel::wordsOf(column));
+        return list;
+    }();
     QStringList texts;
-    for (int column = 0; column < columns.size(); ++column)
-        texts.append(AuditTrailQueryModel::shownValue(columns.at(column), row.value(column)).toString());
+    for (int column = 0; column < words.size(); ++column)
+        texts.append(AuditTrailQueryModel::shownValue(words.at(column), row.value(column)).toString());
     return texts;
 }
 

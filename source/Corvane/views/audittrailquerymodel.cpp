@@ -32,37 +32,86 @@ int inVocabulary(qlonglong number)
     return number == static_cast<int>(number) ? static_cast<int>(number) : noWord;
 }
 
+constexpr int kDayLength = 10;   // of "2016-02-01"
+constexpr int kTimeLength = 19;  // of "2016-02-01 13:45:00"
+
+bool isBelow(const QString &text, int position, int limit)
+{
+    const int tens = text.at(position).unicode() - '0';
+    const int ones = text.at(position + 1).unicode() - '0';
+    return tens >= 0 && tens <= 9 && ones >= 0 && ones <= 9 && 10 * tens + ones < limit;
+}
+
+/// Whether a text ends in a time of day as " 13:45:00" behind ten other characters.
+bool endsInTimeOfDay(const QString &text)
+{
+    return text.size() == kTimeLength && text.at(10) == QLatin1Char(' ') && isBelow(text, 11, 24) &&
+           text.at(13) == QLatin1Char(':') && isBelow(text, 14, 60) && text.at(16) == QLatin1Char(':') &&
+           isBelow(text, 17, 60);
+}
+
+/// The day of the time that was shown last, since neighbours in the log mostly are of one day.
+struct ShownDay
+{
+    int format;
+    QString separator;
+    QString stored;
+    QString shown;
+};
+
 /// The stored time in the user's date format, always with 24 hours and never shifted to local time.
 QString timeText(const QVariant &value)
 {
-    return AuditTrailQueryModel::timeOf(value).toString(DateFormatHelper().dateFormat() +
-                                                        QLatin1String(" hh:mm:ss"));
+    static ShownDay day{-1, QString(), QString(), QString()};
+    const DateFormatHelper formats;
+    const QString stored = value.toString();
+    const bool isUsual = endsInTimeOfDay(stored);
+    if (isUsual && formats.format() == day.format && formats.separator() == day.separator &&
+        stored.startsWith(day.stored))
+        return day.shown + stored.mid(kDayLength);
+
+    const QString text =
+        AuditTrailQueryModel::timeOf(value).toString(formats.dateFormat() + QLatin1String(" hh:mm:ss"));
+    if (isUsual && !text.isEmpty())
+        day = {formats.format(), formats.separator(), stored.left(kDayLength),
+               text.chopped(kTimeLength - kDayLength)};
+    return text;
 }
 
 }  // namespace
 
 AuditTrailQueryModel::AuditTrailQueryModel(QObject *parent)
     : QSqlQueryModel(parent)
-{}
+{
+    connect(this, &QAbstractItemModel::modelAboutToBeReset, this, [this] { m_columns.clear(); });
+}
 
 QVariant AuditTrailQueryModel::data(const QModelIndex &index, int role) const
 {
     const QVariant value = QSqlQueryModel::data(index, role);
     if (role != Qt::DisplayRole || !value.isValid())
         return value;
-    return shownValue(record().fieldName(index.column()), value);
+    if (m_columns.isEmpty()) {
+        const QSqlRecord fields = record();
+        for (int column = 0; column < fields.count(); ++column)
+            m_columns.append(wordsOf(fields.fieldName(column)));
+    }
+    return shownValue(m_columns.value(index.column()), value);
 }
 
-QVariant AuditTrailQueryModel::shownValue(const QString &column, const QVariant &value)
+AuditTrailQueryModel::Words AuditTrailQueryModel::wordsOf(const QString &column)
 {
-    if (const NameOf nameOf = nameFunction(column)) {
+    return {nameFunction(column), column == QLatin1String("timestamp_action")};
+}
+
+QVariant AuditTrailQueryModel::shownValue(const Words &words, const QVariant &value)
+{
+    if (words.nameOf) {
         bool isNumber = false;
         const qlonglong number = value.toLongLong(&isNumber);
-        return isNumber ? QVariant(nameOf(inVocabulary(number))) : value;
+        return isNumber ? QVariant(words.nameOf(inVocabulary(number))) : value;
     }
-    if (column == QLatin1String("timestamp_action"))
-        return timeText(value);
-    return value;
+    return words.isTime ? QVariant(timeText(value)) : value;
 }
 
 QDateTime AuditTrailQueryModel::timeOf(const QVariant &value)

@@ -3,6 +3,7 @@
 
 #include <QDateTime>
 #include <QSqlQueryModel>
+#include <QVector>
 
 /// The rows of the action log with words in place of the stored numbers, and times in the user's date format.
 ///
@@ -16,8 +17,16 @@ public:
 
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
 
-    /// What the table shows for a stored value of the column with this name in `action_log`.
-    static QVariant shownValue(const QString &column, const QVariant &value);
+    /// How the values of a column become words.
+    struct Words
+    {
+        QString (*nameOf)(int) = nullptr;  ///< of a column that holds numbers
+        bool isTime = false;
+    };
+    static Words wordsOf(const QString &column);
+
+    /// What the table shows for a stored value.
+    static QVariant shownValue(const Words &words, const QVariant &value);
 
     /// The stored time of an event, in UTC; invalid when the value is none.
     static QDateTime timeOf(const QVariant &value);
@@ -28,6 +37,9 @@ public:
     static QString categoryName(int value);
     static QString levelName(int value);
     static QString typeName(int value);
+
+private:
+    mutable QVector<Words> m_columns;  ///< of the present query; empty until they are needed
 };
 
 #endif

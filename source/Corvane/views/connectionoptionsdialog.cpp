@@ -57,6 +57,7 @@ ConnectionOptionsDialog::ConnectionOptionsDialog(QVariantMap *onlineOptions, QVa
     addEmptyEditors(false);
     m_modeCombo->setCurrentIndex(m_online ? 0 : 1);
     connect(m_modeCombo, SIGNAL(currentIndexChanged(int)), this, SLOT(toggleDatabaseLocation(int)));
+    m_saveButton->setEnabled(false);
     m_cancelButton->setFocus();
 }
 

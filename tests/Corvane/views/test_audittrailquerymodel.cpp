@@ -10,6 +10,8 @@
 #include <QTest>
 #include <QTranslator>
 
+#include <ctime>
+
 namespace {
 
 /// Answers every text with the same text in capitals.
@@ -38,6 +40,8 @@ private slots:
     void words_data();
     void words();
     void timesFollowTheDateFormatWithoutANewQuery();
+    void timesStandAsTheyAreStored_data();
+    void timesStandAsTheyAreStored();
     void otherRolesAndColumnsAreLeftAlone();
     void languageChangesWordsButNeverActionNames();
 
@@ -120,6 +124,44 @@ void TestAuditTrailQueryModel::timesFollowTheDateFormatWithoutANewQuery()
     store->setValue(QLatin1String(SettingsKeys::kDateFormat), 5);
     store->setValue(QLatin1String(SettingsKeys::kDateSeparator), 2);
     QCOMPARE(model.data(model.index(0, 0)).toString(), QStringLiteral("3/1/2016 22:15:30"));
+}
+
+void TestAuditTrailQueryModel::timesStandAsTheyAreStored_data()
+{
+    QTest::addColumn<QString>("stored");
+    QTest::addColumn<QString>("expected");
+
+    const auto row = [](const char *name, const char *stored, const char *expected) {
+        QTest::newRow(name) << QString::fromLatin1(stored) << QString::fromLatin1(expected);
+    };
+    row("of the hour that summer time leaves out here", "2016-03-27 03:30:00", "27.03.2016 03:30:00");
+    row("of the hour that comes twice here", "2016-10-30 03:30:00", "30.10.2016 03:30:00");
+    row("with a letter between day and time", "2016-03-01T22:15:30", "01.03.2016 22:15:30");
+    row("without seconds", "2016-03-01 22:15", "01.03.2016 22:15:00");
+    row("minute 60 is none", "2016-03-01 22:60:00", "");
+    row("second 60 is none", "2016-03-01 22:15:60", "");
+    row("letters are no time", "2016-03-01 aa:bb:cc", "");
+    row("month 13 is none", "2016-13-01 22:15:30", "");
+    row("29 February of a year without one", "2015-02-29 22:15:30", "");
+    row("something behind the seconds is left out", "2016-03-01 22:15:30 and more", "01.03.2016 22:15:30");
+}
+
+/// Each after another time of the same day, and on a workstation of another time zone.
+void TestAuditTrailQueryModel::timesStandAsTheyAreStored()
+{
+    QFETCH(QString, stored);
+    qputenv("TZ", "Europe/Helsinki");
+    tzset();
+    SettingsHandler *store = SettingsHandler::getInstance();
+    store->setValue(QLatin1String(SettingsKeys::kDateFormat), 0);
+    store->setValue(QLatin1String(SettingsKeys::kDateSeparator), 0);
+    shown(QStringLiteral("timestamp_action"),
+          QLatin1Char('\'') + stored.left(10) + QStringLiteral(" 10:00:00'"));
+    const QString text =
+        shown(QStringLiteral("timestamp_action"), QLatin1Char('\'') + stored + QLatin1Char('\''));
+    qunsetenv("TZ");
+    tzset();
+    QTEST(text, "expected");
 }
 
 void TestAuditTrailQueryModel::otherRolesAndColumnsAreLeftAlone()
