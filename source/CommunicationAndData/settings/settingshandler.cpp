@@ -203,7 +203,13 @@ bool SettingsHandler::restore()
     if (!d->remembered)
         return false;
     SettingsContent::replace(d->settings(), *d->remembered);
+    d->working->setHeld(false);
     return true;
+}
+
+void SettingsHandler::holdChanges()
+{
+    d->working->setHeld(true);
 }
 
 void SettingsHandler::stash(QByteArray *&image)

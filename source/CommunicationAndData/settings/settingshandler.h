@@ -43,6 +43,9 @@ public:
     bool store();
     /// Puts the working settings back to what the last `store` remembered. Doing it again changes nothing.
     bool restore();
+    /// Lets what is changed from now on stay in memory until the next `restore` takes it back: a process that
+    /// is killed meanwhile leaves the file as it was.
+    void holdChanges();
 
     /// Gives a `QDataStream` image of all settings as `QMap<QString, QVariant>`, keyed by the full key. A
     /// safe value in it has an empty `toString` and a non-empty `toByteArray`.

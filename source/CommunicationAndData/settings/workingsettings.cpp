@@ -46,6 +46,14 @@ bool WorkingSettings::sync()
     return written;
 }
 
+void WorkingSettings::setHeld(bool held)
+{
+    // A request that was passed over is not made again.
+    if (m_held && !held)
+        sync();
+    m_held = held;
+}
+
 bool WorkingSettings::isReadable() const
 {
     return QFileInfo(m_absolute->fileName()).size() <= kLargestIni;
@@ -55,6 +63,7 @@ bool WorkingSettings::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() != QEvent::UpdateRequest)
         return QObject::eventFilter(watched, event);
-    sync();
+    if (!m_held)
+        sync();
     return true;
 }

@@ -32,6 +32,9 @@ public:
     /// Writes what is pending, and takes in what others wrote to the file. False if it could not be written.
     bool sync();
 
+    /// Lets changes stay in memory from now on, or writes them by itself again.
+    void setHeld(bool held);
+
     /// False if the file has grown beyond what would be read of it again.
     bool isReadable() const;
 
@@ -43,6 +46,7 @@ private:
 
     const std::unique_ptr<SettingsObject> m_absolute;
     const std::unique_ptr<QSettings> m_shared;
+    bool m_held = false;
 };
 
 #endif

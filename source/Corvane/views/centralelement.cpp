@@ -130,6 +130,7 @@ void CentralElement::activateLocalActionLog(const QString &dataDirectory)
 {
     SettingsHandler *settings = SettingsHandler::getInstance();
     settings->store();
+    settings->holdChanges();
     m_settingsParked = true;
     settings->setValue(SettingsKeys::kActionLogLocation,
                        nativePath(dataDirectory + QStringLiteral("CorvaneActions/")));

@@ -55,6 +55,7 @@ private slots:
     void lettersOfEveryScriptSurviveTheFile();
 
     void restoreGivesBackTheValueBeforeAndOnceMoreChangesNothing();
+    void heldChangesStayInMemoryUntilTheyAreRestored();
     void restoreAlsoWorksInAnotherFile();
     void restoreKeepsKeysBelowARemovedOne();
     void restoreTellsTypesApart();
@@ -211,6 +212,26 @@ void TestSettingsHandler::restoreGivesBackTheValueBeforeAndOnceMoreChangesNothin
         QCOMPARE(store()->value(language).toString(), QStringLiteral("fi_FI"));
         QCOMPARE(store()->generalSettings()->allKeys(), QStringList(language));
     }
+}
+
+void TestSettingsHandler::heldChangesStayInMemoryUntilTheyAreRestored()
+{
+    const QString number = QStringLiteral("ui/number");
+    store()->setValue(number, 1);
+    store()->generalSettings()->sync();
+    const QByteArray before = readFile(m_working);
+    store()->store();
+    store()->holdChanges();
+    store()->setValue(number, 2);
+    QCoreApplication::processEvents();
+    QCOMPARE(store()->value(number).toInt(), 2);
+    QCOMPARE(readFile(m_working), before);
+    store()->restore();
+    QCOMPARE(store()->value(number).toInt(), 1);
+    QCOMPARE(readFile(m_working), before);
+    // From here on changes are written again.
+    store()->setValue(number, 3);
+    QTRY_VERIFY(readFile(m_working).contains("number=3"));
 }
 
 void TestSettingsHandler::restoreAlsoWorksInAnotherFile()

@@ -158,14 +158,21 @@ void TestCentralElement::engineStartsAgainstALocalActiveLogAndTheSettingsComeBac
     SettingsHandler *settings = SettingsHandler::getInstance();
     settings->setValue(SettingsKeys::kActionLogLocation, "elsewhere");
     settings->setValue(SettingsKeys::kActionLogActivated, false);
+    settings->generalSettings()->sync();
+    const QString file = settings->generalSettings()->fileName();
+    const QByteArray before = readFile(file);
     build();
     QCOMPARE(settings->value(SettingsKeys::kActionLogLocation).toString(),
              m_workstation->dataDirectory() + "CorvaneActions/");
     QCOMPARE(settings->value(SettingsKeys::kActionLogActivated).toBool(), true);
     QVERIFY(!m_window->isVisible());
     QVERIFY(m_splash->isVisible());
+    // Whoever is killed now leaves the user's own settings on disk.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::UpdateRequest);
+    QCOMPARE(readFile(file), before);
 
     QTRY_VERIFY(m_window->isVisible());
+    QCOMPARE(readFile(file), before);
     QCOMPARE(settings->value(SettingsKeys::kActionLogLocation).toString(), QStringLiteral("elsewhere"));
     QCOMPARE(settings->value(SettingsKeys::kActionLogActivated).toBool(), false);
     QVERIFY(!m_splash->isVisible());
