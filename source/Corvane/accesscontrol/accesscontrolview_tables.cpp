@@ -13,7 +13,9 @@ namespace {
 
 constexpr int kLeastColumn = 90;  // pixels
 constexpr int kMostColumn = 320;
-constexpr int kNameColumn = 300;
+// A department, its address and the button for deleting it stand side by side in the smallest window.
+constexpr int kOrganizationColumn = 300;
+constexpr int kDepartmentColumn = 160;
 constexpr int kAddressColumn = 500;
 
 bool includes(int mask, int rights)
@@ -62,8 +64,8 @@ void AccesscontrolView::clearTables()
     m_infoTable->growTo(1, InfoColumnCount);
     for (int column = 0; column < InfoColumnCount; ++column)
         m_infoTable->setItem(0, column, makeCorner(QStringLiteral("-")));
-    m_infoTable->setColumnWidth(OrganizationColumn, kNameColumn);
-    m_infoTable->setColumnWidth(DepartmentColumn, kNameColumn);
+    m_infoTable->setColumnWidth(OrganizationColumn, kOrganizationColumn);
+    m_infoTable->setColumnWidth(DepartmentColumn, kDepartmentColumn);
     m_infoTable->setColumnWidth(AddressColumn, kAddressColumn);
 }
 

@@ -12,6 +12,7 @@
 
 namespace {
 
+constexpr int kDeleteColumn = 80;  // pixels, or as wide as the text
 constexpr int kLongestTip = 1000;  // characters
 
 /// What a screen reader calls a check button: what stands at the head of its column and its row.
@@ -96,14 +97,18 @@ void AccesscontrolView::updateInfoTexts()
         m_infoTable->item(0, DepartmentColumn)->setText(tr("Department"));
         m_infoTable->item(0, AddressColumn)->setText(tr("Address"));
     }
+    int deleteWidth = kDeleteColumn;
     for (int row = 1; row < m_infoTable->rowCount(); ++row) {
         for (const int column : {OrganizationColumn, DepartmentColumn, AddressColumn}) {
             if (ColumnLineEdit *edit = infoEdit(row, column))
                 nameInfoEdit(edit);
         }
-        if (auto *button = qobject_cast<ColumnButton *>(m_infoTable->cellWidget(row, DeleteColumn)))
+        if (auto *button = qobject_cast<ColumnButton *>(m_infoTable->cellWidget(row, DeleteColumn))) {
             button->setText(tr("Delete"));
+            deleteWidth = qMax(deleteWidth, button->sizeHint().width());
+        }
     }
+    m_infoTable->setColumnWidth(DeleteColumn, deleteWidth);
 }
 
 void AccesscontrolView::nameInfoEdit(ColumnLineEdit *edit) const
