@@ -91,6 +91,7 @@ AuditTrailView::~AuditTrailView()
     delete m_model;
     if (!m_borrowed)
         forgetDatabase();
+    removeOnlineConnection();
 }
 
 void AuditTrailView::updateTexts()

@@ -116,6 +116,7 @@ private:
     ZephanError connectOffline();
     void setConnected(bool isConnected);
     void forgetDatabase();
+    void removeOnlineConnection();
     bool wantsToEditConnection(ZephanError error);
 
     QString m_dataPath;

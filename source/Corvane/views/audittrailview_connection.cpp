@@ -153,6 +153,7 @@ ZephanError AuditTrailView::connectOnline()
     const WaitCursor wait;
     if (QSqlDatabase::contains(kOnlineConnection))
         disconnectFromDatabase();
+    removeOnlineConnection();
     m_database = QSqlDatabase::addDatabase(QLatin1String(OdbcConnection::kDriver), kOnlineConnection);
     m_database.setDatabaseName(OdbcConnection::databaseName(m_onlineOptions.value(kParams).toMap()));
     if (!OdbcConnection::open(m_database, m_onlineOptions.value(kConnectOptions), username, password) ||
@@ -223,6 +224,13 @@ void AuditTrailView::disconnectFromDatabase()
         forgetDatabase();
     m_borrowed = false;
     setConnected(false);
+}
+
+/// The online connection stays behind when the view goes on with a file.
+void AuditTrailView::removeOnlineConnection()
+{
+    if (QSqlDatabase::contains(kOnlineConnection))
+        QSqlDatabase::removeDatabase(kOnlineConnection);
 }
 
 void AuditTrailView::forgetDatabase()

@@ -5,6 +5,7 @@
 #include "ZephanShared/widgets/logindialog.h"
 #include "audittrailbench.h"
 #include "support/messageboxes.h"
+#include "support/qtwarnings.h"
 
 #include <QComboBox>
 #include <QHeaderView>
@@ -36,6 +37,7 @@ private slots:
     void aReconnectionAsksForThePasswordAgain();
     void aCancelledLoginLeavesTheViewConnectedToNothing();
     void aBorrowedConnectionStaysOpen();
+    void changingFromOnlineToAFileAndBackLeavesNothingBehind();
     void aGroupWithoutParametersOpensTheDialog();
     void optionsAreKeptWithoutNameAndPassword();
     void filtersSurviveADisconnection();
@@ -222,6 +224,34 @@ void TestAuditTrailConnection::aBorrowedConnectionStaysOpen()
     m_bench->closeView();
     QVERIFY(QSqlDatabase::contains(m_bench->log()));
     QSqlDatabase::removeDatabase(m_bench->log());
+}
+
+void TestAuditTrailConnection::changingFromOnlineToAFileAndBackLeavesNothingBehind()
+{
+    const QString database = m_bench->path(QStringLiteral("online.db"));
+    makeOdbcLog(database);
+    makeEncryptedLog(m_bench->log());
+    m_bench->useOnline(database);
+    m_bench->openView();
+    const QtWarnings warnings;
+    for (const int mode : {0, 1, 0, 1}) {
+        answerNext<ConnectionOptionsDialog>([mode](QDialog *dialog) {
+            dialog->findChild<QComboBox *>(QStringLiteral("audit_connection_mode"))->setCurrentIndex(mode);
+            dialog->findChild<QLineEdit *>(QStringLiteral("audit_username"))
+                ->setText(QStringLiteral("auditor"));
+            dialog->findChild<QLineEdit *>(QStringLiteral("audit_password"))
+                ->setText(QStringLiteral("secret"));
+            QTest::mouseClick(dialog->findChild<QPushButton *>(QStringLiteral("audit_connection_save")),
+                              Qt::LeftButton);
+        });
+        QCOMPARE(m_bench->view()->launchConnectionDialog(), int(QDialog::Accepted));
+        m_bench->clickConnect();
+        QCOMPARE(m_bench->rows(), 5);
+    }
+    m_bench->closeView();
+    QVERIFY(!QSqlDatabase::contains(kOnlineName));
+    QVERIFY(!QSqlDatabase::contains(m_bench->log()));
+    QVERIFY2(warnings.seen().isEmpty(), qPrintable(warnings.seen().join(QLatin1Char('\n'))));
 }
 
 void TestAuditTrailConnection::aGroupWithoutParametersOpensTheDialog()

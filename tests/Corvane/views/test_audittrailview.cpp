@@ -26,6 +26,7 @@ private slots:
     void sortingAsksTheDatabase();
     void everyQueryIsRecordedBeforeItRuns();
     void aRefusedQueryGivesAnEmptyTable();
+    void aQueryShowsTheWaitCursor();
     void languageChangeKeepsTheFiltersInForce();
 
 private:
@@ -211,6 +212,19 @@ void TestAuditTrailView::aRefusedQueryGivesAnEmptyTable()
     QTest::keyClick(edit, Qt::Key_Return);
     QCOMPARE(m_bench->rows(), 5);
     QVERIFY(boxes.seen().isEmpty());
+}
+
+void TestAuditTrailView::aQueryShowsTheWaitCursor()
+{
+    m_bench->connectOffline();
+    bool waited = false;
+    connect(m_bench->table()->model(), &QAbstractItemModel::modelAboutToBeReset, this, [&waited] {
+        const QCursor *cursor = QApplication::overrideCursor();
+        waited = cursor && cursor->shape() == Qt::WaitCursor;
+    });
+    m_bench->find<QComboBox>("audit_type")->setCurrentText(QStringLiteral("Human"));
+    QVERIFY(waited);
+    QVERIFY(!QApplication::overrideCursor());
 }
 
 void TestAuditTrailView::languageChangeKeepsTheFiltersInForce()
