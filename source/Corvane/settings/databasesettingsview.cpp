@@ -1,10 +1,10 @@
 #include "Corvane/settings/databasesettingsview.h"
 
-#include "CommunicationAndData/settings/settingshandler.h"
 #include "CommunicationAndData/settings/settingskeys.h"
 #include "Corvane/settings/databasegroupsettings.h"
 #include "Corvane/settings/formparts.h"
 #include "Corvane/settings/identificationboxes.h"
+#include "Corvane/settings/plainsettings.h"
 #include "Corvane/settings/settingslists.h"
 
 #include <QCheckBox>
@@ -17,6 +17,9 @@
 #include <QPushButton>
 #include <QScrollArea>
 
+using PlainSettings::read;
+using PlainSettings::write;
+
 namespace {
 
 constexpr int kFrameWidth = 362;
@@ -25,16 +28,6 @@ constexpr int kScrollBarDistance = 6;
 constexpr int kDefaultIdentification = 6;  // Personal ID
 
 const char *const kDefaultLocation = "C:/Halvorn/Data";
-
-QVariant read(const char *key, const QVariant &defaultValue)
-{
-    return SettingsHandler::getInstance()->value(QLatin1String(key), defaultValue);
-}
-
-void write(const char *key, const QVariant &value)
-{
-    SettingsHandler::getInstance()->setValue(QLatin1String(key), value);
-}
 
 }  // namespace
 

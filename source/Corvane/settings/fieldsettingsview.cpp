@@ -1,10 +1,10 @@
 #include "Corvane/settings/fieldsettingsview.h"
 
-#include "CommunicationAndData/settings/settingshandler.h"
 #include "CommunicationAndData/settings/settingskeys.h"
 #include "Corvane/settings/custompersonfield.h"
 #include "Corvane/settings/formparts.h"
 #include "Corvane/settings/personfieldboxes.h"
+#include "Corvane/settings/plainsettings.h"
 #include "Corvane/settings/standardfields.h"
 #include "ZephanShared/toolkit/applicationhelper.h"
 
@@ -19,6 +19,9 @@
 #include <QVBoxLayout>
 
 #include <iterator>
+
+using PlainSettings::read;
+using PlainSettings::write;
 
 namespace {
 
@@ -35,23 +38,6 @@ constexpr int kRowsBuiltAtOnce = 100;
 constexpr int kRowsBuiltAround = 10;
 
 const int kDefaultNameOrder[] = {2, 0, StandardFields::kNoNamePart};  // last name, first name
-
-QVariant read(const char *key, const QVariant &defaultValue)
-{
-    return SettingsHandler::getInstance()->value(QLatin1String(key), defaultValue);
-}
-
-void write(const char *key, const QVariant &value)
-{
-    SettingsHandler::getInstance()->setValue(QLatin1String(key), value);
-}
-
-const QStringList &defaultSummary()
-{
-    static const QStringList entries = {QStringLiteral("1"), QStringLiteral("3"), QStringLiteral("5"),
-                                        QStringLiteral("7")};
-    return entries;
-}
 
 }  // namespace
 
@@ -282,8 +268,9 @@ void FieldSettingsView::readNameOrder()
 
 void FieldSettingsView::readSummary()
 {
-    m_summary->setEntries(read(SettingsKeys::kPersonSummaryFields, defaultSummary()).toStringList(),
-                          &StandardFields::summaryIndex);
+    m_summary->setEntries(
+        read(SettingsKeys::kPersonSummaryFields, StandardFields::defaultEntries()).toStringList(),
+        &StandardFields::summaryIndex);
 }
 
 void FieldSettingsView::saveSettings()

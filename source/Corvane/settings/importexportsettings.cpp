@@ -1,9 +1,9 @@
 #include "Corvane/settings/importexportsettings.h"
 
-#include "CommunicationAndData/settings/settingshandler.h"
 #include "CommunicationAndData/settings/settingskeys.h"
 #include "Corvane/settings/formparts.h"
 #include "Corvane/settings/identificationboxes.h"
+#include "Corvane/settings/plainsettings.h"
 #include "Corvane/settings/settingslists.h"
 #include "ZephanShared/toolkit/nativepath.h"
 
@@ -15,6 +15,9 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
+
+using PlainSettings::read;
+using PlainSettings::write;
 
 namespace {
 
@@ -43,17 +46,6 @@ QStringList defaultInputFiles()
 QStringList defaultOutputFiles()
 {
     return defaultFiles(QStringLiteral("Output"));
-}
-
-/// The settings store takes its keys as text.
-QVariant read(const char *key, const QVariant &defaultValue)
-{
-    return SettingsHandler::getInstance()->value(QLatin1String(key), defaultValue);
-}
-
-void write(const char *key, const QVariant &value)
-{
-    SettingsHandler::getInstance()->setValue(QLatin1String(key), value);
 }
 
 /// A number from 0 up to `limit`, 0 for all others.

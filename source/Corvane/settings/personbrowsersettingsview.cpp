@@ -4,6 +4,7 @@
 #include "CommunicationAndData/settings/settingskeys.h"
 #include "Corvane/settings/formparts.h"
 #include "Corvane/settings/importexportsettings.h"
+#include "Corvane/settings/plainsettings.h"
 #include "Corvane/settings/settingslists.h"
 #include "ZephanShared/toolkit/languages.h"
 #include "ZephanShared/widgets/dateformathelper.h"
@@ -22,6 +23,9 @@
 
 #include <algorithm>
 #include <iterator>
+
+using PlainSettings::read;
+using PlainSettings::write;
 
 namespace {
 
@@ -71,16 +75,6 @@ const MarkedText kEthnicGroups[] = {
 QString translated(const MarkedText &text)
 {
     return PersonBrowserSettingsView::tr(text.source, text.mark);
-}
-
-QVariant read(const char *key, const QVariant &defaultValue)
-{
-    return SettingsHandler::getInstance()->value(QLatin1String(key), defaultValue);
-}
-
-void write(const char *key, const QVariant &value)
-{
-    SettingsHandler::getInstance()->setValue(QLatin1String(key), value);
 }
 
 void addNumberedItems(QComboBox *box, int count)

@@ -1,11 +1,11 @@
 #include "Corvane/settings/searchsettingsview.h"
 
 #include "CommunicationAndData/search/searchmodeldata.h"
-#include "CommunicationAndData/settings/settingshandler.h"
 #include "CommunicationAndData/settings/settingskeys.h"
 #include "Corvane/settings/customfields.h"
 #include "Corvane/settings/formparts.h"
 #include "Corvane/settings/personfieldboxes.h"
+#include "Corvane/settings/plainsettings.h"
 #include "Corvane/settings/settingslists.h"
 #include "Corvane/settings/standardfields.h"
 #include "ZephanShared/widgets/wrappingcheckbox.h"
@@ -22,6 +22,9 @@
 #include <QSet>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
+
+using PlainSettings::read;
+using PlainSettings::write;
 
 namespace {
 
@@ -50,23 +53,6 @@ constexpr Parameter kParameters[] = {
     {SearchModelData::PersonalId, QT_TRANSLATE_NOOP("SearchSettingsView", "Personal ID")},
     {SearchModelData::PersonCode, QT_TRANSLATE_NOOP("SearchSettingsView", "Person code")},
 };
-
-QVariant read(const char *key, const QVariant &defaultValue)
-{
-    return SettingsHandler::getInstance()->value(QLatin1String(key), defaultValue);
-}
-
-void write(const char *key, const QVariant &value)
-{
-    SettingsHandler::getInstance()->setValue(QLatin1String(key), value);
-}
-
-const QStringList &defaultResult()
-{
-    static const QStringList entries = {QStringLiteral("1"), QStringLiteral("3"), QStringLiteral("5"),
-                                        QStringLiteral("7")};
-    return entries;
-}
 
 /// A name as a check box shows it, where "&" would mark the next letter.
 QString shownName(QString name)
@@ -189,8 +175,9 @@ void SearchSettingsView::reloadSettings()
     m_singleLine->setChecked(read(SettingsKeys::kSingleLinePersons, false).toBool());
     toggleSearchResultsFieldsRows(m_singleLine->isChecked());
     personCustomFieldsChanged(readCustomNames(read(SettingsKeys::kCustomPersonFields, QString())));
-    m_result->setEntries(read(SettingsKeys::kPersonResultFields, defaultResult()).toStringList(),
-                         &StandardFields::resultIndex);
+    m_result->setEntries(
+        read(SettingsKeys::kPersonResultFields, StandardFields::defaultEntries()).toStringList(),
+        &StandardFields::resultIndex);
     reloadParameters();
 }
 

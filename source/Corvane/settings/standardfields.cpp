@@ -103,6 +103,11 @@ QVariant nameOrderToSetting(const QList<int> &indexes)
     return numbersToSetting(numbers);
 }
 
+QStringList defaultEntries()
+{
+    return {QStringLiteral("1"), QStringLiteral("3"), QStringLiteral("5"), QStringLiteral("7")};
+}
+
 QString entryOf(int index, const QStringList &customNames)
 {
     if (index >= 0 && index < kCount)

@@ -53,6 +53,8 @@ void addState(Masks &masks, int number, State state);
 std::optional<QList<int>> readNameOrder(const QVariant &value);
 QVariant nameOrderToSetting(const QList<int> &indexes);
 
+/// The fields that are shown as long as nobody has chosen others: first and last name, birthdate, gender.
+QStringList defaultEntries();
 /// The stored form of a chosen index: a standard field's number, a custom field's name, or "(empty)".
 QString entryOf(int index, const QStringList &customNames);
 /// The index of an entry of the summary fields; `kEmptyIndex` for one that is not offered.
