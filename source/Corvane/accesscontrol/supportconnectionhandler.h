@@ -179,6 +179,7 @@ private:
 
     bool prepare(QSqlQuery &query, const QString &statement) const;
     bool run(QSqlQuery &query, const QString &statement, const QVariantList &values = {}) const;
+    static bool isReadToTheEnd(const QSqlQuery &query);
     bool insertWith(QSqlQuery &query, const QString &table, const QVariantMap &values) const;
     QString failureText(const QString &what, const QSqlQuery &query) const;
     void logFailure(Actions::Action action, const QString &what, QSqlQuery &query);

@@ -248,6 +248,12 @@ bool SupportConnectionHandler::run(QSqlQuery &query, const QString &statement,
     return query.exec();
 }
 
+/// Whether the rows ended because there are no more; a connection may be lost between two of them.
+bool SupportConnectionHandler::isReadToTheEnd(const QSqlQuery &query)
+{
+    return query.lastError().type() == QSqlError::NoError;
+}
+
 bool SupportConnectionHandler::insertWith(QSqlQuery &query, const QString &table,
                                           const QVariantMap &values) const
 {
