@@ -21,6 +21,8 @@ using namespace QtCharts;
 namespace {
 
 constexpr QSize kSize(980, 600);
+constexpr QSize kMinimumSize(920, 480);  // the labels of all bars can be read
+constexpr int kLabelPoints = 8;
 constexpr int kPictureScale = 2;
 constexpr int kMostLevelLabels = 8;  // more of them are turned on their side
 constexpr int kSideways = -90;
@@ -76,9 +78,11 @@ QString chartTitle(AuditTrailTimeline::Step step)
     case AuditTrailTimeline::Step::Decade:
         return AuditTrailChartDialog::tr("Events by decade (UTC)");
     case AuditTrailTimeline::Step::Century:
+        return AuditTrailChartDialog::tr("Events by century (UTC)");
+    case AuditTrailTimeline::Step::Millennium:
         break;
     }
-    return AuditTrailChartDialog::tr("Events by century (UTC)");
+    return AuditTrailChartDialog::tr("Events by millennium (UTC)");
 }
 
 /// How much there is, beside what the bars can't show.
@@ -142,6 +146,9 @@ QBarCategoryAxis *makeTimeAxis(const QStringList &labels)
     auto *axis = new QBarCategoryAxis;
     axis->append(labels);
     axis->setGridLineVisible(false);
+    QFont font = axis->labelsFont();
+    font.setPointSize(kLabelPoints);
+    axis->setLabelsFont(font);
     if (labels.size() > kMostLevelLabels)
         axis->setLabelsAngle(kSideways);
     return axis;
@@ -184,6 +191,7 @@ AuditTrailChartDialog::AuditTrailChartDialog(const AuditTrailTimeline &timeline,
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(m_view, 1);
     layout->addWidget(buttons);
+    setMinimumSize(kMinimumSize);
     resize(kSize);
     close->setFocus();
 }

@@ -4,12 +4,13 @@
 
 namespace {
 
-constexpr int kMostBars = 60;
+constexpr int kMostBars = 31;  // whose labels can be read side by side
 constexpr int kHourSeconds = 3600;
 constexpr int kWeekDays = 7;
 constexpr int kYearMonths = 12;
 constexpr int kDecade = 10;
 constexpr int kCentury = 100;
+constexpr int kMillennium = 1000;
 constexpr int kOther = AuditTrailTimeline::kCategoryCount - 1;
 constexpr int kFirstCategory = Actions::AccessCategory;
 
@@ -38,6 +39,12 @@ QDateTime midnight(int year, int month, int day)
     return QDateTime(QDate(year, month, day), QTime(0, 0), Qt::UTC);
 }
 
+/// There is no year 0.
+QDateTime startOfYears(const QDate &date, int years)
+{
+    return midnight(qMax(1, date.year() / years * years), 1, 1);
+}
+
 /// The start of the bar in which a time lies.
 QDateTime startOf(const QDateTime &time, Step step)
 {
@@ -54,11 +61,13 @@ QDateTime startOf(const QDateTime &time, Step step)
     case Step::Year:
         return midnight(date.year(), 1, 1);
     case Step::Decade:
-        return midnight(qMax(1, date.year() / kDecade * kDecade), 1, 1);
+        return startOfYears(date, kDecade);
     case Step::Century:
+        return startOfYears(date, kCentury);
+    case Step::Millennium:
         break;
     }
-    return midnight(qMax(1, date.year() / kCentury * kCentury), 1, 1);
+    return startOfYears(date, kMillennium);
 }
 
 QDateTime nextStart(const QDateTime &start, Step step)
@@ -77,9 +86,11 @@ QDateTime nextStart(const QDateTime &start, Step step)
     case Step::Decade:
         return startOf(start.addYears(kDecade), step);
     case Step::Century:
+        return startOf(start.addYears(kCentury), step);
+    case Step::Millennium:
         break;
     }
-    return startOf(start.addYears(kCentury), step);
+    return startOf(start.addYears(kMillennium), step);
 }
 
 qint64 barCount(const QDateTime &first, const QDateTime &last, Step step)
@@ -100,9 +111,11 @@ qint64 barCount(const QDateTime &first, const QDateTime &last, Step step)
     case Step::Decade:
         return years / kDecade + 1;
     case Step::Century:
+        return years / kCentury + 1;
+    case Step::Millennium:
         break;
     }
-    return 1;
+    return years / kMillennium + 1;
 }
 
 }  // namespace
@@ -144,11 +157,12 @@ AuditTrailTimeline::Step AuditTrailTimeline::step() const
         return Step::Day;
     const QDateTime first = timeOfHour(m_hours.firstKey());
     const QDateTime last = timeOfHour(m_hours.lastKey());
-    for (const Step step : {Step::Hour, Step::Day, Step::Week, Step::Month, Step::Year, Step::Decade}) {
+    for (const Step step :
+         {Step::Hour, Step::Day, Step::Week, Step::Month, Step::Year, Step::Decade, Step::Century}) {
         if (barCount(first, last, step) <= kMostBars)
             return step;
     }
-    return Step::Century;
+    return Step::Millennium;
 }
 
 QVector<AuditTrailTimeline::Bar> AuditTrailTimeline::bars() const

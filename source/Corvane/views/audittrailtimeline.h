@@ -15,7 +15,7 @@
 class AuditTrailTimeline
 {
 public:
-    enum class Step { Hour, Day, Week, Month, Year, Decade, Century };
+    enum class Step { Hour, Day, Week, Month, Year, Decade, Century, Millennium };
 
     /// The six categories in rising order of value, then one for all other values.
     static constexpr int kCategoryCount = 7;

@@ -9,6 +9,8 @@
 #include <QBarSet>
 #include <QChart>
 #include <QComboBox>
+#include <QGraphicsScene>
+#include <QGraphicsTextItem>
 #include <QImage>
 #include <QProgressDialog>
 #include <QPushButton>
@@ -29,6 +31,7 @@ private slots:
     void chartCountsWhatTheFilterLeaves();
     void ticksAreWholeNumbers_data();
     void ticksAreWholeNumbers();
+    void labelsOfAllBarsCanBeRead();
     void noEventsGiveAnEmptyChart();
     void timesThatAreNoneAreToldInTheTitle();
     void readingForTheChartIsRecorded();
@@ -139,6 +142,29 @@ void TestAuditTrailChart::ticksAreWholeNumbers()
     QCOMPARE(axis->min(), 0.0);
     QTEST(axis->max(), "top");
     QTEST(axis->tickCount(), "ticks");
+}
+
+void TestAuditTrailChart::labelsOfAllBarsCanBeRead()
+{
+    AuditTrailTimeline timeline;
+    const QDateTime begin(QDate(2016, 1, 1), QTime(10, 0), Qt::UTC);
+    constexpr int hours = 31;
+    for (int hour = 0; hour < hours; ++hour)
+        timeline.add(begin.addSecs(3600 * hour), 8192);
+    AuditTrailChartDialog dialog(timeline);
+    dialog.resize(dialog.minimumSize());
+    dialog.show();
+    const auto readable = [&dialog] {
+        int count = 0;
+        for (const QGraphicsItem *item : chartOf(&dialog)->scene()->items()) {
+            const auto *text = qgraphicsitem_cast<const QGraphicsTextItem *>(item);
+            if (text && text->toPlainText().startsWith(QStringLiteral("0")) &&
+                text->toPlainText().endsWith(QStringLiteral(":00")))
+                ++count;
+        }
+        return count;
+    };
+    QTRY_COMPARE(readable(), hours);
 }
 
 void TestAuditTrailChart::noEventsGiveAnEmptyChart()

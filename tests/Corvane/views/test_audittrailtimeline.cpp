@@ -49,17 +49,18 @@ void TestAuditTrailTimeline::stepFollowsFromTheFirstAndTheLastEvent_data()
         QTest::newRow(name) << utc(first) << utc(last) << int(step) << bars;
     };
     row("one event is one hour", "2016-01-01 10:59:59", "2016-01-01 10:59:59", Step::Hour, 1);
-    row("60 hours are shown by the hour", "2016-01-01 00:00:00", "2016-01-03 11:59:59", Step::Hour, 60);
-    row("61 hours by the day", "2016-01-01 00:00:00", "2016-01-03 12:00:00", Step::Day, 3);
-    row("60 days by the day", "2016-01-01 23:00:00", "2016-02-29 00:00:00", Step::Day, 60);
-    row("61 days by the week", "2016-01-01 00:00:00", "2016-03-01 00:00:00", Step::Week, 10);
+    row("31 hours are shown by the hour", "2016-01-01 00:00:00", "2016-01-02 06:59:59", Step::Hour, 31);
+    row("32 hours by the day", "2016-01-01 00:00:00", "2016-01-02 07:00:00", Step::Day, 2);
+    row("31 days by the day", "2016-01-01 23:00:00", "2016-01-31 00:00:00", Step::Day, 31);
+    row("32 days by the week", "2016-01-01 00:00:00", "2016-02-01 00:00:00", Step::Week, 6);
     row("two years by the month", "2014-01-01 00:00:00", "2015-12-31 00:00:00", Step::Month, 24);
-    row("60 months by the month", "2011-01-31 00:00:00", "2015-12-01 00:00:00", Step::Month, 60);
-    row("61 months by the year", "2011-01-01 00:00:00", "2016-01-01 00:00:00", Step::Year, 6);
+    row("31 months by the month", "2013-06-30 00:00:00", "2015-12-01 00:00:00", Step::Month, 31);
+    row("32 months by the year", "2013-05-01 00:00:00", "2015-12-31 00:00:00", Step::Year, 3);
     row("events before 1970", "1969-12-31 23:59:59", "1970-01-01 00:00:00", Step::Hour, 2);
     row("a century by the decade", "1916-01-01 00:00:00", "2016-01-01 00:00:00", Step::Decade, 11);
-    row("all years there are by the century", "0001-01-01 00:00:00", "9999-12-31 23:59:59", Step::Century,
-        100);
+    row("a thousand years by the century", "1016-01-01 00:00:00", "2016-01-01 00:00:00", Step::Century, 11);
+    row("all years there are by the millennium", "0001-01-01 00:00:00", "9999-12-31 23:59:59",
+        Step::Millennium, 10);
 }
 
 void TestAuditTrailTimeline::stepFollowsFromTheFirstAndTheLastEvent()
@@ -112,8 +113,8 @@ void TestAuditTrailTimeline::orderOfTheEventsDoesNotMatter()
     AuditTrailTimeline timeline;
     for (const char *time : {"2016-05-01 10:00:00", "2016-01-01 10:00:00", "2016-12-31 10:00:00"})
         timeline.add(utc(time), 8192);
-    QCOMPARE(timeline.bars().first().start, utc("2015-12-28 00:00:00"));
-    QCOMPARE(timeline.bars().last().start, utc("2016-12-26 00:00:00"));
+    QCOMPARE(timeline.bars().first().start, utc("2016-01-01 00:00:00"));
+    QCOMPARE(timeline.bars().last().start, utc("2016-12-01 00:00:00"));
 }
 
 void TestAuditTrailTimeline::eventsWithoutATimeAreOnlyCounted()
