@@ -186,7 +186,7 @@ bool SupportConnectionHandler::saveOperator(QSharedPointer<OperatorModelData> op
     if (existing && existing->operatorID() != id)
         return failSaving(ZephanErrors::kStatementFailed);
     const bool saved =
-        existing || isLive(id)
+        existing || !getOperators(id).isEmpty()
             ? updateRow(QStringLiteral("operator"), operatorToRow(op, false), {{idColumn(), id.toString()}})
             : insertRow(QStringLiteral("operator"), operatorToRow(op, true));
     if (!saved)
@@ -342,14 +342,11 @@ bool SupportConnectionHandler::readLinks(const UuidString &id, QList<uint> &role
     if (!run(query, QStringLiteral("SELECT * from operator_roles WHERE operator_id = ?"), {id.toString()}) ||
         !query.isActive())
         return failLinks(Actions::LoadOperatorRoles, id, query);
-    while (query.next())
-        roles.append(query.record().value(roleColumn()).toUInt());
-    if (!isReadToTheEnd(query))
-        return failLinks(Actions::LoadOperatorRoles, id, query);
-    query.clear();
     logStore(Actions::LoadOperatorRoles, Actions::Automatic, id,
              QStringLiteral("Loading current roles to update operator roles"));
-    return true;
+    while (query.next())
+        roles.append(query.record().value(roleColumn()).toUInt());
+    return isReadToTheEnd(query) || failLinks(Actions::LoadOperatorRoles, id, query);
 }
 
 bool SupportConnectionHandler::changeLinks(const UuidString &id, const QList<uint> &toRemove,

@@ -215,7 +215,7 @@ QList<Refusal> refusalsOfLinks()
              Stage::Reading,
              0,
              false,
-             {failed("LoadOperatorRoles", kLinksFailed)}},
+             {kLinksRead, failed("LoadOperatorRoles", kLinksFailed)}},
             {"no transaction begins",
              link,
              "BEGIN",

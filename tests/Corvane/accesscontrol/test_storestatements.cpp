@@ -66,6 +66,10 @@ private slots:
     void linksAreComparedByTheirDifference();
     void operatorsAreReadWithOneStatementEachForTheirRoles_data();
     void operatorsAreReadWithOneStatementEachForTheirRoles();
+    void anOperatorWithoutAnIdIsAddedToNoOthers_data();
+    void anOperatorWithoutAnIdIsAddedToNoOthers();
+    void anUpdateByTwoColumnsIsRefused_data();
+    void anUpdateByTwoColumnsIsRefused();
     void anOperatorIsDeletedByAnUpdate_data();
     void anOperatorIsDeletedByAnUpdate();
     void rolesAreKeptByTheseStatements_data();
@@ -169,6 +173,58 @@ void TestStoreStatements::operatorsAreReadWithOneStatementEachForTheirRoles()
     QCOMPARE(lines, (QStringList{kJoin.arg(kId), kJoin.arg(idOf(2).toString())}));
     QCOMPARE(m_handler->getOperators(kId).size(), 1);
     QCOMPARE(m_watch.take(), (QStringList{kById + text(" | ") + kId, kJoin.arg(kId)}));
+}
+
+void TestStoreStatements::anOperatorWithoutAnIdIsAddedToNoOthers_data()
+{
+    addPlaces();
+}
+
+// Asking for no operator in particular finds any: the first save adds a row, and the later ones change it.
+void TestStoreStatements::anOperatorWithoutAnIdIsAddedToNoOthers()
+{
+    const QString nil = UuidString().toString();
+    const QStringList saved{text("GetOperator Human : Corvane"),
+                            text("LoadOperatorRoles Automatic : Loading current roles to update operator "
+                                 "roles"),
+                            text("UpdateOperator Automatic : Updating operator roles. Current roles: "),
+                            text("AddOperator Human : Corvane")};
+    trail();
+    m_watch.take();
+    QVERIFY(m_handler->saveOperator(makeOperator(UuidString(), text("nobody"))));
+    QCOMPARE(withoutValues(m_watch.take()), (QStringList{kByName, kOperators, kInsert, kLinks}));
+    QCOMPARE(trail(), saved);
+    QVERIFY(m_handler->saveOperator(makeOperator(UuidString(), text("somebody"))));
+    QCOMPARE(withoutValues(m_watch.take()),
+             (QStringList{kByName, kOperators, kJoin.arg(nil), kUpdate, kLinks}));
+    trail();
+
+    QVERIFY(elsewhere(text("DELETE FROM operator")).isEmpty());
+    QVERIFY(m_handler->saveOperator(anna({})));
+    m_watch.take();
+    trail();
+    QVERIFY(m_handler->saveOperator(makeOperator(UuidString(), text("nobody"))));
+    QCOMPARE(withoutValues(m_watch.take()),
+             (QStringList{kByName, kOperators, kJoin.arg(kId), kUpdate, kLinks}));
+    QCOMPARE(trail(), saved);
+    QCOMPARE(elsewhere(text("SELECT operator_id, username FROM operator")), QStringList{kId + text("|anna")});
+}
+
+void TestStoreStatements::anUpdateByTwoColumnsIsRefused_data()
+{
+    addPlaces();
+}
+
+// A comma stands between the columns of the condition, which no database understands.
+void TestStoreStatements::anUpdateByTwoColumnsIsRefused()
+{
+    QVERIFY(m_handler->saveOperator(anna({})));
+    const QVariantMap change{{text("last_name"), text("Nieminen")}};
+    QVERIFY(!m_handler->updateRow(text("operator"), change,
+                                  {{text("operator_id"), kId}, {text("username"), text("anna")}}));
+    QCOMPARE(elsewhere(text("SELECT last_name FROM operator")), QStringList{text("Äkäslompolo")});
+    QVERIFY(m_handler->updateRow(text("operator"), change, {{text("operator_id"), kId}}));
+    QCOMPARE(elsewhere(text("SELECT last_name FROM operator")), QStringList{text("Nieminen")});
 }
 
 void TestStoreStatements::anOperatorIsDeletedByAnUpdate_data()
