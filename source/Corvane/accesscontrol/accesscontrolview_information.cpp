@@ -66,6 +66,8 @@ void AccesscontrolView::putDeleteButton(int row)
     button->setEnabled(false);
     connect(button, SIGNAL(clicked()), this, SLOT(deleteInfo()));
     m_infoTable->setCell(row, DeleteColumn, button);
+    if (button->sizeHint().width() > m_infoTable->columnWidth(DeleteColumn))
+        m_infoTable->setColumnWidth(DeleteColumn, button->sizeHint().width());
 }
 
 int AccesscontrolView::nameColumn() const
@@ -132,11 +134,12 @@ void AccesscontrolView::newInfoRow()
     m_infoTable->focusCell(row, column);
 }
 
-// A row can be deleted unless its name is empty. Any row with a change makes the list one that can be saved.
+// A row can be deleted unless its name is empty. The first row with a change makes the list one that can be
+// saved; as nothing is deleted until then, the rows after it wait for the save.
 void AccesscontrolView::updateInfoButtons()
 {
     bool changed = false;
-    for (int row = 1; row <= infoRows(); ++row) {
+    for (int row = 1; row <= infoRows() && !changed; ++row) {
         const ColumnLineEdit *name = infoEdit(row, nameColumn());
         if (!name)
             continue;
@@ -144,7 +147,7 @@ void AccesscontrolView::updateInfoButtons()
             button->setEnabled(!name->text().isEmpty());
             button->setAccessibleDescription(name->text());
         }
-        changed = changed || isInfoRowChanged(row);
+        changed = isInfoRowChanged(row);
     }
     m_saveButton->setEnabled(changed);
 }
@@ -179,10 +182,10 @@ bool AccesscontrolView::saveInfoRow(int row)
     bool saved = false;
     {
         const WaitCursor cursor;
-        saved =
-            m_currentView == OrganizationsView
-                ? m_handler->saveOrganization(name->id(), name->text())
-                : m_handler->saveDepartment(name->id(), name->text(), address ? address->text() : QString());
+        saved = m_currentView == OrganizationsView
+                    ? m_handler->saveOrganization(name->id(), name->text())
+                    : m_handler->saveDepartment(name->id(), name->text(),
+                                                address ? address->text() : QStringLiteral(""));
     }
     if (!saved)
         return false;

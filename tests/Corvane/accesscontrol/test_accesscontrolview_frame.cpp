@@ -20,6 +20,20 @@ public:
     }
 };
 
+/// A language of long words.
+class LongWords : public QTranslator
+{
+public:
+    QString translate(const char *, const char *source, const char *, int) const override
+    {
+        return QString::fromUtf8(source).repeated(4);
+    }
+    bool isEmpty() const override
+    {
+        return false;
+    }
+};
+
 }  // namespace
 
 /// What stands around the tables of the management view, and when they are filled.
@@ -41,6 +55,8 @@ private slots:
     void comingBackAsksTheDatabaseNothing();
     void allTextsFollowTheLanguage_data();
     void allTextsFollowTheLanguage();
+    void theFirstRowHasRoomForALongDelete_data();
+    void theFirstRowHasRoomForALongDelete();
     void aRefreshThatFailsHalfWayShowsWhatCame_data();
     void aRefreshThatFailsHalfWayShowsWhatCame();
     void theListOfDomainsReachesTheChoiceOfAccounts_data();
@@ -236,6 +252,28 @@ void TestAccesscontrolViewFrame::allTextsFollowTheLanguage()
     QApplication::removeTranslator(&capitals);
     QTRY_COMPARE(table("role_table")->item(1, 0)->text(), text("Settings"));
     QCOMPARE(rightCheck(text("Admin"), text("Export"))->accessibleName(), text("Admin: Export"));
+}
+
+void TestAccesscontrolViewFrame::theFirstRowHasRoomForALongDelete_data()
+{
+    addOfflineFile();
+}
+
+void TestAccesscontrolViewFrame::theFirstRowHasRoomForALongDelete()
+{
+    showView();
+    chooseView(Organisations);
+    const CellTable *info = table("info_table");
+    const int usual = info->columnWidth(3);
+    LongWords longWords;
+    QApplication::installTranslator(&longWords);
+    QTRY_COMPARE(saveButton()->text(), text("SaveSaveSaveSave"));
+    QCOMPARE(info->columnWidth(3), usual);
+    click(addButton());
+    QVERIFY(deleteButton(1)->sizeHint().width() > usual);
+    QCOMPARE(info->columnWidth(3), deleteButton(1)->sizeHint().width());
+    QApplication::removeTranslator(&longWords);
+    QTRY_COMPARE(info->columnWidth(3), usual);
 }
 
 void TestAccesscontrolViewFrame::aRefreshThatFailsHalfWayShowsWhatCame_data()

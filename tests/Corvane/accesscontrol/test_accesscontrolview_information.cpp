@@ -4,6 +4,7 @@ namespace {
 
 const QString kAreYouSure = QStringLiteral("Delete|Are you sure?|No,Ok");
 const QString kDeleteFailed = QStringLiteral("!Delete failed|Could not delete.|Ok");
+const QString kSaveFirst = QStringLiteral("iUnsaved changes|Please save first|Ok");
 
 }  // namespace
 
@@ -27,6 +28,8 @@ private slots:
     void aChangedNameIsStoredUnderItsId();
     void anEmptiedNameIsNotSavedAndCannotBeDeleted_data();
     void anEmptiedNameIsNotSavedAndCannotBeDeleted();
+    void theButtonsAfterAChangedRowWaitForTheSave_data();
+    void theButtonsAfterAChangedRowWaitForTheSave();
     void anEmptiedAddressIsSavedWithItsName_data();
     void anEmptiedAddressIsSavedWithItsName();
     void aRestoredTextCountsAsAChange_data();
@@ -220,6 +223,29 @@ void TestAccesscontrolViewInformation::anEmptiedNameIsNotSavedAndCannotBeDeleted
     QVERIFY(deleteButton(1)->isEnabled());
 }
 
+void TestAccesscontrolViewInformation::theButtonsAfterAChangedRowWaitForTheSave_data()
+{
+    addOfflineFile();
+}
+
+void TestAccesscontrolViewInformation::theButtonsAfterAChangedRowWaitForTheSave()
+{
+    QVERIFY(addPlacesOfWork());
+    showView();
+    chooseView(Organisations);
+    type(1, 0, text("East"));
+    type(2, 0, QString());
+    QVERIFY(deleteButton(2)->isEnabled());
+    const MessageBoxes boxes;
+    clickDelete(2);
+    QCOMPARE(boxTexts(boxes), QStringList{kSaveFirst});
+    save();
+    QVERIFY(!canSave());
+    QVERIFY(deleteButton(1)->isEnabled());
+    QVERIFY(!deleteButton(2)->isEnabled());
+    QCOMPARE(storedNames("organization"), (QStringList{text("East"), text("West Clinic")}));
+}
+
 void TestAccesscontrolViewInformation::anEmptiedAddressIsSavedWithItsName_data()
 {
     addOfflineFile();
@@ -331,7 +357,7 @@ void TestAccesscontrolViewInformation::unsavedChangesAreSavedBeforeADeletion()
     type(1, 0, text("Eastern Clinic"));
     const MessageBoxes boxes;
     clickDelete(2);
-    QCOMPARE(boxTexts(boxes), QStringList{text("iUnsaved changes|Please save first|Ok")});
+    QCOMPARE(boxTexts(boxes), QStringList{kSaveFirst});
     QCOMPARE(shownRows(), (QStringList{text("Eastern Clinic"), text("West Clinic")}));
     QCOMPARE(storedNames("organization"), (QStringList{text("East Clinic"), text("West Clinic")}));
 }
@@ -427,25 +453,33 @@ void TestAccesscontrolViewInformation::aDeletionThatIsNotConfirmedChangesNothing
 
 void TestAccesscontrolViewInformation::aRefusedDeletionLeavesTheRow_data()
 {
-    addSqlite();
+    QTest::addColumn<Place>("place");
+    QTest::addColumn<ViewIndex>("view");
+    QTest::newRow("of an organisation") << Place::Sqlite << Organisations;
+    QTest::newRow("of a department") << Place::Sqlite << Departments;
 }
 
 // A later "No" is a no, though the edit keeps its mark of the first answer.
 void TestAccesscontrolViewInformation::aRefusedDeletionLeavesTheRow()
 {
+    QFETCH(const ViewIndex, view);
+    const char *stored = view == Organisations ? "organization" : "department";
     QVERIFY(addPlacesOfWork());
-    QVERIFY(refuse(text("UPDATE"), text("organization"), text("NEW.deleted = 1")));
+    QVERIFY(refuse(text("UPDATE"), text(stored), text("NEW.deleted = 1")));
     showView();
-    chooseView(Organisations);
+    chooseView(view);
+    const QStringList before = shownRows();
+    const QStringList names = storedNames(stored);
     const MessageBoxes boxes({text("Ok"), QString(), text("No")});
     clickDelete(1);
     QCOMPARE(boxTexts(boxes), (QStringList{kAreYouSure, kDeleteFailed}));
-    QCOMPARE(shownRows(), (QStringList{text("East Clinic"), text("West Clinic")}));
-    QVERIFY(edit(1, 0)->deleted());
+    QCOMPARE(shownRows(), before);
+    QVERIFY(edit(1, view == Organisations ? 0 : 1)->deleted());
     QVERIFY(!m_handler->isConnected());
     clickDelete(1);
     QCOMPARE(boxTexts(boxes).mid(2), QStringList{kAreYouSure});
-    QCOMPARE(shownRows().size(), 2);
+    QCOMPARE(shownRows(), before);
+    QCOMPARE(storedNames(stored), names);
 }
 
 void TestAccesscontrolViewInformation::ctrlSSavesWhatIsBeingTyped_data()
