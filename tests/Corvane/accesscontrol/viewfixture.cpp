@@ -42,9 +42,7 @@ void ViewFixture::cleanup()
     const MessageBoxes boxes({text("No")});
     m_view = nullptr;
     m_stack.reset();
-    for (const QString &trigger : qAsConst(m_triggers))
-        elsewhere(text("DROP TRIGGER ") + trigger);
-    m_triggers.clear();
+    allowAll();
     StoreFixture::cleanup();
 }
 
@@ -133,6 +131,13 @@ bool ViewFixture::refuse(const QString &statement, const QString &table, const Q
                                     "'refused'); END")
                          .arg(m_triggers.last(), statement, table, condition))
         .isEmpty();
+}
+
+void ViewFixture::allowAll()
+{
+    for (const QString &trigger : qAsConst(m_triggers))
+        elsewhere(text("DROP TRIGGER ") + trigger);
+    m_triggers.clear();
 }
 
 QString ViewFixture::storedValue(const QString &user, const char *column)

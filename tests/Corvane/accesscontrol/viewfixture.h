@@ -60,6 +60,8 @@ protected:
     /// Lets the database refuse a statement ("INSERT" or "UPDATE") on the rows of a table where a condition
     /// on the new row holds, until the end of the test. Files only.
     bool refuse(const QString &statement, const QString &table, const QString &condition);
+    /// Ends all refusals.
+    void allowAll();
     /// What one operator has in a column.
     QString storedValue(const QString &user, const char *column);
 
