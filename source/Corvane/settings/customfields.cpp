@@ -47,17 +47,19 @@ QString customFieldToText(const CustomField &field)
 QVector<CustomField> readCustomFields(const QVariant &setting)
 {
     QMap<int, CustomField> byId;
-    QVector<CustomField> withoutId;
+    QVector<CustomField> clashing;
     for (const QString &text : fieldTexts(setting)) {
-        const std::optional<CustomField> field = readCustomField(text);
+        std::optional<CustomField> field = readCustomField(text);
         if (!field)
             continue;
-        if (field->id < kFirstId || byId.contains(field->id))
-            withoutId.append(*field);
+        if (field->id < kFirstId)
+            field->id = nextCustomId(byId);
+        if (byId.contains(field->id))
+            clashing.append(*field);
         else
             byId.insert(field->id, *field);
     }
-    for (CustomField &field : withoutId) {
+    for (CustomField &field : clashing) {
         field.id = nextCustomId(byId);
         byId.insert(field.id, field);
     }

@@ -30,8 +30,9 @@ inline bool operator==(const CustomField &a, const CustomField &b)
 std::optional<CustomField> readCustomField(const QString &text);
 QString customFieldToText(const CustomField &field);
 
-/// Reads the fields of the setting, which are joined by ",". Malformed ones are skipped. A field without a
-/// number of its own, because it is below 1 or taken by one before it, gets a free one.
+/// Reads the fields of the setting, which are joined by ",". Malformed ones are skipped. A field with a
+/// number below 1 gets the one after the highest of those before it. A field whose number is taken by one
+/// before it gets a free one when all others have theirs.
 ///
 /// \return  in the order of their numbers
 QVector<CustomField> readCustomFields(const QVariant &setting);

@@ -111,12 +111,17 @@ void CustomPersonField::updateTexts()
 
 void CustomPersonField::setField(const CustomField &field)
 {
+    setContent(field);
+    m_removed = false;
+}
+
+void CustomPersonField::setContent(const CustomField &field)
+{
     m_field = field;
     if (m_field.name.isEmpty())
         m_field.name = tr("New field");
     if (m_field.lineType < 0 || m_field.lineType >= kLineTypes)
         m_field.lineType = 0;
-    m_removed = false;
     if (isBuilt())
         showField();
 }
@@ -175,7 +180,7 @@ void CustomPersonField::sync()
     if (!isBuilt())
         return;
     const QString name = cleanCustomName(m_name->text());
-    m_field.name = name.trimmed().isEmpty() ? tr("New field") : name;
+    m_field.name = name.isEmpty() ? tr("New field") : name;
     if (m_name->text() != m_field.name)
         m_name->setText(m_field.name);
     m_field.visible = m_visibility->currentIndex() == kVisibleIndex;

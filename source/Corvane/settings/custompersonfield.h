@@ -35,6 +35,8 @@ public:
     }
     /// Shows this field in the row, which stays from then on.
     void setField(const CustomField &field);
+    /// Shows this field, while a row that is to be taken out remains so.
+    void setContent(const CustomField &field);
     int id() const
     {
         return m_field.id;

@@ -25,7 +25,7 @@ using PlainSettings::write;
 
 namespace {
 
-constexpr int kStandardFrame = 316;
+constexpr int kStandardFrame = 362;
 constexpr int kChoicesFrame = 410;
 constexpr int kLabelColumn = 0;
 constexpr int kStateColumn = 1;
@@ -97,6 +97,7 @@ QWidget *FieldSettingsView::buildStandard(QWidget *parent)
 void FieldSettingsView::buildStandardRow(QGridLayout *grid, int number)
 {
     auto *label = new QLabel;
+    label->setFixedHeight(FormParts::kLabelHeight);
     grid->addWidget(label, number, kLabelColumn);
     m_fieldLabels.insert(number, label);
 
@@ -323,9 +324,12 @@ void FieldSettingsView::addCustomField(CustomPersonField *field)
         content.visible = true;
     if (content.id < 1 || m_rows.contains(content.id))
         content.id = nextCustomId(m_rows);
-    row->setField(content);
+    if (isNew)
+        row->setField(content);
+    else
+        row->setContent(content);
     insertRow(row);
-    offerCustomFields();
+    m_summary->setCustomNames(customNames());
     if (isNew) {
         // The new row has no place yet to which the area could be scrolled.
         m_customArea->widget()->layout()->activate();
@@ -419,7 +423,6 @@ void FieldSettingsView::refreshCustomFieldsInBoxes()
 
 void FieldSettingsView::handleCustomFieldChange()
 {
-    const QStringList before = m_summary->customNames();
     cleanAddedFields();
     for (CustomPersonField *row : m_rows.values()) {
         if (row->takeMoveUp())
@@ -427,8 +430,7 @@ void FieldSettingsView::handleCustomFieldChange()
         else if (row->takeMoveDown())
             moveRow(row, 1);
     }
-    if (customNames() != before)
-        offerCustomFields();
+    m_summary->setCustomNames(customNames());
 }
 
 void FieldSettingsView::moveRow(CustomPersonField *row, int step)

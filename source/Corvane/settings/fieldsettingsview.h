@@ -38,7 +38,8 @@ public:
     void updateTexts() override;
 
 signals:
-    /// The names of the custom fields in their order, whenever they may have changed.
+    /// The names of the custom fields in their order, whenever they were read from the settings. Adding,
+    /// moving or removing a row says nothing yet: a new row does when its name is left.
     void personCustomFieldsUpdated(QStringList customfields);
 
 public slots:

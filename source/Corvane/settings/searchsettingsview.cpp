@@ -23,6 +23,8 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 using PlainSettings::read;
 using PlainSettings::write;
 
@@ -58,6 +60,14 @@ constexpr Parameter kParameters[] = {
 QString shownName(QString name)
 {
     return name.replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
+bool holdsNothing(const QVariant &setting)
+{
+    const QVariantList entries = setting.toList();
+    return std::all_of(entries.cbegin(), entries.cend(),
+                       [](const QVariant &entry) { return entry.toString().isEmpty(); }) &&
+           setting.toString().isEmpty();
 }
 
 void setCheckedSilently(QCheckBox *box, bool checked)
@@ -183,9 +193,11 @@ void SearchSettingsView::reloadSettings()
 
 void SearchSettingsView::reloadParameters()
 {
-    const QList<int> stored = readNumbers(read(SettingsKeys::kDefaultSearchParameters, QVariant()));
+    const QVariant setting = read(SettingsKeys::kDefaultSearchParameters, QVariant());
+    const QList<int> stored = readNumbers(setting);
+    const bool isAll = holdsNothing(setting);
     for (auto box = m_parameters.cbegin(); box != m_parameters.cend(); ++box)
-        setCheckedSilently(*box, stored.isEmpty() || stored.contains(box.key()));
+        setCheckedSilently(*box, isAll || stored.contains(box.key()));
     checkStoredCustomBoxes();
 }
 
@@ -221,7 +233,17 @@ void SearchSettingsView::personCustomFieldsChanged(QStringList customfields)
 {
     m_result->setCustomNames(customfields);
     setCustomBoxes(customfields);
+    const int before = m_checkedCount;
     checkStoredCustomBoxes();
+    if (before > 0 && m_checkedCount == 0)
+        checkAllParameters();
+}
+
+void SearchSettingsView::checkAllParameters()
+{
+    for (QCheckBox *box : qAsConst(m_parameters))
+        setCheckedSilently(box, true);
+    countChecks();
 }
 
 void SearchSettingsView::setCustomBoxes(const QStringList &names)

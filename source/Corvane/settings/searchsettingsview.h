@@ -27,7 +27,8 @@ public:
     void updateTexts() override;
 
 public slots:
-    /// Offers these custom fields for the result and for searching.
+    /// Offers these custom fields for the result and for searching. When none of what was searched is left,
+    /// all parameters are searched, as where nothing is stored.
     void personCustomFieldsChanged(QStringList customfields);
     /// Fills the widgets from the working settings.
     void reloadSettings();
@@ -49,6 +50,7 @@ private:
     void saveParameters();
     void setCustomBoxes(const QStringList &names);
     void checkStoredCustomBoxes();
+    void checkAllParameters();
     void countChecks();
     QStringList checkedCustomNames() const;
 

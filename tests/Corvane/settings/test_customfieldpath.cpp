@@ -44,6 +44,11 @@ QStringList lines(const QWidget &dialog, const char *pane)
     return child<QPlainTextEdit>(dialog, pane)->toPlainText().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
 }
 
+void click(QAbstractButton *button)
+{
+    QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, button->height() / 2));
+}
+
 }  // namespace
 
 /// The way of a custom field from the page where it is defined to the search page, the settings and the
@@ -61,7 +66,10 @@ private slots:
     void aRenamedFieldReachesTheLocalApplication();
     void aNameThatIsStillBeingTypedIsSaved();
     void aFieldThatIsAddedAndNamedCanBeSearched();
-    void aRemovedFieldLeavesBothPages();
+    void aRemovedFieldLeavesTheSearchPageWhenTheSettingsAreReadAgain();
+    void whatIsCheckedButNotSavedSurvivesMovingAndRemoving();
+    void afterARenameTheCountOfWhatIsCheckedIsRight();
+    void aRenameThatLeavesNothingToSearchChecksAllParameters();
     void aRejectedNameIsTheSameOnBothPages();
     void savedAndLoadedAgainNothingDiffers();
     void aPluginThatFailsIsReportedThroughTheView();
@@ -135,8 +143,7 @@ void TestCustomFieldPath::aRenamedFieldReachesTheLocalApplication()
     SettingsBench bench(m_workstation, kAllRights);
     load(bench);
     typeName(openTab(bench, kFieldTab), 1, QStringLiteral("Work, place"));
-    QTest::mouseClick(child<QCheckBox>(openTab(bench, kSearchTab), "search_custom_field_2"), Qt::LeftButton,
-                      {}, QPoint(8, 8));
+    click(child<QCheckBox>(openTab(bench, kSearchTab), "search_custom_field_2"));
     const MessageBoxes boxes;
     bench.choose("local_menu", "save_action");
     QCOMPARE(boxes.seen().value(0).text, QStringLiteral("Saving succeeded."));
@@ -175,7 +182,62 @@ void TestCustomFieldPath::aFieldThatIsAddedAndNamedCanBeSearched()
     QCOMPARE(fieldBox(search, kResultBox, 4)->currentText(), QStringLiteral("Employer"));
 }
 
-void TestCustomFieldPath::aRemovedFieldLeavesBothPages()
+void TestCustomFieldPath::whatIsCheckedButNotSavedSurvivesMovingAndRemoving()
+{
+    SettingsBench bench(m_workstation, kAllRights);
+    load(bench);
+    click(child<QCheckBox>(openTab(bench, kSearchTab), "search_custom_field_2"));
+    const QWidget &fields = openTab(bench, kFieldTab);
+    QTest::mouseClick(rowPart(fields, 0, kRowDown), Qt::LeftButton);
+    QCOMPARE(rowNames(fields), (QStringList{"Job", "Badge"}));
+    QCOMPARE(customChecks(openTab(bench, kSearchTab)), (QStringList{"+Badge", "+Job"}));
+    openTab(bench, kFieldTab);
+    const MessageBoxes boxes({QStringLiteral("Ok")});
+    QTest::mouseClick(rowPart(fields, 1, kRowRemove), Qt::LeftButton);
+    QCOMPARE(rowNames(fields), QStringList{"Job"});
+    QVERIFY(child<QCheckBox>(openTab(bench, kSearchTab), "search_custom_field_2")->isChecked());
+}
+
+void TestCustomFieldPath::afterARenameTheCountOfWhatIsCheckedIsRight()
+{
+    SettingsBench bench(m_workstation, kAllRights);
+    load(bench);
+    const QWidget &search = openTab(bench, kSearchTab);
+    click(child<QCheckBox>(search, "search_custom_field_2"));
+    click(parameterBox(search, 2));
+    QCOMPARE(customChecks(search), (QStringList{"+Badge", "+Job"}));
+    typeName(openTab(bench, kFieldTab), 1, QStringLiteral("Work"));
+    openTab(bench, kSearchTab);
+    QCOMPARE(customChecks(search), (QStringList{"+Badge", "Work"}));
+    QVERIFY(checkedParameters(search).isEmpty());
+
+    click(child<QCheckBox>(search, "search_custom_field_1"));
+    QCOMPARE(customChecks(search), (QStringList{"+Badge", "Work"}));
+    click(parameterBox(search, 6));
+    click(child<QCheckBox>(search, "search_custom_field_1"));
+    click(parameterBox(search, 6));
+    QCOMPARE(customChecks(search), (QStringList{"Badge", "Work"}));
+    QCOMPARE(checkedParameters(search), QList<int>{6});
+}
+
+void TestCustomFieldPath::aRenameThatLeavesNothingToSearchChecksAllParameters()
+{
+    SettingsBench bench(m_workstation, kAllRights);
+    load(bench);
+    const QWidget &search = openTab(bench, kSearchTab);
+    click(parameterBox(search, 2));
+    QVERIFY(checkedParameters(search).isEmpty());
+    typeName(openTab(bench, kFieldTab), 0, QStringLiteral("Employer"));
+    openTab(bench, kSearchTab);
+    QCOMPARE(customChecks(search), (QStringList{"Employer", "Job"}));
+    QCOMPARE(checkedParameters(search), (QList<int>{2, 3, 4, 6, 7}));
+    const MessageBoxes boxes;
+    bench.choose("local_menu", "save_action");
+    QCOMPARE(m_files.localValue(kParameters).toList(), (QVariantList{2, 3, 4, 6, 7}));
+    QVERIFY(m_files.localValue(kSearchedCustom).toStringList().isEmpty());
+}
+
+void TestCustomFieldPath::aRemovedFieldLeavesTheSearchPageWhenTheSettingsAreReadAgain()
 {
     SettingsBench bench(m_workstation, kAllRights);
     load(bench);
@@ -186,6 +248,9 @@ void TestCustomFieldPath::aRemovedFieldLeavesBothPages()
         QCOMPARE(boxes.seen().size(), 1);
     }
     QCOMPARE(shownTexts(fields, kSummaryBox, 4), (QStringList{"Job", "(empty)", "First Name", "Last Name"}));
+    const MessageBoxes boxes;
+    bench.choose("local_menu", "save_action");
+    load(bench);
     const QWidget &search = openTab(bench, kSearchTab);
     QCOMPARE(customChecks(search), QStringList{"Job"});
     QCOMPARE(shownTexts(search, kResultBox, 4), (QStringList{"First Name", "(empty)", "Job", "Birthdate"}));

@@ -134,13 +134,16 @@ void TestCustomFields::settings_data()
     QTest::newRow("of two fields with one number the later gets the next free one")
         << QVariant("1:A=0:true,1:B=0:true,5:C=0:true")
         << QStringList{"1:A=0:true", "5:C=0:true", "6:B=0:true"};
-    QTest::newRow("a field with the number 0 gets the next free one")
-        << QVariant("0:A=0:true,1:B=0:true") << QStringList{"1:B=0:true", "2:A=0:true"};
+    QTest::newRow("a field with the number 0 comes after the highest of those before it")
+        << QVariant("0:A=0:true,5:B=0:true,0:C=0:true,9:D=0:true")
+        << QStringList{"1:A=0:true", "5:B=0:true", "6:C=0:true", "9:D=0:true"};
+    QTest::newRow("a number that a field with the number 0 got is taken")
+        << QVariant("0:A=0:true,1:B=0:true") << QStringList{"1:A=0:true", "2:B=0:true"};
     QTest::newRow("a field with a number below 0 gets the next free one")
         << QVariant("-2147483648:A=0:true") << QStringList{"1:A=0:true"};
     QTest::newRow("after the highest number comes the lowest free one")
         << QVariant("2147483647:A=0:true,2147483647:B=0:true,1:C=0:true,0:D=0:true")
-        << QStringList{"1:C=0:true", "2:B=0:true", "3:D=0:true", "2147483647:A=0:true"};
+        << QStringList{"1:C=0:true", "2:D=0:true", "3:B=0:true", "2147483647:A=0:true"};
 }
 
 void TestCustomFields::settings()

@@ -42,6 +42,8 @@ private slots:
     void withoutCustomFieldsNothingIsWrittenForThem();
     void aStoredListThatLosesItsLastFieldIsEmptied();
     void aFieldWithANewNameIsUnchecked();
+    void whenNothingThatWasSearchedIsLeftAllParametersAre();
+    void withNoBoxCheckedTheFirstOneStaysChecked();
     void aNameWithAnAmpersandIsShownAndSavedWhole();
     void customFieldsAreReadWithPatience();
 
@@ -64,7 +66,12 @@ void TestSearchParameters::parameters_data()
     QTest::newRow("nothing stored checks all") << QVariant() << all << all;
     QTest::newRow("an empty list checks all") << QVariant(QVariantList{}) << all << all;
     QTest::newRow("an empty text checks all") << QVariant("") << all << all;
-    QTest::newRow("words check all") << QVariant("first name") << all << all;
+    QTest::newRow("a list of empty texts checks all") << QVariant(QVariantList{"", ""}) << all << all;
+    QTest::newRow("words name no box") << QVariant("first name") << QList<int>{} << QList<int>{};
+    QTest::newRow("a list of words names no box")
+        << QVariant(QVariantList{"first", "name"}) << QList<int>{} << QList<int>{};
+    QTest::newRow("words between the numbers are passed over")
+        << QVariant(QVariantList{"first", 4}) << QList<int>{4} << QList<int>{4};
     QTest::newRow("a list checks its boxes")
         << QVariant(QVariantList{7, 2}) << QList<int>{2, 7} << QList<int>{2, 7};
     QTest::newRow("a single integer is read") << QVariant(6) << QList<int>{6} << QList<int>{6};
@@ -215,6 +222,36 @@ void TestSearchParameters::aFieldWithANewNameIsUnchecked()
     SearchSettingsView page;
     page.personCustomFieldsChanged({QStringLiteral("Employer"), QStringLiteral("B"), QStringLiteral("C")});
     QCOMPARE(customChecks(page), (QStringList{"Employer", "+B", "C"}));
+}
+
+void TestSearchParameters::whenNothingThatWasSearchedIsLeftAllParametersAre()
+{
+    setStored(kCustom, kThreeFields);
+    setStored(kParameters, QVariantList{11});
+    setStored(kSearchedCustom, QStringList{"A"});
+    SearchSettingsView page;
+    show(page);
+    QVERIFY(checkedParameters(page).isEmpty());
+    page.personCustomFieldsChanged({QStringLiteral("X"), QStringLiteral("B")});
+    QCOMPARE(customChecks(page), (QStringList{"X", "B"}));
+    QCOMPARE(checkedParameters(page), (QList<int>{2, 3, 4, 6, 7}));
+    for (const int key : {2, 3, 4, 6, 7})
+        click(parameterBox(page, key));
+    QCOMPARE(checkedParameters(page), QList<int>{7});
+    page.saveSettings();
+    QCOMPARE(numbers(stored(kParameters)), QList<int>{7});
+}
+
+void TestSearchParameters::withNoBoxCheckedTheFirstOneStaysChecked()
+{
+    setStored(kParameters, QVariantList{5});
+    SearchSettingsView page;
+    show(page);
+    page.personCustomFieldsChanged({QStringLiteral("X")});
+    QVERIFY(checkedParameters(page).isEmpty());
+    click(parameterBox(page, 4));
+    click(parameterBox(page, 4));
+    QCOMPARE(checkedParameters(page), QList<int>{4});
 }
 
 void TestSearchParameters::aNameWithAnAmpersandIsShownAndSavedWhole()

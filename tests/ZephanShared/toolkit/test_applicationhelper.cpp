@@ -69,6 +69,7 @@ private slots:
 
     void aFileThatIsNoPluginLeavesNoTrace_data();
     void aFileThatIsNoPluginLeavesNoTrace();
+    void aPluginThatCanNotBeLoadedIsNotReportedAndTheOthersGoOn();
     void aPluginWithoutAnInstanceIsReportedAndTheOthersGoOn();
     void aPluginOfAnotherInterfaceIsUnloaded_data();
     void aPluginOfAnotherInterfaceIsUnloaded();
@@ -244,6 +245,22 @@ void TestApplicationHelper::aFileThatIsNoPluginLeavesNoTrace()
     QCOMPARE(helper.applications(QString()).keys(), QStringList{kBeta});
     QVERIFY(errors.isEmpty());
     QVERIFY(!readFile(m_workstation.runtimeLog()).contains("stray.plugin"));
+}
+
+void TestApplicationHelper::aPluginThatCanNotBeLoadedIsNotReportedAndTheOthersGoOn()
+{
+    PluginFolder folder;
+    QVERIFY(folder.add(QStringLiteral("alpha")));
+    QVERIFY(folder.add(QStringLiteral("unloadable"), QStringLiteral("b.plugin")));
+    QVERIFY(folder.add(QStringLiteral("beta"), QStringLiteral("c.plugin")));
+    QPluginLoader loader(fileIn(folder, QStringLiteral("b.plugin")));
+    QVERIFY(!loader.metaData().isEmpty());
+    QVERIFY(!loader.load());
+
+    ApplicationHelper helper;
+    QSignalSpy errors(&helper, &ApplicationHelper::logError);
+    QCOMPARE(helper.applications(QString()).keys(), (QStringList{kAlpha, kBeta}));
+    QVERIFY(errors.isEmpty());
 }
 
 void TestApplicationHelper::aPluginWithoutAnInstanceIsReportedAndTheOthersGoOn()
