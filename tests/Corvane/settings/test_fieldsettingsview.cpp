@@ -70,6 +70,7 @@ private slots:
     void init();
 
     void theTitlesAndTextsAreThere();
+    void theColumnsAndLabelsHaveTheSizesOfAllForms();
     void withTheDefaultMasksFieldsAreMandatoryVisibleOrHidden_data();
     void withTheDefaultMasksFieldsAreMandatoryVisibleOrHidden();
     void theDefaultsAreSavedAsTheyAreTold();
@@ -128,6 +129,25 @@ void TestFieldSettingsView::theTitlesAndTextsAreThere()
     for (int place = 1; place <= 3; ++place)
         QCOMPARE(items(fieldBox(page, kOrderBox, place)),
                  (QStringList{"First Name", "Middle Name", "Last Name", "(empty)"}));
+}
+
+void TestFieldSettingsView::theColumnsAndLabelsHaveTheSizesOfAllForms()
+{
+    FieldSettingsView page;
+    show(page);
+    int columns = 0;
+    for (const QFrame *frame : page.findChildren<QFrame *>()) {
+        if (frame->metaObject() != &QFrame::staticMetaObject)
+            continue;
+        ++columns;
+        QVERIFY(frame->width() >= 362);
+        QVERIFY(frame->height() >= 410);
+    }
+    QCOMPARE(columns, 2);
+    for (const QLabel *label : page.findChildren<QLabel *>()) {
+        if (!label->objectName().startsWith(QLatin1String("field_required_by")))
+            QVERIFY2(label->height() == 20, qPrintable(label->text()));
+    }
 }
 
 void TestFieldSettingsView::withTheDefaultMasksFieldsAreMandatoryVisibleOrHidden_data()
