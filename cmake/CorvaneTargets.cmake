@@ -23,7 +23,15 @@ target_compile_definitions(corvane_options INTERFACE QT_NO_CAST_TO_ASCII QT_DEPR
 if(CORVANE_WARNINGS_AS_ERRORS)
     target_compile_options(corvane_options INTERFACE -Werror)
 endif()
+# A hundred test programs with debug information are linked in half the time by gold.
+include(CheckLinkerFlag)
+check_linker_flag(CXX -fuse-ld=gold CORVANE_HAS_GOLD)
+if(CORVANE_HAS_GOLD AND NOT CORVANE_FUZZ)
+    target_link_options(corvane_options INTERFACE -fuse-ld=gold)
+endif()
 if(CORVANE_SANITIZE)
+    # Function names and lines are all that a report of the sanitizers shows.
+    string(REPLACE "-g" "-g1" CMAKE_CXX_FLAGS_DEBUG "${CMAKE_CXX_FLAGS_DEBUG}")
     target_compile_options(corvane_options INTERFACE
         -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
     target_link_options(corvane_options INTERFACE -fsanitize=address,undefined)
