@@ -225,6 +225,11 @@ void SettingsHandler::changeSettingsFile(QString path)
     d->reportedForms.clear();
 }
 
+bool SettingsHandler::flushSettingsFile()
+{
+    return d->working->sync();
+}
+
 QSettings *SettingsHandler::generalSettings()
 {
     return d->working->shared();

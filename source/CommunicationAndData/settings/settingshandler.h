@@ -57,6 +57,9 @@ public:
     /// working settings. A file that does not exist gives empty settings. Afterwards the former file can be
     /// moved, copied or replaced.
     void changeSettingsFile(QString path);
+    /// Writes what is pending to the working settings' file. False if it cannot be written; it stays in
+    /// memory then.
+    bool flushSettingsFile();
 
     /// The working settings for direct use. The object may change at `changeSettingsFile`.
     QSettings *generalSettings();

@@ -81,7 +81,15 @@ bool SettingsObject::write()
     SettingsFile::clearAbandonedLock(m_path);
     sync();
     m_stamp = FileStamp::of(m_path);
-    return status() != AccessError;
+    return status() != AccessError || isWritten();
+}
+
+// An object that could not write once says so for ever; what another one on the same file says is of now.
+bool SettingsObject::isWritten() const
+{
+    const auto again = SettingsFile::openAgain(*this);
+    again->sync();
+    return again->status() != AccessError;
 }
 
 void SettingsObject::report()

@@ -30,6 +30,7 @@ public:
 
 private:
     bool write();
+    bool isWritten() const;
     void report();
 
     const QString m_path;

@@ -285,7 +285,8 @@ void ConfManagementDialog::markActive(int id)
 /// Texts that are too long for the box are whole in its list and in its tip.
 void ConfManagementDialog::showWholeTexts()
 {
-    m_list->setToolTip(m_list->currentText());
+    const QString text = m_list->currentText();
+    m_list->setToolTip(text.isEmpty() ? QString() : Qt::convertFromPlainText(text));
     QAbstractItemView *view = m_list->view();
     view->setMinimumWidth(view->sizeHintForColumn(0) +
                           view->style()->pixelMetric(QStyle::PM_ScrollBarExtent));
@@ -329,6 +330,7 @@ void ConfManagementDialog::handleDeleteClicked()
     QMessageBox box(QMessageBox::Information, tr("Deleting settings"),
                     tr("Deleting from database:") + QLatin1Char('\n') + m_list->currentText(),
                     QMessageBox::Ok | QMessageBox::Cancel, this);
+    box.setTextFormat(Qt::PlainText);
     box.button(QMessageBox::Ok)->setText(tr("OK"));
     box.button(QMessageBox::Cancel)->setText(tr("Cancel"));
     if (box.exec() != QMessageBox::Ok)

@@ -33,6 +33,17 @@ ConnectionArea::ConnectionArea(int databaseIndex, QMap<QString, QVariant> *conne
     setFocusPolicy(Qt::NoFocus);
 }
 
+// The editor's layout keeps its minimum size, so that the width has to be one of the layout's.
+void ConnectionArea::setEditorWidth(int width)
+{
+    auto *layout = qobject_cast<QBoxLayout *>(m_editor->layout());
+    layout->addStrut(width);
+    layout->activate();
+    // What is left of the area is for the scroll bar alone.
+    widget()->layout()->setContentsMargins(0, 0, 0, 0);
+    setFrameShape(QFrame::NoFrame);
+}
+
 DatabaseGroupSettings *ConnectionArea::editor() const
 {
     return m_editor;

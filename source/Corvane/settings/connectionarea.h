@@ -18,6 +18,8 @@ public:
     ConnectionArea(int databaseIndex, QMap<QString, QVariant> *connection, QWidget *parent);
 
     DatabaseGroupSettings *editor() const;
+    /// \param width  the least one of the editor, in pixels
+    void setEditorWidth(int width);
 
 private:
     DatabaseGroupSettings *m_editor;

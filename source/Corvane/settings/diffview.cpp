@@ -96,6 +96,7 @@ void DiffView::buildUi(bool withCancel)
     FormParts::setBold(m_title);
     m_leftLabel = new QLabel(this);
     m_leftLabel->setObjectName(QStringLiteral("left_label"));
+    m_leftLabel->setTextFormat(Qt::PlainText);
     m_rightLabel = new QLabel(this);
     m_rightLabel->setObjectName(QStringLiteral("right_label"));
     m_leftPane = makePane(QStringLiteral("left_pane"));
@@ -139,11 +140,18 @@ QPlainTextEdit *DiffView::makePane(const QString &name)
 void DiffView::updateTexts()
 {
     m_title->setText(tr("Settings changes"));
-    FormParts::setLabelText(m_leftLabel, m_leftPane, tr("Initially loaded settings:"));
+    nameLeftPane(tr("Initially loaded settings:"));
     FormParts::setLabelText(m_rightLabel, m_rightPane, tr("Current modified settings:"));
     m_ok->setText(tr("OK"));
     if (m_cancel)
         m_cancel->setText(tr("Cancel"));
+}
+
+// A label with a buddy would take an "&" in the name of a source for a shortcut.
+void DiffView::nameLeftPane(const QString &name)
+{
+    m_leftLabel->setText(name);
+    m_leftPane->setAccessibleName(name);
 }
 
 void DiffView::diffSettingsLists(QStringList &first, QStringList &second)
@@ -161,12 +169,11 @@ void DiffView::toggleLocal()
     if (m_showPrevious) {
         showLines(m_previousLessCurrent, m_currentLessPrevious);
         m_toggle->setText(tr("Switch to compare to initially loaded settings"));
-        FormParts::setLabelText(m_leftLabel, m_leftPane,
-                                m_tag.isEmpty() ? tr("Previously loaded settings:") : m_tag);
+        nameLeftPane(m_tag.isEmpty() ? tr("Previously loaded settings:") : m_tag);
     } else {
         showLines(m_initialLessCurrent, m_currentLessInitial);
         m_toggle->setText(tr("Switch to compare to previously loaded settings"));
-        FormParts::setLabelText(m_leftLabel, m_leftPane, tr("Initially loaded settings:"));
+        nameLeftPane(tr("Initially loaded settings:"));
     }
     m_showPrevious = !m_showPrevious;
     adjustWidths();

@@ -46,6 +46,7 @@ private:
     void buildUi(bool withCancel);
     QPlainTextEdit *makePane(const QString &name);
     void updateTexts();
+    void nameLeftPane(const QString &name);
     void showLines(const QStringList &left, const QStringList &right);
     void adjustWidths();
 

@@ -160,9 +160,10 @@ void DistributionView::store(bool connected)
         m_status->setText(tr("Sending settings..."));
         send();
     } else {
-        fail(tr("Could not connect to database.") + QLatin1Char(' ') +
-                 tr("Check connection options and try again."),
-             QStringLiteral("No connection to settings database"));
+        logFailure(QStringLiteral("No connection to settings database"));
+        m_status->setText(tr("Could not connect to database.") + QLatin1Char(' ') +
+                          tr("Check connection options and try again."));
+        setButtonsEnabled(true);
     }
     m_distribute = false;
 }
@@ -190,15 +191,14 @@ void DistributionView::storeReady(OnlineSettings::QueryError error)
     SettingsHandler::getInstance()->store();
     CORVANE_LOG(Logger::Warning, Logger::Console, "DistributionView::storeReady",
                 QStringLiteral("Distributing failed"));
-    fail(tr("Settings could not be inserted to database.") + QLatin1Char(' ') + advice(error),
-         QStringLiteral("Distributing failed, OnlineSettings error: ") + QString::number(error));
+    m_status->setText(tr("Settings could not be inserted to database.") + QLatin1Char(' ') + advice(error));
+    logFailure(QStringLiteral("Distributing failed, OnlineSettings error: ") + QString::number(error));
+    setButtonsEnabled(true);
 }
 
-void DistributionView::fail(const QString &status, const QString &errorData)
+void DistributionView::logFailure(const QString &errorData)
 {
     emit logError(Actions::SaveSettings, ZephanErrors::kSettingsNotWritten, errorData);
-    m_status->setText(status);
-    setButtonsEnabled(true);
 }
 
 void DistributionView::proceed()

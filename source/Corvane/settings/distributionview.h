@@ -42,7 +42,7 @@ private:
     void buildNotes();
     void buildButtons();
     void send();
-    void fail(const QString &status, const QString &errorData);
+    void logFailure(const QString &errorData);
     void setButtonsEnabled(bool enabled);
 
     QGridLayout *m_layout;

@@ -13,6 +13,7 @@
 namespace {
 
 constexpr int kSupportDatabase = 3;
+constexpr int kScrollBarRoom = 15;  // beside the editor in its area
 
 }  // namespace
 
@@ -23,9 +24,12 @@ SettingsDatabaseDialog::SettingsDatabaseDialog(const QString &dataPath, QString 
     , m_username(username)
     , m_password(password)
 {
-    SettingsHandler::getInstance()->store();
+    SettingsHandler *handler = SettingsHandler::getInstance();
+    handler->store();
+    // What a dialog asked that has closed since is not answered to this one.
+    handler->callOnlineInit();
     setWindowModality(Qt::ApplicationModal);
-    connect(this, SIGNAL(requestReconnect(QMap<QString, QVariant>)), SettingsHandler::getInstance(),
+    connect(this, SIGNAL(requestReconnect(QMap<QString, QVariant>)), handler,
             SIGNAL(reconnectOnline(QMap<QString, QVariant>)), Qt::QueuedConnection);
 }
 
@@ -48,6 +52,7 @@ ConnectionArea *SettingsDatabaseDialog::makeConnectionArea(int width)
     m_area = new ConnectionArea(kSupportDatabase, &m_connectionSettings, this);
     m_area->setObjectName(QStringLiteral("connection_area"));
     m_area->setMinimumWidth(width);
+    m_area->setEditorWidth(width - kScrollBarRoom);
     return m_area;
 }
 

@@ -314,6 +314,7 @@ void SettingsView::showMessage(const QString &text)
 {
     QMessageBox box(this);
     box.setObjectName(QStringLiteral("settings_message"));
+    box.setTextFormat(Qt::PlainText);
     box.setText(text);
     box.addButton(tr("Ok"), QMessageBox::AcceptRole);
     box.exec();

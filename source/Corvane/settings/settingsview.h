@@ -90,6 +90,7 @@ private:
     bool copyFromLocalSettings();
     bool exportTo(const QString &target, QString &message);
     bool copyWorkingFile(const QString &workingFile, const QString &target, QString &message);
+    static void tellFailedCopy(QString &message);
     bool importFrom(const QString &source, QString &message);
     bool replaceWorkingFile(const QString &source);
     void acceptOnlineSettings();

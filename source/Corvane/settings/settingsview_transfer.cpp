@@ -59,9 +59,16 @@ bool SettingsView::exportTo(const QString &target, QString &message)
     else
         QFile::remove(parkingFile);
 
-    SettingsHandler::getInstance()->changeSettingsFile(parkingFile);
-    const bool exported = copyWorkingFile(workingFile, target, message);
-    SettingsHandler::getInstance()->changeSettingsFile(workingFile);
+    SettingsHandler *handler = SettingsHandler::getInstance();
+    // A file that could not be written holds older settings, and the present ones are in memory alone.
+    bool exported = handler->flushSettingsFile();
+    if (exported) {
+        handler->changeSettingsFile(parkingFile);
+        exported = copyWorkingFile(workingFile, target, message);
+        handler->changeSettingsFile(workingFile);
+    } else {
+        tellFailedCopy(message);
+    }
     temporary.removeRecursively();
     return exported;
 }
@@ -77,11 +84,16 @@ bool SettingsView::copyWorkingFile(const QString &workingFile, const QString &ta
         exported = false;
     }
     if (!QFile::copy(workingFile, target)) {
-        message += tr(" File copying failed!");
-        CORVANE_LOG(Logger::Warning, Logger::Console, "SettingsView::exportSettings", message);
+        tellFailedCopy(message);
         exported = false;
     }
     return exported;
+}
+
+void SettingsView::tellFailedCopy(QString &message)
+{
+    message += tr(" File copying failed!");
+    CORVANE_LOG(Logger::Warning, Logger::Console, "SettingsView::exportSettings", message);
 }
 
 void SettingsView::importSettings()

@@ -44,6 +44,12 @@ Widget *child(const QObject &page, const char *name)
     return found;
 }
 
+/// The last line of a log.
+inline QByteArray lastLine(const QString &file)
+{
+    return readFile(file).trimmed().split('\n').last();
+}
+
 inline QStringList items(const QComboBox *box)
 {
     QStringList texts;

@@ -11,6 +11,7 @@ using namespace SettingsTest;
 
 namespace {
 
+constexpr int kQuietTime = 300;  // milliseconds
 const QString kMark = QStringLiteral(" - Active in database");
 const QString kFailure = QStringLiteral("Deleting settings configuration from database was unsuccessful.\n");
 
@@ -37,6 +38,7 @@ private slots:
     void deletingRemovesTheItem();
     void deletingTheLastOneLeavesNothingToChoose();
     void deletingTheActiveConfigurationLeavesTheListAndDoesNotReconnect();
+    void aLateAnswerIsNoneToTheNextDialog();
     void failedDeleting_data();
     void failedDeleting();
 };
@@ -112,7 +114,34 @@ void TestConfigurationDeleting::deletingTheActiveConfigurationLeavesTheListAndDo
     QVERIFY(canChoose());
     QVERIFY(requests.isEmpty());
     QCOMPARE(bench.takeEvents(), QList<AuditEvent>{notDeleted(2)});
-    QVERIFY(readFile(m_workstation.runtimeLog()).contains("Settings configuration delete not ok"));
+    const QByteArray line = lastLine(m_workstation.runtimeLog());
+    QVERIFY2(line.startsWith("WRN CV: "), line);
+    QVERIFY2(line.contains("ConfManagementDialog::deleteDone"), line);
+    QVERIFY2(line.contains("Settings configuration delete not ok"), line);
+}
+
+void TestConfigurationDeleting::aLateAnswerIsNoneToTheNextDialog()
+{
+    addConfigurations(2, 1);
+    rememberSite();
+    SettingsBench bench(m_workstation, kAllRights);
+    connectFromMenu(bench);
+    choose(2);
+    MessageBoxes boxes({"OK"});
+    press("delete_button");
+    QCoreApplication::sendPostedEvents();  // the request is with the worker
+    press("cancel_button");
+    m_username.clear();
+    m_password.clear();
+    open();
+    QSignalSpy errors(m_dialog, &ConfManagementDialog::logError);
+    QTRY_COMPARE_WITH_TIMEOUT(SiteConnection::run(m_site, {"SELECT id FROM configurations"}),
+                              QStringList{"1"}, kAnswerTime);
+    QTest::qWait(kQuietTime);
+    QVERIFY(errors.isEmpty());
+    QCOMPARE(boxes.seen().size(), 1);  // the question
+    QVERIFY(bench.takeEvents().isEmpty());
+    QVERIFY(!canChoose());
 }
 
 void TestConfigurationDeleting::failedDeleting_data()

@@ -7,6 +7,7 @@
 #include <QAction>
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QSignalSpy>
 #include <QTabWidget>
 #include <QTest>
 
@@ -37,6 +38,8 @@ private slots:
     void refusingTheComparisonUndoesTheLoad();
     void aTagWithAnActiveMarkIsShownAsItStands();
     void aConfigurationThatCannotBeLoadedIsTold();
+    void cancelAfterALoadIsImpossible();
+    void aFailedLoadRestoresNothing();
     void aCancelledDialogLeavesTheConnectionToSettingsReceivedInPlace();
     void userAndPasswordAreKeptForTheRun();
 };
@@ -164,6 +167,34 @@ void TestConfigurationLoading::aConfigurationThatCannotBeLoadedIsTold()
                  Actions::LoadSettings, 0x14200003,
                  QStringLiteral("Loading settings configuration from database was unsuccessful"))});
     QCOMPARE(stored("site/number").toInt(), 77);
+}
+
+void TestConfigurationLoading::aFailedLoadRestoresNothing()
+{
+    addConfigurations(1, 0);
+    setStored("site/own", "opened");
+    openConnected();
+    SiteConnection::run(m_site, {"UPDATE configurations SET image = 'damaged'"});
+    setStored("site/own", "changed meanwhile");
+    QSignalSpy loaded(m_dialog, SIGNAL(loaded()));
+    press("load_button");
+    QCOMPARE(loaded.count(), 0);
+    waitForTheEnd();
+    QCOMPARE(stored("site/own").toString(), QStringLiteral("changed meanwhile"));
+}
+
+void TestConfigurationLoading::cancelAfterALoadIsImpossible()
+{
+    addConfigurations(1, 0);
+    openConnected();
+    const QPointer<QWidget> cancel = child<QWidget>(*m_dialog, "cancel_button");
+    press("load_button");
+    // The load has closed the dialog, with the button in it.
+    QVERIFY(!m_dialog || !m_dialog->isVisible());
+    QVERIFY(!cancel || !cancel->isVisible());
+    waitForTheEnd();
+    QVERIFY(!cancel);
+    QCOMPARE(stored("site/number").toInt(), 1);
 }
 
 void TestConfigurationLoading::aCancelledDialogLeavesTheConnectionToSettingsReceivedInPlace()

@@ -1,3 +1,4 @@
+#include "Corvane/settings/databasegroupsettings.h"
 #include "confmanagementfixture.h"
 #include "settingsbench.h"
 #include "settingstest.h"
@@ -5,8 +6,8 @@
 #include "support/messageboxes.h"
 
 #include <QFile>
+#include <QGridLayout>
 #include <QLabel>
-#include <QLayout>
 #include <QPlainTextEdit>
 #include <QScrollArea>
 #include <QSignalSpy>
@@ -17,6 +18,7 @@ using namespace SettingsTest;
 
 namespace {
 
+constexpr int kQuietTime = 300;  // milliseconds
 const QString kConnected = QStringLiteral("Connected - reconnect");
 const QString kNotConnected = QStringLiteral("No connection - connect");
 const QString kConnecting = QStringLiteral("Connecting...");
@@ -36,6 +38,7 @@ class TestConfManagementDialog : public ConfManagementFixture
 
 private slots:
     void theDialogHasItsSizesAndTexts();
+    void widgetsStandInTheirRowsAndColumns();
     void foldingTheConnection();
     void returnInALineStartsNothing();
     void withUserAndPasswordRememberedTheDialogConnectsAtOnce();
@@ -54,6 +57,7 @@ private slots:
     void closingTheWindowRestoresTheSettingsAndRemembersNothing_data();
     void closingTheWindowRestoresTheSettingsAndRemembersNothing();
     void answersAfterTheClosingAreNotHeeded();
+    void aLateListDoesNotReachTheNextDialog();
 };
 
 void TestConfManagementDialog::theDialogHasItsSizesAndTexts()
@@ -88,6 +92,36 @@ void TestConfManagementDialog::theDialogHasItsSizesAndTexts()
     QCOMPARE(m_dialog->focusWidget(), child<QWidget>(*m_dialog, "cancel_button"));
 }
 
+void TestConfManagementDialog::widgetsStandInTheirRowsAndColumns()
+{
+    m_username.clear();
+    open();
+    auto *grid = qobject_cast<QGridLayout *>(m_dialog->layout());
+    QCOMPARE(grid->verticalSpacing(), 0);
+    QCOMPARE(grid->horizontalSpacing(), 10);
+    for (const int row : {2, 7, 9, 16})
+        QCOMPARE(grid->rowStretch(row), 10);
+    struct Place
+    {
+        const char *name;
+        int row;
+        int column;
+        int rows;
+        int columns;
+        Qt::Alignment side;
+    };
+    for (const Place &wanted :
+         {Place{"configuration_list", 1, 0, 1, 6, {}}, Place{"configuration_notes", 4, 0, 3, 6, {}},
+          Place{"connection_area", 10, 0, 6, 6, {}}}) {
+        const int index = grid->indexOf(child<QWidget>(*m_dialog, wanted.name));
+        Place found = wanted;
+        grid->getItemPosition(index, &found.row, &found.column, &found.rows, &found.columns);
+        QCOMPARE(QVector<int>({found.row, found.column, found.rows, found.columns}),
+                 QVector<int>({wanted.row, wanted.column, wanted.rows, wanted.columns}));
+        QCOMPARE(grid->itemAt(index)->alignment(), wanted.side);
+    }
+}
+
 void TestConfManagementDialog::foldingTheConnection()
 {
     m_username.clear();
@@ -101,6 +135,9 @@ void TestConfManagementDialog::foldingTheConnection()
     QVERIFY(area->isVisible());
     QVERIFY(area->height() >= 300);
     QTRY_VERIFY(area->widget()->width() <= area->viewport()->width());
+    const auto *editor = m_dialog->findChild<DatabaseGroupSettings *>();
+    QCOMPARE(editor->minimumWidth(), area->minimumWidth() - 15);
+    QVERIFY2(editor->minimumHeight() >= 300, qPrintable(QString::number(editor->minimumHeight())));
     QCOMPARE(child<QToolButton>(*m_dialog, "options_button")->text(),
              QStringLiteral("Hide connection options"));
     press("options_button");
@@ -364,6 +401,23 @@ void TestConfManagementDialog::answersAfterTheClosingAreNotHeeded()
     m_dialog->close();
     waitForTheEnd();
     QVERIFY(boxes.seen().isEmpty());
+}
+
+void TestConfManagementDialog::aLateListDoesNotReachTheNextDialog()
+{
+    addConfigurations(1, 1);
+    rememberSite();
+    m_username.clear();
+    m_password.clear();
+    open();
+    press("connect_button");
+    QCoreApplication::sendPostedEvents();  // the request is with the worker
+    press("cancel_button");
+    open();
+    QTest::qWait(kQuietTime);
+    QCOMPARE(connectText(), kNotConnected);
+    QVERIFY(!canChoose());
+    QCOMPARE(list()->count(), 0);
 }
 
 QTEST_MAIN(TestConfManagementDialog)

@@ -85,6 +85,8 @@ private slots:
     void twoEqualListsGiveTwoEmptyPanes();
     void aChangedValueShowsOnBothSides();
     void itOpensOnThePreviousSettingsAndTogglesToTheInitialOnes();
+    void theNameOfASourceIsShownAsItStands_data();
+    void theNameOfASourceIsShownAsItStands();
     void withoutATagTheLeftLabelNamesThePreviousSettings();
     void withoutPreviousSettingsThereIsNoToggle();
     void aHiddenToggleStillComparesWithThePreviousSettings();
@@ -143,6 +145,30 @@ void TestDiffView::itOpensOnThePreviousSettingsAndTogglesToTheInitialOnes()
         QVERIFY(QMetaObject::invokeMethod(&dialog, "toggleLocal"));
         QCOMPARE(panes(dialog).left, QStringLiteral("ui/b=first"));
         QCOMPARE(panes(dialog).leftLabel, QStringLiteral("Imported settings"));
+    });
+}
+
+void TestDiffView::theNameOfASourceIsShownAsItStands_data()
+{
+    QTest::addColumn<QString>("tag");
+    QTest::newRow("an ampersand is no shortcut") << "1 Created by R&D";
+    QTest::newRow("a tag is no format") << "1 Created by <b>bold</b>";
+}
+
+void TestDiffView::theNameOfASourceIsShownAsItStands()
+{
+    QFETCH(QString, tag);
+    showDiff({kInitial, kPrevious, kCurrent, tag}, [&tag](DiffView &dialog) {
+        const auto *label = child<QLabel>(dialog, "left_label");
+        QCOMPARE(label->text(), tag);
+        QCOMPARE(child<QPlainTextEdit>(dialog, "left_pane")->accessibleName(), tag);
+        // As wide as every letter of it.
+        QLabel drawn;
+        drawn.setTextFormat(Qt::PlainText);
+        drawn.setText(tag);
+        QCOMPARE(label->sizeHint(), drawn.sizeHint());
+        QCOMPARE(label->textFormat(), Qt::PlainText);
+        QVERIFY(!label->buddy());
     });
 }
 

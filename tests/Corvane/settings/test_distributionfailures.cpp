@@ -120,13 +120,16 @@ void TestDistributionFailures::aConnectionFailureLeavesTheDistributeFlagClear()
 
 void TestDistributionFailures::aFailedAttemptFollowedByASuccessfulOneSendsTheSameWorkingSettings()
 {
-    setStored("site/own", "sent");
+    setStored("site/own", "opened");
     open();
     connectTo(m_workstation.path("nowhere/site.db"));
     QTRY_COMPARE_WITH_TIMEOUT(status(*m_dialog), kNoConnection, kAnswerTime);
-    // A database that connects and then refuses.
+    // A database that connects and then refuses: what the working settings are then is sent by the next
+    // attempt.
+    setStored("site/own", "sent");
     QVERIFY(QMetaObject::invokeMethod(m_dialog, "storeReady",
                                       Q_ARG(OnlineSettings::QueryError, OnlineSettings::NoRights)));
+    setStored("site/own", "changed by connecting");
     connectTo(m_site);
     waitForTheEnd();
     setStored("site/own", "changed");
@@ -151,18 +154,22 @@ void TestDistributionFailures::failedStoring()
     QFETCH(QString, sentence);
     open();
     QSignalSpy errors(m_dialog, &DistributionView::logError);
+    QString statusWhenLogged;
+    connect(m_dialog, &DistributionView::logError, this, [&] { statusWhenLogged = status(*m_dialog); });
     // The store's answer, as it comes from its worker.
     emit store()->settingsOnlineStoredReady(static_cast<OnlineSettings::QueryError>(error));
     QTRY_COMPARE(status(*m_dialog), kNotInserted + sentence);
+    QCOMPARE(statusWhenLogged, kNotInserted + sentence);
     QCOMPARE(buttons(*m_dialog), kAllEnabled);
     QCOMPARE(errors.count(), 1);
     QCOMPARE(errors.first().at(0).value<Actions::Action>(), Actions::SaveSettings);
     QCOMPARE(errors.first().at(1).value<ZephanError>(), ZephanError(0x14200002));
     QCOMPARE(errors.first().at(2).value<QVariant>().toString(),
              QStringLiteral("Distributing failed, OnlineSettings error: %1").arg(error));
-    const QByteArray log = readFile(m_workstation.runtimeLog());
-    QVERIFY(log.contains("DistributionView::storeReady"));
-    QVERIFY(log.contains("Distributing failed"));
+    const QByteArray line = lastLine(m_workstation.runtimeLog());
+    QVERIFY2(line.startsWith("WRN CV: "), line);
+    QVERIFY2(line.contains("DistributionView::storeReady"), line);
+    QVERIFY2(line.contains("Distributing failed"), line);
 }
 
 void TestDistributionFailures::aDatabaseThatRefusesIsTold()
@@ -181,6 +188,9 @@ void TestDistributionFailures::aDatabaseThatRefusesIsTold()
     press(*m_dialog, "save_button");
     waitForTheEnd();
     QCOMPARE(rows("id").size(), 2);
+    setStored("site/own", "changed");
+    QVERIFY(store()->getOnlineSettings(2));
+    QCOMPARE(stored("site/own").toString(), QStringLiteral("kept"));
 }
 
 void TestDistributionFailures::whatConnectingChangesIsPutBackBeforeSending()
@@ -246,11 +256,16 @@ void TestDistributionFailures::closingWhileConnectingSendsNothing()
 
 void TestDistributionFailures::closingWhileSendingEndsTheDialog()
 {
+    setStored("site/own", "opened");
     open();
     QSignalSpy sent(store(), &SettingsHandler::settingsOnlineStoredReady);
     connectTo(m_site);
-    whenConnected([&] { m_dialog->close(); });
+    whenConnected([&] {
+        setStored("site/own", "changed meanwhile");
+        m_dialog->close();
+    });
     waitForTheEnd();
+    QCOMPARE(stored("site/own").toString(), QStringLiteral("opened"));
     QTRY_COMPARE_WITH_TIMEOUT(sent.count(), 1, kAnswerTime);
     QVERIFY(!QFile::exists(m_files.cache()));
     QCOMPARE(m_username, QString());

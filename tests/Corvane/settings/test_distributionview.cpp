@@ -1,3 +1,4 @@
+#include "Corvane/settings/databasegroupsettings.h"
 #include "distributionfixture.h"
 #include "settingsbench.h"
 #include "settingstest.h"
@@ -102,6 +103,7 @@ void TestDistributionView::theDialogHasItsSizesAndTexts()
     QCOMPARE(area->horizontalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
     QCOMPARE(area->verticalScrollBarPolicy(), Qt::ScrollBarAsNeeded);
     QVERIFY(area->widget()->width() <= area->viewport()->width());
+    QCOMPARE(m_dialog->findChild<DatabaseGroupSettings *>()->minimumWidth(), area->minimumWidth() - 15);
     QCOMPARE(notes(*m_dialog)->wordWrapMode(), QTextOption::WordWrap);
     QVERIFY(child<QLabel>(*m_dialog, "distribution_status")->wordWrap());
     QVERIFY(!child<QComboBox>(*m_dialog, "database_selector")->isVisible());

@@ -385,6 +385,9 @@ void TestSettingsBadFiles::withoutRoomAnExportFailsAndLeavesNothing()
     disk.reset();
     checkNotExported(bench, QStringLiteral("Error:  File copying failed!"));
     QVERIFY(QDir(m_folder).entryList(QDir::Files).isEmpty());
+    // As soon as there is room again it succeeds.
+    transfer(bench, "export_action");
+    QVERIFY(readFile(m_file).contains("own=kept"));
 }
 
 void TestSettingsBadFiles::aFolderInTheTargetsPlaceFailsWithBothSentences()
@@ -402,6 +405,10 @@ void TestSettingsBadFiles::aFolderInWhichNothingMayBeMadeFails()
     SettingsBench bench(m_workstation, kAllRights);
     begin(bench);
     QVERIFY(QFile::setPermissions(m_folder, QFile::Permissions(0x5555)));
+    // The working file may be written.
+    for (const QString &path : {m_workstation.path(QString()), m_workstation.dataDirectory()})
+        QVERIFY(QFile::setPermissions(path, QFile::Permissions(0x7777)));
+    QVERIFY(QFile::setPermissions(m_files.working(), QFile::Permissions(0x6666)));
     {
         const OrdinaryUser user;
         transfer(bench, "export_action");

@@ -63,6 +63,8 @@ private slots:
     void aChangedSecretIsMaskedInTheComparison();
     void aSecretSavedTwiceIsNoDifferenceAndAChangedOneIsOneLineOnEachSide();
     void aListWithoutItemsIsNoDifferenceAndNoError();
+    void fromTheMenuThereIsNoCancelAndTheResultMeansNothing_data();
+    void fromTheMenuThereIsNoCancelAndTheResultMeansNothing();
     void theComparisonIsNotAnAuditEvent();
     void theTagNamesTheLastSource();
     void aFirstOnlineLoadShowsNoDifferenceDialogAndTheLaterOnesDo();
@@ -197,6 +199,34 @@ void TestSettingsComparison::aListWithoutItemsIsNoDifferenceAndNoError()
     });
     for (const AuditEvent &event : bench.takeEvents())
         QCOMPARE(event.error, ZephanError(0));
+}
+
+void TestSettingsComparison::fromTheMenuThereIsNoCancelAndTheResultMeansNothing_data()
+{
+    QTest::addColumn<bool>("accept");
+    QTest::newRow("OK") << true;
+    QTest::newRow("the window's close button") << false;
+}
+
+void TestSettingsComparison::fromTheMenuThereIsNoCancelAndTheResultMeansNothing()
+{
+    QFETCH(bool, accept);
+    m_files.setLocal({{"site/own", "loaded"}});
+    SettingsBench bench(m_workstation, kAllRights);
+    bench.choose("local_menu", "load_action");
+    setStored("site/own", "changed");
+    child<QComboBox>(bench.view(), "measurement_units")->setCurrentIndex(1);
+    const DiffAnswers answers(
+        [](DiffView &dialog) {
+            QVERIFY(!dialog.findChild<QPushButton *>("cancel_button"));
+            QCOMPARE(dialog.findChildren<QPushButton *>().size(), 2);  // OK and the one that switches
+            QVERIFY(rightPane(dialog).contains("site/own=changed"));
+        },
+        accept);
+    bench.choose("online_menu", "diff_action");
+    QCOMPARE(answers.count(), 1);
+    QCOMPARE(stored("site/own").toString(), QStringLiteral("changed"));
+    QCOMPARE(child<QComboBox>(bench.view(), "measurement_units")->currentIndex(), 1);
 }
 
 void TestSettingsComparison::theComparisonIsNotAnAuditEvent()

@@ -75,6 +75,8 @@ private slots:
     void exportingOntoAnExistingFileReplacesIt();
     void exportingToAProtectedFileFailsWithBothSentences();
     void exportingToAFolderThatIsNotThereFails();
+    void whatCannotBeFlushedFailsAsTheCopy_data();
+    void whatCannotBeFlushedFailsAsTheCopy();
     void exportingOntoTheWorkingFileKeepsIt();
     void withoutTheDatabaseRightNoDatabaseKeyIsExportedAndTheNotesAreShown();
     void workstationKeysAreAbsentFromAnExport();
@@ -91,6 +93,7 @@ private slots:
     void aProtectedSourceGivesAWritableWorkingFile();
     void databaseGroupsAreImportedWhateverTheRights();
     void aFirstImportMakesInitialAndPreviousSettingsEqual();
+    void aFailedImportIsNoLoad_data();
     void aFailedImportIsNoLoad();
     void whatIsExportedAndImportedComesBack();
 
@@ -176,6 +179,8 @@ void TestSettingsTransfer::theSaveDialogAsksAsTold()
     QCOMPARE(dialogs.seen().first().title, QStringLiteral("Export to a file"));
     QCOMPARE(dialogs.seen().first().nameFilters, QStringList{"INI (*.ini)"});
     QCOMPARE(dialogs.seen().first().acceptMode, QFileDialog::AcceptSave);
+    // No start directory: the dialog's own, which is the present one.
+    QCOMPARE(dialogs.seen().first().directory, QDir::currentPath());
 }
 
 void TestSettingsTransfer::cancellingTheSaveDialogLogsAllTheSameAndWarnsOfAMissingRight()
@@ -237,6 +242,7 @@ void TestSettingsTransfer::exportingToAProtectedFileFailsWithBothSentences()
     QCOMPARE(bench.takeEvents(), QList<AuditEvent>({notExported(target), exported()}));
     QVERIFY(QFile::exists(target));
     QCOMPARE(warnings().size(), logged + 1);
+    QVERIFY(warnings().last().startsWith("WRN CV: "));
     QVERIFY(warnings().last().contains("SettingsView::exportSettings"));
     QVERIFY(warnings().last().contains(told.toUtf8()));
 }
@@ -255,6 +261,47 @@ void TestSettingsTransfer::exportingToAFolderThatIsNotThereFails()
     QVERIFY(!QFile::exists(target));
     QVERIFY(m_files.workingKeys().contains("ui/measurement_units"));
     QCOMPARE(warnings().size(), logged + 1);
+}
+
+void TestSettingsTransfer::whatCannotBeFlushedFailsAsTheCopy_data()
+{
+    QTest::addColumn<bool>("targetIsThere");
+    QTest::newRow("to a new file, which is not made") << false;
+    QTest::newRow("onto an old file, which stays") << true;
+}
+
+void TestSettingsTransfer::whatCannotBeFlushedFailsAsTheCopy()
+{
+    QFETCH(bool, targetIsThere);
+    const QString target = outside(QStringLiteral("settings.ini"));
+    if (targetIsThere)
+        QVERIFY(writeFile(target, "[old]\nkey=1\n"));
+    SettingsBench bench(m_workstation, kAllRights);
+    show(bench);
+    setStored("site/own", "old");
+    store()->generalSettings()->sync();
+    const int logged = warnings().size();
+    // The working file cannot be written; where the target is there is room.
+    const QString aside = m_workstation.path("aside_corvane.ini");
+    QVERIFY(QFile::rename(m_files.working(), aside));
+    QVERIFY(QDir().mkpath(m_files.working()));
+    setStored("site/own", "new");
+    MessageBoxes boxes({"Yes", "Ok", "Yes"});
+    exportTo(bench, target);
+    QVERIFY(QDir().rmdir(m_files.working()));
+    QVERIFY(QFile::rename(aside, m_files.working()));
+    QCOMPARE(boxes.seen().size(), targetIsThere ? 2 : 1);
+    QCOMPARE(boxes.seen().last().text, QStringLiteral("Error:  File copying failed!"));
+    QCOMPARE(bench.takeEvents(), QList<AuditEvent>({notExported(target), exported()}));
+    QCOMPARE(readFile(target), QByteArray(targetIsThere ? "[old]\nkey=1\n" : ""));
+    QCOMPARE(warnings().size(), logged + 1);
+    QVERIFY(warnings().last().startsWith("WRN CV: "));
+    QVERIFY(warnings().last().contains("SettingsView::exportSettings"));
+    // The working settings are what they were, and an export succeeds as soon as the file can be written.
+    QCOMPARE(stored("site/own").toString(), QStringLiteral("new"));
+    exportTo(bench, target);
+    QCOMPARE(bench.takeEvents(), QList<AuditEvent>{exported()});
+    QCOMPARE(openSettingsFile(target)->value("site/own").toString(), QStringLiteral("new"));
 }
 
 void TestSettingsTransfer::exportingOntoTheWorkingFileKeepsIt()
@@ -417,6 +464,7 @@ void TestSettingsTransfer::aMissingSourceIsTold()
     QVERIFY(!isShown(bench));
     QCOMPARE(m_files.workingKeys(), QStringList{"site/own"});
     QCOMPARE(warnings().size(), logged + 1);
+    QVERIFY(warnings().last().startsWith("WRN CV: "));
     QVERIFY(warnings().last().contains("SettingsView::importSettings"));
     QVERIFY(warnings().last().contains("File not found!"));
 }
@@ -446,6 +494,8 @@ void TestSettingsTransfer::aFailedCopyLeavesTheFormerFileAndThePagesShowIt()
     QCOMPARE(unitsOnPage(bench), 1);
     QVERIFY(!isShown(bench));
     QCOMPARE(warnings().size(), logged + 1);
+    QVERIFY(warnings().last().startsWith("WRN CV: "));
+    QVERIFY(warnings().last().contains("SettingsView::importSettings"));
     QVERIFY(warnings().last().contains("Importing settings did not succeed"));
 }
 
@@ -508,17 +558,30 @@ void TestSettingsTransfer::aFirstImportMakesInitialAndPreviousSettingsEqual()
     });
 }
 
+void TestSettingsTransfer::aFailedImportIsNoLoad_data()
+{
+    QTest::addColumn<bool>("isThere");
+    QTest::newRow("the source is missing") << false;
+    QTest::newRow("the copy fails") << true;
+}
+
 void TestSettingsTransfer::aFailedImportIsNoLoad()
 {
+    QFETCH(bool, isThere);
     const QString source = outside(QStringLiteral("gone.ini"));
-    QVERIFY(writeFile(source, "x"));
+    QVERIFY(writeFile(source, "[site]\nnew=1\n"));
     SettingsBench bench(m_workstation, kAllRights);
     {
         FileDialogs dialogs({source});
-        dialogs.whenChosen([](const QString &path) { QFile::remove(path); });
+        dialogs.whenChosen([isThere](const QString &path) {
+            QFile::remove(path);
+            if (isThere)
+                QDir().mkpath(path);
+        });
         MessageBoxes boxes;
         bench.choose("transfer_menu", "import_action");
         QCOMPARE(boxes.seen().size(), 1);
+        QCOMPARE(boxes.seen().first().text.contains("did not succeed"), isThere);
     }
     // An online configuration that comes now is the first load still: it asks nothing.
     const DiffAnswers answers([](DiffView &) {}, true);
