@@ -655,6 +655,10 @@ Jetzt speichern?</translation>
         <source>PNG (*.png)</source>
         <translation>PNG (*.png)</translation>
     </message>
+    <message>
+        <source>Events by millennium (UTC)</source>
+        <translation>Ereignisse je Jahrtausend (UTC)</translation>
+    </message>
 </context>
 <context>
     <name>AuditTrailExport</name>

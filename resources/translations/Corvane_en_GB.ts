@@ -655,6 +655,10 @@ Save now?</translation>
         <source>PNG (*.png)</source>
         <translation>PNG (*.png)</translation>
     </message>
+    <message>
+        <source>Events by millennium (UTC)</source>
+        <translation>Events by millennium (UTC)</translation>
+    </message>
 </context>
 <context>
     <name>AuditTrailExport</name>

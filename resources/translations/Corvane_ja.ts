@@ -653,6 +653,10 @@ Save now?</source>
         <source>PNG (*.png)</source>
         <translation>PNG (*.png)</translation>
     </message>
+    <message>
+        <source>Events by millennium (UTC)</source>
+        <translation>1000 年ごとのイベント (UTC)</translation>
+    </message>
 </context>
 <context>
     <name>AuditTrailExport</name>
