@@ -89,8 +89,7 @@ AuditTrailView::AuditTrailView(QString dataPath, QWidget *parent)
 AuditTrailView::~AuditTrailView()
 {
     delete m_model;
-    if (!m_borrowed)
-        forgetDatabase();
+    releaseDatabase();
     removeOnlineConnection();
 }
 

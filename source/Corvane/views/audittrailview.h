@@ -115,6 +115,7 @@ private:
     ZephanError connectOnline();
     ZephanError connectOffline();
     void setConnected(bool isConnected);
+    void releaseDatabase();
     void forgetDatabase();
     void removeOnlineConnection();
     bool wantsToEditConnection(ZephanError error);

@@ -39,14 +39,14 @@ void AuditTrailView::loadConnectionOptions()
     if (groups.contains(QLatin1String(LocalCache::kActionDbOnlineGroup))) {
         m_localCache->beginGroup(QLatin1String(LocalCache::kActionDbOnlineGroup));
         m_onlineOptions.insert(kParams, OdbcConnection::readParameters(*m_localCache));
-        m_onlineOptions.insert(kConnectOptions, m_localCache->value(kConnectOptions).toStringList());
+        m_onlineOptions.insert(kConnectOptions, optionList(m_localCache->value(kConnectOptions)));
         m_onlineOptions.insert(kOnlineMode, m_localCache->value(kOnlineMode, true).toBool());
         m_localCache->endGroup();
     } else {
         const QVariantMap stored =
             SettingsHandler::getInstance()->databaseSettings(QLatin1String(SettingsKeys::kActionDbGroup));
         m_onlineOptions.insert(kParams, stored.value(kParams).toMap());
-        m_onlineOptions.insert(kConnectOptions, stored.value(kConnectOptions).toStringList());
+        m_onlineOptions.insert(kConnectOptions, optionList(stored.value(kConnectOptions)));
         m_onlineOptions.insert(kOnlineMode, true);
     }
 
@@ -118,6 +118,7 @@ void AuditTrailView::connectToDatabase()
             setConnected(true);
             return;
         }
+        enableTableActions();
         emit logError(Actions::SearchAuditTrail, error, QStringLiteral("Connection failed"));
         if (!wantsToEditConnection(error) || launchConnectionDialog() != QDialog::Accepted)
             return;
@@ -154,6 +155,7 @@ ZephanError AuditTrailView::connectOnline()
     if (QSqlDatabase::contains(kOnlineConnection))
         disconnectFromDatabase();
     removeOnlineConnection();
+    m_borrowed = false;
     m_database = QSqlDatabase::addDatabase(QLatin1String(OdbcConnection::kDriver), kOnlineConnection);
     m_database.setDatabaseName(OdbcConnection::databaseName(m_onlineOptions.value(kParams).toMap()));
     if (!OdbcConnection::open(m_database, m_onlineOptions.value(kConnectOptions), username, password) ||
@@ -182,11 +184,7 @@ ZephanError AuditTrailView::connectOffline()
     }
     // Opening a file that isn't there would make an empty one.
     if (!file.exists() || !m_database.open()) {
-        if (m_borrowed)
-            m_database = QSqlDatabase();
-        else
-            forgetDatabase();
-        m_borrowed = false;
+        releaseDatabase();
         return ZephanErrors::kAuditDatabaseNotOpened;
     }
     {
@@ -218,11 +216,7 @@ void AuditTrailView::disconnectFromDatabase()
         delete m_model;
         m_model = nullptr;
     }
-    if (m_borrowed)
-        m_database = QSqlDatabase();
-    else
-        forgetDatabase();
-    m_borrowed = false;
+    releaseDatabase();
     setConnected(false);
 }
 
@@ -231,6 +225,16 @@ void AuditTrailView::removeOnlineConnection()
 {
     if (QSqlDatabase::contains(kOnlineConnection))
         QSqlDatabase::removeDatabase(kOnlineConnection);
+}
+
+/// A borrowed connection belongs to somebody else and stays open.
+void AuditTrailView::releaseDatabase()
+{
+    if (m_borrowed)
+        m_database = QSqlDatabase();
+    else
+        forgetDatabase();
+    m_borrowed = false;
 }
 
 void AuditTrailView::forgetDatabase()

@@ -104,7 +104,9 @@ void AuditTrailView::setSort(int column, Qt::SortOrder order)
 
 void AuditTrailView::setDateFilter(AuditFilterKey key, const DateEdit *edit)
 {
-    setFilter(key, edit->isValid() ? QVariant(edit->dateTime(false)) : QVariant());
+    // The log's times are UTC, and so is the day: there every day has a midnight.
+    const QDate day = edit->date();
+    setFilter(key, day.isValid() ? QVariant(QDateTime(day, QTime(0, 0), Qt::UTC)) : QVariant());
 }
 
 /// Item 0 takes the filter away; it can be chosen only while there is one.

@@ -34,6 +34,13 @@ QList<QPair<QString, QString>> pairsOf(const QString &line)
 
 }  // namespace
 
+QStringList ConnectionOptions::optionList(const QVariant &connectOptions)
+{
+    QStringList options = connectOptions.toStringList();
+    options.removeAll(QString());
+    return options;
+}
+
 ConnectionOptionsDialog::ConnectionOptionsDialog(QVariantMap *onlineOptions, QVariantMap *offlineOptions,
                                                  QWidget *parent)
     : QDialog(parent)
@@ -102,7 +109,7 @@ void ConnectionOptionsDialog::buildOnlineArea()
     const QVariantMap params = m_onlineOptions->value(kParams).toMap();
     for (auto param = params.cbegin(); param != params.cend(); ++param)
         addEdit(m_settings, param.key() + QLatin1Char('=') + param.value().toString());
-    const QStringList options = m_onlineOptions->value(kConnectOptions).toStringList();
+    const QStringList options = optionList(m_onlineOptions->value(kConnectOptions));
     for (const QString &option : options)
         addEdit(m_parameters, option);
 }
@@ -263,8 +270,8 @@ void ConnectionOptionsDialog::keepOneSpare(LineList &list, bool moveFocus)
 
 void ConnectionOptionsDialog::handleBrowseOfflineLocation()
 {
-    const QString file = QFileDialog::getOpenFileName(this, tr("Choose database file"), m_location->text(),
-                                                      QStringLiteral("DB (*.db)"));
+    const QString file =
+        QFileDialog::getOpenFileName(this, tr("Choose database file"), m_location->text(), tr("DB (*.db)"));
     if (file.isEmpty())
         return;
     m_location->setText(file);
@@ -297,7 +304,7 @@ bool ConnectionOptionsDialog::hasOnlineChange() const
                 return true;
         }
     }
-    const QStringList storedOptions = m_onlineOptions->value(kConnectOptions).toStringList();
+    const QStringList storedOptions = optionList(m_onlineOptions->value(kConnectOptions));
     for (const QLineEdit *edit : m_parameters.edits) {
         if (!edit->text().isEmpty() && !storedOptions.contains(edit->text()))
             return true;

@@ -25,6 +25,12 @@ constexpr QLatin1String kUsername("username");
 constexpr QLatin1String kPassword("password");
 constexpr QLatin1String kLocation("location");  // path, in the offline map
 
+/// The entries of stored connect options.
+///
+/// \param connectOptions  a text list, or empty text for none
+/// \return                without empty entries
+QStringList optionList(const QVariant &connectOptions);
+
 }  // namespace ConnectionOptions
 
 /// Where the audit trail is read from: an online database, or an offline file.

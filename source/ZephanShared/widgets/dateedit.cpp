@@ -120,6 +120,11 @@ QDateTime DateEdit::dateTime(bool currentIfEmpty) const
     return currentIfEmpty ? QDateTime::currentDateTime() : QDateTime();
 }
 
+QDate DateEdit::date() const
+{
+    return isValid() ? m_dateTime.date() : QDate();
+}
+
 bool DateEdit::isValid() const
 {
     return !m_lineEdit->text().isEmpty() && m_valid;

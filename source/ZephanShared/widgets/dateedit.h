@@ -28,6 +28,8 @@ public:
 
     /// The stored value if it is valid; else the current time if asked for, else an invalid value.
     QDateTime dateTime(bool currentIfEmpty) const;
+    /// The day in the field, also one that has no midnight in local time; an invalid one unless isValid().
+    QDate date() const;
     /// False for an empty text, although an empty field isn't shown as invalid.
     bool isValid() const;
     /// Limits, both included; an invalid one is none. Without a time part only their dates count.

@@ -18,6 +18,8 @@ SelectionPopup::SelectionPopup(QPushButton *button, QWidget *parent)
     , m_button(button)
 {
     setWindowFlags(Qt::Popup);
+    // The press that closes the list is spent; sent on to the button beneath, it would open the list again.
+    setAttribute(Qt::WA_NoMouseReplay);
     setSelectionMode(QAbstractItemView::MultiSelection);
     m_button->setCheckable(true);
     hide();

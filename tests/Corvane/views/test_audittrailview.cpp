@@ -4,10 +4,14 @@
 #include "support/messageboxes.h"
 
 #include <QComboBox>
+#include <QElapsedTimer>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
+#include <QWindow>
+
+#include <ctime>
 
 class TestAuditTrailView : public QObject
 {
@@ -22,6 +26,10 @@ private slots:
     void choicesCanBeTakenBack();
     void actionListFollowsTheVocabulary();
     void listOpensAndClosesByItsButton();
+    void aPressReceivedByTheListClosesIt_data();
+    void aPressReceivedByTheListClosesIt();
+    void theDelayRunsFromTheFirstKeystroke();
+    void aDayWithoutALocalMidnightFiltersFromItsMidnightInUtc();
     void typingGivesOneDelayedRefreshAndOneMoreWhenTheFieldIsLeft();
     void sortingAsksTheDatabase();
     void everyQueryIsRecordedBeforeItRuns();
@@ -158,6 +166,72 @@ void TestAuditTrailView::listOpensAndClosesByItsButton()
     QVERIFY(m_bench->find<SelectionPopup>("audit_level_list")->isVisible());
     QTest::mouseClick(m_bench->find<QPushButton>("audit_level"), Qt::LeftButton);
     QVERIFY(!m_bench->find<SelectionPopup>("audit_level_list")->isVisible());
+}
+
+void TestAuditTrailView::aPressReceivedByTheListClosesIt_data()
+{
+    QTest::addColumn<QString>("button");
+    QTest::addColumn<QString>("list");
+    QTest::newRow("the actions") << "audit_action"
+                                 << "audit_action_list";
+    QTest::newRow("the levels") << "audit_level"
+                                << "audit_level_list";
+}
+
+void TestAuditTrailView::aPressReceivedByTheListClosesIt()
+{
+    QFETCH(QString, button);
+    QFETCH(QString, list);
+    m_bench->openView();
+    auto *opener = m_bench->view()->findChild<QPushButton *>(button);
+    auto *popup = m_bench->view()->findChild<SelectionPopup *>(list);
+    // A press that was sent on to the button below would open the list with the release that follows.
+    for (int round = 0; round < 2; ++round) {
+        QTest::mouseClick(opener, Qt::LeftButton);
+        QVERIFY(popup->isVisible());
+        const QPoint place = opener->mapToGlobal(opener->rect().center());
+        QMouseEvent press(QEvent::MouseButtonPress, popup->mapFromGlobal(place), place, Qt::LeftButton,
+                          Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(popup->windowHandle(), &press);
+        QTest::qWait(0);
+        QTest::mouseRelease(m_bench->view()->windowHandle(), Qt::LeftButton, Qt::NoModifier,
+                            opener->mapTo(m_bench->view(), opener->rect().center()));
+        QVERIFY(!popup->isVisible());
+        QVERIFY(!opener->isChecked());
+        QVERIFY(!opener->isDown());
+    }
+}
+
+void TestAuditTrailView::theDelayRunsFromTheFirstKeystroke()
+{
+    m_bench->connectOffline();
+    const int before = m_bench->actions().count();
+    auto *edit = m_bench->find<QLineEdit>("audit_text_5");
+    edit->setFocus();
+    QElapsedTimer sinceFirst;
+    sinceFirst.start();
+    while (m_bench->actions().count() == before && sinceFirst.elapsed() < 5000) {
+        QTest::keyClick(edit, Qt::Key_W);
+        QTest::qWait(100);
+    }
+    QCOMPARE(m_bench->actions().count(), before + 1);
+    QVERIFY(sinceFirst.elapsed() >= 590);
+}
+
+/// In Chile the clocks go on from the last minute of 13 August 2016 to one o'clock.
+void TestAuditTrailView::aDayWithoutALocalMidnightFiltersFromItsMidnightInUtc()
+{
+    qputenv("TZ", "America/Santiago");
+    tzset();
+    m_bench->connectOffline();
+    QTest::keyClicks(m_bench->find<QLineEdit>("audit_date_from"), QStringLiteral("14.08.2016"));
+    const QString from = m_bench->actions().last().last().toString();
+    QTest::keyClicks(m_bench->find<QLineEdit>("audit_date_to"), QStringLiteral("14.08.2016"));
+    const QString to = m_bench->actions().last().last().toString();
+    qunsetenv("TZ");
+    tzset();
+    QVERIFY2(from.contains(QStringLiteral("(timestamp_action >= '2016-08-14 00:00:00')")), qPrintable(from));
+    QVERIFY2(to.contains(QStringLiteral("(timestamp_action <= '2016-08-15 00:00:00')")), qPrintable(to));
 }
 
 void TestAuditTrailView::typingGivesOneDelayedRefreshAndOneMoreWhenTheFieldIsLeft()

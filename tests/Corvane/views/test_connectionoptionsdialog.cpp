@@ -33,6 +33,8 @@ private slots:
     void startsOnCancelWithSaveDisabled();
     void twoPairsOnALineBecomeTwoEntries();
     void aRemovedEntryEnablesSaveThroughTheCount();
+    void aRemovedParameterEnablesSaveThroughTheCount();
+    void anEmptyTextStoredAsParametersIsNoParameter();
     void whatEnablesSave_data();
     void whatEnablesSave();
     void oneEmptySettingKeepsSaveDisabledWhateverElseChanged();
@@ -158,6 +160,27 @@ void TestConnectionOptionsDialog::aRemovedEntryEnablesSaveThroughTheCount()
     QTest::mouseClick(save(), Qt::LeftButton);
     QCOMPARE(m_online.value(ConnectionOptions::kParams).toMap().keys(),
              QStringList{QStringLiteral("Driver")});
+}
+
+void TestConnectionOptionsDialog::aRemovedParameterEnablesSaveThroughTheCount()
+{
+    open();
+    QLineEdit *parameter = lines("audit_parameter").first();
+    type(parameter, QString());
+    QTest::keyClick(parameter, Qt::Key_Tab);
+    QTRY_COMPARE(texts("audit_parameter"), QStringList{QString()});
+    QVERIFY(save()->isEnabled());
+    QTest::mouseClick(save(), Qt::LeftButton);
+    QCOMPARE(m_online.value(ConnectionOptions::kConnectOptions), QVariant(QStringList()));
+}
+
+void TestConnectionOptionsDialog::anEmptyTextStoredAsParametersIsNoParameter()
+{
+    m_online.insert(ConnectionOptions::kConnectOptions, QString(QLatin1String("")));
+    open();
+    QCOMPARE(texts("audit_parameter"), QStringList{QString()});
+    QMetaObject::invokeMethod(m_dialog.get(), "handleSaveButtonState");
+    QVERIFY(!save()->isEnabled());
 }
 
 void TestConnectionOptionsDialog::whatEnablesSave_data()
