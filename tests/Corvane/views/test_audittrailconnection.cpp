@@ -19,6 +19,34 @@ namespace {
 
 const QString kOnlineName = QStringLiteral("actionlog.actionviewer");
 
+/// Opens an encrypted log under the name that the viewer gives its connection.
+bool openAsOwner(const QString &log)
+{
+    QSqlDatabase owner = QSqlDatabase::addDatabase(QLatin1String(kEncryptedDriver), log);
+    owner.setDatabaseName(log);
+    if (!owner.open())
+        return false;
+    QSqlQuery query(owner);
+    for (const QString &statement : databaseKeyStatements())
+        query.exec(statement);
+    return query.exec(QStringLiteral("SELECT count(*) FROM action_log"));
+}
+
+QLineEdit *editOf(const QDialog *dialog, const char *name)
+{
+    return dialog->findChild<QLineEdit *>(QLatin1String(name));
+}
+
+void choose(const QDialog *dialog, int mode)
+{
+    dialog->findChild<QComboBox *>(QStringLiteral("audit_connection_mode"))->setCurrentIndex(mode);
+}
+
+void press(const QDialog *dialog, const char *button)
+{
+    QTest::mouseClick(dialog->findChild<QPushButton *>(QLatin1String(button)), Qt::LeftButton);
+}
+
 }  // namespace
 
 class TestAuditTrailConnection : public QObject
@@ -37,10 +65,18 @@ private slots:
     void aReconnectionAsksForThePasswordAgain();
     void aCancelledLoginLeavesTheViewConnectedToNothing();
     void aBorrowedConnectionStaysOpen();
+    void aBorrowedFileThenOnlineIsDisconnectedFromTheServer_data();
+    void aBorrowedFileThenOnlineIsDisconnectedFromTheServer();
+    void aFailedReconnectionLeavesNothingToDoWithTheRows();
     void changingFromOnlineToAFileAndBackLeavesNothingBehind();
     void aGroupWithoutParametersOpensTheDialog();
+    void anEmptyLocationOpensTheDialogAndIsNoError();
+    void withoutCachedOptionsTheStoreGivesThem_data();
+    void withoutCachedOptionsTheStoreGivesThem();
+    void aRejectedDialogKeepsTheCachedOptions();
     void optionsAreKeptWithoutNameAndPassword();
     void filtersSurviveADisconnection();
+    void theSortSurvivesADisconnection();
 
 private:
     std::unique_ptr<AuditTrailBench> m_bench;
@@ -127,10 +163,9 @@ void TestAuditTrailConnection::yesInTheBoxOpensTheOptionsAndTriesAgain()
     m_bench->openView();
     MessageBoxes boxes({QStringLiteral("Yes")});
     answerNext<ConnectionOptionsDialog>([elsewhere](QDialog *dialog) {
-        auto *location = dialog->findChild<QLineEdit *>(QStringLiteral("audit_location"));
+        auto *location = editOf(dialog, "audit_location");
         location->setText(elsewhere);
-        QTest::mouseClick(dialog->findChild<QPushButton *>(QStringLiteral("audit_connection_save")),
-                          Qt::LeftButton);
+        press(dialog, "audit_connection_save");
     });
     m_bench->clickConnect();
     QCOMPARE(boxes.seen().size(), 1);
@@ -143,8 +178,11 @@ void TestAuditTrailConnection::connectingTwiceOnlineReplacesTheFormerConnection(
     makeOdbcLog(database);
     m_bench->useOnline(database);
     m_bench->openView();
+    QSignalSpy disconnected(m_bench->view(), &AuditTrailView::disconnected);
+    int logins = 0;
     for (int i = 0; i < 2; ++i) {
-        answerNext<LoginDialog>([](QDialog *dialog) {
+        answerNext<LoginDialog>([&logins](QDialog *dialog) {
+            ++logins;
             const auto fields = dialog->findChildren<QLineEdit *>();
             fields.at(0)->setText(QStringLiteral("auditor"));
             fields.at(1)->setText(QStringLiteral("secret"));
@@ -154,6 +192,8 @@ void TestAuditTrailConnection::connectingTwiceOnlineReplacesTheFormerConnection(
         QCOMPARE(m_bench->rows(), 5);
         QVERIFY(QSqlDatabase::contains(kOnlineName));
     }
+    QCOMPARE(logins, 2);
+    QCOMPARE(disconnected.count(), 1);
     m_bench->disconnectAction()->trigger();
     QVERIFY(!QSqlDatabase::contains(kOnlineName));
 }
@@ -203,15 +243,7 @@ void TestAuditTrailConnection::aCancelledLoginLeavesTheViewConnectedToNothing()
 void TestAuditTrailConnection::aBorrowedConnectionStaysOpen()
 {
     makeEncryptedLog(m_bench->log());
-    {
-        QSqlDatabase owner = QSqlDatabase::addDatabase(QLatin1String(kEncryptedDriver), m_bench->log());
-        owner.setDatabaseName(m_bench->log());
-        QVERIFY(owner.open());
-        QSqlQuery query(owner);
-        for (const QString &statement : databaseKeyStatements())
-            query.exec(statement);
-        QVERIFY(query.exec(QStringLiteral("SELECT count(*) FROM action_log")));
-    }
+    QVERIFY(openAsOwner(m_bench->log()));
     m_bench->openView();
     m_bench->clickConnect();
     QCOMPARE(m_bench->rows(), 5);
@@ -226,6 +258,70 @@ void TestAuditTrailConnection::aBorrowedConnectionStaysOpen()
     QSqlDatabase::removeDatabase(m_bench->log());
 }
 
+void TestAuditTrailConnection::aBorrowedFileThenOnlineIsDisconnectedFromTheServer_data()
+{
+    QTest::addColumn<bool>("closes");
+    QTest::newRow("by Disconnect") << false;
+    QTest::newRow("by closing the view") << true;
+}
+
+void TestAuditTrailConnection::aBorrowedFileThenOnlineIsDisconnectedFromTheServer()
+{
+    QFETCH(bool, closes);
+    const QString database = m_bench->path(QStringLiteral("online.db"));
+    makeOdbcLog(database);
+    makeEncryptedLog(m_bench->log());
+    m_bench->useOnline(database);
+    {
+        const auto cache = openSettingsFile(m_bench->localCache());
+        cache->setValue(QStringLiteral("actiondb_online/online_mode"), false);
+    }
+    QVERIFY(openAsOwner(m_bench->log()));
+    m_bench->openView();
+    const QtWarnings warnings;
+    m_bench->clickConnect();
+    QCOMPARE(m_bench->rows(), 5);
+    answerNext<ConnectionOptionsDialog>([](QDialog *dialog) {
+        choose(dialog, 0);
+        editOf(dialog, "audit_username")->setText(QStringLiteral("auditor"));
+        editOf(dialog, "audit_password")->setText(QStringLiteral("secret"));
+        press(dialog, "audit_connection_save");
+    });
+    QCOMPARE(m_bench->view()->launchConnectionDialog(), int(QDialog::Accepted));
+    m_bench->clickConnect();
+    QCOMPARE(m_bench->rows(), 5);
+    QVERIFY(QSqlDatabase::contains(kOnlineName));
+    if (closes)
+        m_bench->closeView();
+    else
+        m_bench->disconnectAction()->trigger();
+    QVERIFY(!QSqlDatabase::contains(kOnlineName));
+    QVERIFY(QSqlDatabase::database(m_bench->log(), false).isOpen());
+    m_bench->closeView();
+    QSqlDatabase::removeDatabase(m_bench->log());
+    QVERIFY2(warnings.seen().isEmpty(), qPrintable(warnings.seen().join(QLatin1Char('\n'))));
+}
+
+void TestAuditTrailConnection::aFailedReconnectionLeavesNothingToDoWithTheRows()
+{
+    m_bench->connectOffline();
+    const auto *save = m_bench->find<QAction>("audit_save_csv");
+    QVERIFY(save->isEnabled());
+    const QString missing = m_bench->path(QStringLiteral("missing.db"));
+    answerNext<ConnectionOptionsDialog>([missing](QDialog *dialog) {
+        editOf(dialog, "audit_location")->setText(missing);
+        press(dialog, "audit_connection_save");
+    });
+    QCOMPARE(m_bench->view()->launchConnectionDialog(), int(QDialog::Accepted));
+    const MessageBoxes boxes({QStringLiteral("No")});
+    m_bench->clickConnect();
+    QCOMPARE(boxes.seen().size(), 1);
+    for (const char *name : {"audit_copy_rows", "audit_copy_cell", "audit_save_csv", "audit_chart"})
+        QVERIFY2(!m_bench->find<QAction>(name)->isEnabled(), name);
+    m_bench->closeView();
+    QSqlDatabase::removeDatabase(m_bench->log());
+}
+
 void TestAuditTrailConnection::changingFromOnlineToAFileAndBackLeavesNothingBehind()
 {
     const QString database = m_bench->path(QStringLiteral("online.db"));
@@ -236,13 +332,10 @@ void TestAuditTrailConnection::changingFromOnlineToAFileAndBackLeavesNothingBehi
     const QtWarnings warnings;
     for (const int mode : {0, 1, 0, 1}) {
         answerNext<ConnectionOptionsDialog>([mode](QDialog *dialog) {
-            dialog->findChild<QComboBox *>(QStringLiteral("audit_connection_mode"))->setCurrentIndex(mode);
-            dialog->findChild<QLineEdit *>(QStringLiteral("audit_username"))
-                ->setText(QStringLiteral("auditor"));
-            dialog->findChild<QLineEdit *>(QStringLiteral("audit_password"))
-                ->setText(QStringLiteral("secret"));
-            QTest::mouseClick(dialog->findChild<QPushButton *>(QStringLiteral("audit_connection_save")),
-                              Qt::LeftButton);
+            choose(dialog, mode);
+            editOf(dialog, "audit_username")->setText(QStringLiteral("auditor"));
+            editOf(dialog, "audit_password")->setText(QStringLiteral("secret"));
+            press(dialog, "audit_connection_save");
         });
         QCOMPARE(m_bench->view()->launchConnectionDialog(), int(QDialog::Accepted));
         m_bench->clickConnect();
@@ -265,8 +358,7 @@ void TestAuditTrailConnection::aGroupWithoutParametersOpensTheDialog()
     bool opened = false;
     answerNext<ConnectionOptionsDialog>([&opened](QDialog *dialog) {
         opened = true;
-        QTest::mouseClick(dialog->findChild<QPushButton *>(QStringLiteral("audit_connection_cancel")),
-                          Qt::LeftButton);
+        press(dialog, "audit_connection_cancel");
     });
     m_bench->clickConnect();
     QVERIFY(opened);
@@ -274,18 +366,106 @@ void TestAuditTrailConnection::aGroupWithoutParametersOpensTheDialog()
     QVERIFY(!m_bench->disconnectAction()->isEnabled());
 }
 
+void TestAuditTrailConnection::anEmptyLocationOpensTheDialogAndIsNoError()
+{
+    openSettingsFile(m_bench->localCache())->setValue(QStringLiteral("actiondb_offline/location"), QString());
+    m_bench->openView();
+    const MessageBoxes boxes;
+    bool isOffline = false;
+    answerNext<ConnectionOptionsDialog>([&isOffline](QDialog *dialog) {
+        isOffline = editOf(dialog, "audit_location")->isVisible();
+        press(dialog, "audit_connection_cancel");
+    });
+    m_bench->clickConnect();
+    QVERIFY(isOffline);
+    QVERIFY(boxes.seen().isEmpty());
+    QCOMPARE(m_bench->errors().count(), 0);
+    QVERIFY(!m_bench->disconnectAction()->isEnabled());
+}
+
+void TestAuditTrailConnection::withoutCachedOptionsTheStoreGivesThem_data()
+{
+    QTest::addColumn<QVariant>("folder");
+    QTest::addColumn<QVariant>("connectOptions");
+    QTest::addColumn<QString>("location");
+    QTest::addColumn<QStringList>("lines");
+
+    const QStringList options{QStringLiteral("SQL_ATTR_LOGIN_TIMEOUT=3")};
+    QTest::newRow("a folder that ends in a separator")
+        << QVariant(QStringLiteral("/logs/")) << QVariant(options) << QStringLiteral("/logs/actionlog.db")
+        << QStringList{options.first(), QString()};
+    QTest::newRow("a name without a separator, and an empty text as options")
+        << QVariant(QStringLiteral("/logs/ward")) << QVariant(QString(QLatin1String("")))
+        << QStringLiteral("/logs/wardactionlog.db") << QStringList{QString()};
+    QTest::newRow("no folder stored")
+        << QVariant() << QVariant(options) << QStringLiteral("actionlogactionlog.db")
+        << QStringList{options.first(), QString()};
+}
+
+void TestAuditTrailConnection::withoutCachedOptionsTheStoreGivesThem()
+{
+    QFETCH(QVariant, folder);
+    QFETCH(QVariant, connectOptions);
+    QFETCH(QString, location);
+    QFETCH(QStringList, lines);
+    QVERIFY(QFile::remove(m_bench->localCache()));
+    SettingsHandler *store = SettingsHandler::getInstance();
+    store->setDatabaseSettings(
+        QStringLiteral("actiondb"),
+        {{QStringLiteral("params"), QVariantMap{{QStringLiteral("Database"), QStringLiteral("log")}}}});
+    store->setValue(QStringLiteral("actiondb/connectoptions"), connectOptions);
+    if (folder.isValid())
+        store->setValue(QLatin1String(SettingsKeys::kActionLogLocation), folder);
+    m_bench->openView();
+    QString mode;
+    QString setting;
+    QString path;
+    QStringList texts;
+    bool savable = true;
+    answerNext<ConnectionOptionsDialog>([&](QDialog *dialog) {
+        mode = dialog->findChild<QComboBox *>(QStringLiteral("audit_connection_mode"))->currentText();
+        setting = editOf(dialog, "audit_setting")->text();
+        path = editOf(dialog, "audit_location")->text();
+        for (const QLineEdit *edit : dialog->findChildren<QLineEdit *>(QStringLiteral("audit_parameter")))
+            texts.append(edit->text());
+        QMetaObject::invokeMethod(dialog, "handleSaveButtonState");
+        savable = dialog->findChild<QPushButton *>(QStringLiteral("audit_connection_save"))->isEnabled();
+        press(dialog, "audit_connection_cancel");
+    });
+    QCOMPARE(m_bench->view()->launchConnectionDialog(), int(QDialog::Rejected));
+    QCOMPARE(mode, QStringLiteral("online"));
+    QCOMPARE(setting, QStringLiteral("Database=log"));
+    QCOMPARE(path, location);
+    QCOMPARE(texts, lines);
+    QVERIFY(!savable);
+}
+
+void TestAuditTrailConnection::aRejectedDialogKeepsTheCachedOptions()
+{
+    const QByteArray before = readFile(m_bench->localCache());
+    QVERIFY(!before.isEmpty());
+    m_bench->openView();
+    answerNext<ConnectionOptionsDialog>([](QDialog *dialog) {
+        editOf(dialog, "audit_location")->setText(QStringLiteral("/elsewhere.db"));
+        choose(dialog, 0);
+        editOf(dialog, "audit_setting")->setText(QStringLiteral("Driver=SQLite3"));
+        press(dialog, "audit_connection_cancel");
+    });
+    QCOMPARE(m_bench->view()->launchConnectionDialog(), int(QDialog::Rejected));
+    m_bench->closeView();
+    QCOMPARE(readFile(m_bench->localCache()), before);
+}
+
 void TestAuditTrailConnection::optionsAreKeptWithoutNameAndPassword()
 {
     m_bench->openView();
     answerNext<ConnectionOptionsDialog>([](QDialog *dialog) {
-        dialog->findChild<QComboBox *>(QStringLiteral("audit_connection_mode"))->setCurrentIndex(0);
-        dialog->findChild<QLineEdit *>(QStringLiteral("audit_username"))->setText(QStringLiteral("auditor"));
-        dialog->findChild<QLineEdit *>(QStringLiteral("audit_password"))
-            ->setText(QStringLiteral("viewer-secret"));
-        auto *setting = dialog->findChild<QLineEdit *>(QStringLiteral("audit_setting"));
+        choose(dialog, 0);
+        editOf(dialog, "audit_username")->setText(QStringLiteral("auditor"));
+        editOf(dialog, "audit_password")->setText(QStringLiteral("viewer-secret"));
+        auto *setting = editOf(dialog, "audit_setting");
         setting->setText(QStringLiteral("Driver=SQLite3;Database=/x"));
-        QTest::mouseClick(dialog->findChild<QPushButton *>(QStringLiteral("audit_connection_save")),
-                          Qt::LeftButton);
+        press(dialog, "audit_connection_save");
     });
     QCOMPARE(m_bench->view()->launchConnectionDialog(), int(QDialog::Accepted));
     const QByteArray cache = readFile(m_bench->localCache());
@@ -303,6 +483,17 @@ void TestAuditTrailConnection::filtersSurviveADisconnection()
     m_bench->disconnectAction()->trigger();
     m_bench->clickConnect();
     QCOMPARE(m_bench->rows(), 2);
+}
+
+void TestAuditTrailConnection::theSortSurvivesADisconnection()
+{
+    m_bench->connectOffline();
+    m_bench->table()->horizontalHeader()->setSortIndicator(6, Qt::DescendingOrder);
+    m_bench->disconnectAction()->trigger();
+    m_bench->clickConnect();
+    QCOMPARE(m_bench->cell(0, 6), QStringLiteral("cleo"));
+    QVERIFY(
+        m_bench->actions().last().last().toString().endsWith(QStringLiteral("ORDER BY operator_name DESC;")));
 }
 
 QTEST_MAIN(TestAuditTrailConnection)
