@@ -185,7 +185,9 @@ void TestAuditTrailView::aPressReceivedByTheListClosesIt()
     m_bench->openView();
     auto *opener = m_bench->view()->findChild<QPushButton *>(button);
     auto *popup = m_bench->view()->findChild<SelectionPopup *>(list);
-    // A press that was sent on to the button below would open the list with the release that follows.
+    // A press that was sent on to the button below would open the list with the release that follows. Not
+    // every platform sends it on, so that the attribute is looked at too.
+    QVERIFY(popup->testAttribute(Qt::WA_NoMouseReplay));
     for (int round = 0; round < 2; ++round) {
         QTest::mouseClick(opener, Qt::LeftButton);
         QVERIFY(popup->isVisible());
