@@ -1126,6 +1126,10 @@ Jetzt speichern?</translation>
         <source>Choose database file</source>
         <translation>Datenbankdatei auswählen</translation>
     </message>
+    <message>
+        <source>DB (*.db)</source>
+        <translation>DB (*.db)</translation>
+    </message>
 </context>
 <context>
     <name>CustomPersonField</name>

@@ -1126,6 +1126,10 @@ Save now?</translation>
         <source>Choose database file</source>
         <translation>Choose database file</translation>
     </message>
+    <message>
+        <source>DB (*.db)</source>
+        <translation>DB (*.db)</translation>
+    </message>
 </context>
 <context>
     <name>CustomPersonField</name>

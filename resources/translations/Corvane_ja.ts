@@ -1124,6 +1124,10 @@ Save now?</source>
         <source>Choose database file</source>
         <translation>データベースファイルを選択</translation>
     </message>
+    <message>
+        <source>DB (*.db)</source>
+        <translation>DB (*.db)</translation>
+    </message>
 </context>
 <context>
     <name>CustomPersonField</name>
