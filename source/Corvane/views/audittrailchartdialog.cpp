@@ -198,13 +198,12 @@ AuditTrailChartDialog::AuditTrailChartDialog(const AuditTrailTimeline &timeline,
 
 void AuditTrailChartDialog::buildChart(const AuditTrailTimeline &timeline)
 {
-    auto *chart = new QChart;
+    QChart *chart = m_view->chart();
     chart->setTitle(chartTitle(timeline.step()) + QStringLiteral(" - ") + sumText(timeline));
     QFont font = chart->titleFont();
     font.setBold(true);
     chart->setTitleFont(font);
     m_view->setAccessibleDescription(chart->title());
-    m_view->setChart(chart);
 
     const QVector<AuditTrailTimeline::Bar> bars = timeline.bars();
     if (bars.isEmpty())

@@ -156,7 +156,10 @@ SettingsBench::SettingsBench(const Workstation &workstation, int rights)
         qFatal("The view does not show");
 }
 
-SettingsBench::~SettingsBench() = default;
+SettingsBench::~SettingsBench()
+{
+    m_view.reset();  // saves and tells of it, which is recorded here
+}
 
 std::unique_ptr<AccessControl> SettingsBench::signIn(int rights)
 {
