@@ -13,6 +13,11 @@ QStringList splitLine(const QString &line)
     return line.split(QLatin1Char(';'), Qt::SkipEmptyParts);
 }
 
+bool isPlainTab(const QKeyEvent &event)
+{
+    return event.key() == Qt::Key_Tab && event.modifiers() == Qt::NoModifier;
+}
+
 }  // namespace
 
 QLineEdit *DatabaseGroupSettings::addEditor(LineList &list, const QString &text)
@@ -113,12 +118,11 @@ void DatabaseGroupSettings::removeEmptyEditors(LineList &list)
 }
 
 // Tab leaves the editor before its editing is finished. Finishing it first lets the focus go to the empty
-// line that the finished one brings.
+// line that the finished one brings. Ctrl+Tab is for the tabs around the page.
 bool DatabaseGroupSettings::eventFilter(QObject *watched, QEvent *event)
 {
     auto *editor = qobject_cast<QLineEdit *>(watched);
-    if (editor && event->type() == QEvent::KeyPress &&
-        static_cast<QKeyEvent *>(event)->key() == Qt::Key_Tab) {
+    if (editor && event->type() == QEvent::KeyPress && isPlainTab(*static_cast<QKeyEvent *>(event))) {
         emit editor->editingFinished();
         if (!editor->hasFocus())
             return true;

@@ -1,6 +1,7 @@
 #include "Corvane/settings/databasegroupfixture.h"
 
 #include <QApplication>
+#include <QTabWidget>
 
 /// The two lists of lines: how they grow, shrink and become parameters.
 class TestDatabaseGroupLines : public DatabaseGroupFixture
@@ -12,7 +13,10 @@ private slots:
     void returnAfterEditingARowMovesToTheNewEmptyRow();
     void clearingAMiddleRowMakesItVanish();
     void eachListEndsInExactlyOneEmptyRow();
+    void severalEmptyRowsGoByTheirFirstPlaces_data();
+    void severalEmptyRowsGoByTheirFirstPlaces();
     void tabWalksThroughTheRowsAsTheyStand();
+    void ctrlTabLeavesARowToTheTabsAroundThePage();
     void twoParametersOnOneLineComeBackAsTwoRows();
     void linesBecomeParameters_data();
     void linesBecomeParameters();
@@ -86,6 +90,30 @@ void TestDatabaseGroupLines::eachListEndsInExactlyOneEmptyRow()
     QCOMPARE(settings(), (QStringList{text("A=1"), text("B=2"), QString()}));
 }
 
+void TestDatabaseGroupLines::severalEmptyRowsGoByTheirFirstPlaces_data()
+{
+    QTest::addColumn<QStringList>("stored");
+    QTest::addColumn<QStringList>("shown");
+
+    const QString none;
+    QTest::newRow("one goes alone") << QStringList{none, text("A=1")} << QStringList{text("A=1"), none};
+    QTest::newRow("the second takes what has moved to its place")
+        << QStringList{none, none, text("A=1")} << QStringList{none, none};
+    QTest::newRow("the second takes the row behind it")
+        << QStringList{none, text("A=1"), none, text("B=2")} << QStringList{text("A=1"), none, none};
+    QTest::newRow("nothing but empty ones leaves one") << QStringList{none, none, none} << QStringList{none};
+}
+
+/// Empty rows that stand in a list together can only come from a file.
+void TestDatabaseGroupLines::severalEmptyRowsGoByTheirFirstPlaces()
+{
+    QFETCH(QStringList, stored);
+    QFETCH(QStringList, shown);
+    QVariantMap map = supportMap({}, stored);
+    showMap(map);
+    QCOMPARE(options(), shown);
+}
+
 void TestDatabaseGroupLines::tabWalksThroughTheRowsAsTheyStand()
 {
     QVariantMap map = supportMap({{text("A"), 1}}, kDefaultOptions);
@@ -99,6 +127,22 @@ void TestDatabaseGroupLines::tabWalksThroughTheRowsAsTheyStand()
     }
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
     QCOMPARE(QApplication::focusWidget()->objectName(), text("connection_parameter_2"));
+}
+
+void TestDatabaseGroupLines::ctrlTabLeavesARowToTheTabsAroundThePage()
+{
+    QTabWidget tabs;
+    auto *page = new DatabaseGroupSettings(Support, kEditable, kActionDbEnabled, false, nullptr);
+    tabs.addTab(page, text("Database"));
+    tabs.addTab(new QLineEdit, text("General"));
+    tabs.show();
+    QVERIFY(QTest::qWaitForWindowActive(&tabs));
+    auto *edited = page->findChild<QLineEdit *>(text("connection_setting_1"));
+    type(edited, text(" A=1"));
+    QTest::keyClick(edited, Qt::Key_Tab, Qt::ControlModifier);
+    QCOMPARE(tabs.currentIndex(), 1);
+    QCOMPARE(edited->text(), text("A=1"));
+    QVERIFY(page->findChild<QLineEdit *>(text("connection_setting_2")));
 }
 
 void TestDatabaseGroupLines::twoParametersOnOneLineComeBackAsTwoRows()
