@@ -24,19 +24,20 @@ QMap<QString, QVariant> ConnectionCache::connection(const QStringList &defaultOp
 {
     QMap<QString, QVariant> values;
     const QString params = QLatin1String(SettingsKeys::kParams);
+    const QString options = key(SettingsKeys::kConnectOptions);
     if (isRemembered()) {
         const auto cache = openSettingsFile(m_file);
         cache->beginGroup(m_cacheGroup);
         values.insert(params, OdbcConnection::readParameters(*cache));
         for (const char *name : kRememberedNames)
             values.insert(key(name), cache->value(QLatin1String(name)));
+        values.insert(options, cache->value(QLatin1String(SettingsKeys::kConnectOptions), defaultOptions));
         return values;
     }
     SettingsHandler *store = SettingsHandler::getInstance();
     values.insert(params, store->databaseSettings(m_databaseGroup).value(params));
     for (const char *name : kRememberedNames)
         values.insert(key(name), store->value(key(name), QString()));
-    const QString options = key(SettingsKeys::kConnectOptions);
     values.insert(options, store->value(options, defaultOptions));
     return values;
 }

@@ -21,7 +21,7 @@ public:
     /// The remembered connection; where there is none, that of the working settings. User name and password
     /// are in neither.
     ///
-    /// \param defaultOptions  connect options of a database that has none in the working settings
+    /// \param defaultOptions  connect options of a database that has none stored
     QMap<QString, QVariant> connection(const QStringList &defaultOptions) const;
     bool isRemembered() const;
     /// Replaces what is remembered, on disk too.

@@ -39,14 +39,18 @@ void AuditTrailView::loadConnectionOptions()
     if (groups.contains(QLatin1String(LocalCache::kActionDbOnlineGroup))) {
         m_localCache->beginGroup(QLatin1String(LocalCache::kActionDbOnlineGroup));
         m_onlineOptions.insert(kParams, OdbcConnection::readParameters(*m_localCache));
-        m_onlineOptions.insert(kConnectOptions, optionList(m_localCache->value(kConnectOptions)));
+        m_onlineOptions.insert(
+            kConnectOptions,
+            optionList(m_localCache->value(kConnectOptions, OdbcConnection::defaultConnectOptions())));
         m_onlineOptions.insert(kOnlineMode, m_localCache->value(kOnlineMode, true).toBool());
         m_localCache->endGroup();
     } else {
         const QVariantMap stored =
             SettingsHandler::getInstance()->databaseSettings(QLatin1String(SettingsKeys::kActionDbGroup));
         m_onlineOptions.insert(kParams, stored.value(kParams).toMap());
-        m_onlineOptions.insert(kConnectOptions, optionList(stored.value(kConnectOptions)));
+        m_onlineOptions.insert(
+            kConnectOptions,
+            optionList(stored.value(kConnectOptions, OdbcConnection::defaultConnectOptions())));
         m_onlineOptions.insert(kOnlineMode, true);
     }
 

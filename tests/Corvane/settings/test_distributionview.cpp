@@ -56,6 +56,7 @@ private slots:
     void withoutTheDatabaseRightTheDatabaseGroupsAreNotSent();
     void aFirstDistributionStartsWithTheStoresParametersAndEmptyCredentials();
     void aRememberedConnectionIsShown();
+    void aRememberedConnectionWithoutOptionsHasTheDefaultTimeouts();
     void savingStoresTheSettingsAndLeavesTheActiveConfiguration();
     void distributingMakesTheConfigurationActive();
     void theInformBoxIsSent();
@@ -248,6 +249,20 @@ void TestDistributionView::aRememberedConnectionIsShown()
     QCOMPARE(child<QComboBox>(*m_dialog, "sql_type_combo")->currentData().toInt(), 2);
     QCOMPARE(SiteConnection::userOf(*m_dialog), QStringLiteral("remembered"));
     QCOMPARE(SiteConnection::passwordOf(*m_dialog), QStringLiteral("secret"));
+}
+
+void TestDistributionView::aRememberedConnectionWithoutOptionsHasTheDefaultTimeouts()
+{
+    SiteConnection::remember(m_files.cache(), "supportdb_online", SiteConnection::params(m_site));
+    open();
+    QCOMPARE(SiteConnection::lines(*m_dialog, "connection_parameter_"), QStringList{QString()});
+    m_dialog->close();
+    QTRY_VERIFY(!m_dialog);
+
+    openSettingsFile(m_files.cache())->remove("supportdb_online/connectoptions");
+    open();
+    QCOMPARE(SiteConnection::lines(*m_dialog, "connection_parameter_"),
+             QStringList({"SQL_ATTR_LOGIN_TIMEOUT=2", "SQL_ATTR_CONNECTION_TIMEOUT=2", ""}));
 }
 
 void TestDistributionView::savingStoresTheSettingsAndLeavesTheActiveConfiguration()

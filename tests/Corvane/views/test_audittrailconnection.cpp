@@ -18,6 +18,9 @@
 namespace {
 
 const QString kOnlineName = QStringLiteral("actionlog.actionviewer");
+/// The lines of the connect options where none are stored.
+const QStringList kDefaultTimeouts{QStringLiteral("SQL_ATTR_LOGIN_TIMEOUT=2"),
+                                   QStringLiteral("SQL_ATTR_CONNECTION_TIMEOUT=2"), QString()};
 
 /// Opens an encrypted log under the name that the viewer gives its connection.
 bool openAsOwner(const QString &log)
@@ -69,7 +72,7 @@ private slots:
     void aBorrowedFileThenOnlineIsDisconnectedFromTheServer();
     void aFailedReconnectionLeavesNothingToDoWithTheRows();
     void changingFromOnlineToAFileAndBackLeavesNothingBehind();
-    void aGroupWithoutParametersOpensTheDialog();
+    void aGroupWithoutParametersOpensTheDialogWithTheDefaultTimeouts();
     void anEmptyLocationOpensTheDialogAndIsNoError();
     void withoutCachedOptionsTheStoreGivesThem_data();
     void withoutCachedOptionsTheStoreGivesThem();
@@ -347,7 +350,7 @@ void TestAuditTrailConnection::changingFromOnlineToAFileAndBackLeavesNothingBehi
     QVERIFY2(warnings.seen().isEmpty(), qPrintable(warnings.seen().join(QLatin1Char('\n'))));
 }
 
-void TestAuditTrailConnection::aGroupWithoutParametersOpensTheDialog()
+void TestAuditTrailConnection::aGroupWithoutParametersOpensTheDialogWithTheDefaultTimeouts()
 {
     SettingsHandler::getInstance()->setDatabaseSettings(
         QStringLiteral("actiondb"), {{QStringLiteral("params"), QVariantMap{{QStringLiteral("Driver"), 1}}}});
@@ -355,13 +358,14 @@ void TestAuditTrailConnection::aGroupWithoutParametersOpensTheDialog()
     cache->setValue(QStringLiteral("actiondb_online/online_mode"), true);
     cache.reset();
     m_bench->openView();
-    bool opened = false;
-    answerNext<ConnectionOptionsDialog>([&opened](QDialog *dialog) {
-        opened = true;
+    QStringList options;
+    answerNext<ConnectionOptionsDialog>([&options](QDialog *dialog) {
+        for (const QLineEdit *edit : dialog->findChildren<QLineEdit *>(QStringLiteral("audit_parameter")))
+            options.append(edit->text());
         press(dialog, "audit_connection_cancel");
     });
     m_bench->clickConnect();
-    QVERIFY(opened);
+    QCOMPARE(options, kDefaultTimeouts);
     QCOMPARE(m_bench->actions().count(), 0);
     QVERIFY(!m_bench->disconnectAction()->isEnabled());
 }
@@ -400,6 +404,8 @@ void TestAuditTrailConnection::withoutCachedOptionsTheStoreGivesThem_data()
     QTest::newRow("no folder stored")
         << QVariant() << QVariant(options) << QStringLiteral("actionlogactionlog.db")
         << QStringList{options.first(), QString()};
+    QTest::newRow("no options stored") << QVariant(QStringLiteral("/logs/")) << QVariant()
+                                       << QStringLiteral("/logs/actionlog.db") << kDefaultTimeouts;
 }
 
 void TestAuditTrailConnection::withoutCachedOptionsTheStoreGivesThem()
@@ -413,7 +419,8 @@ void TestAuditTrailConnection::withoutCachedOptionsTheStoreGivesThem()
     store->setDatabaseSettings(
         QStringLiteral("actiondb"),
         {{QStringLiteral("params"), QVariantMap{{QStringLiteral("Database"), QStringLiteral("log")}}}});
-    store->setValue(QStringLiteral("actiondb/connectoptions"), connectOptions);
+    if (connectOptions.isValid())
+        store->setValue(QStringLiteral("actiondb/connectoptions"), connectOptions);
     if (folder.isValid())
         store->setValue(QLatin1String(SettingsKeys::kActionLogLocation), folder);
     m_bench->openView();
