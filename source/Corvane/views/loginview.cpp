@@ -11,6 +11,7 @@
 #include <QPushButton>
 #include <QStackedLayout>
 #include <QVBoxLayout>
+#include <QWheelEvent>
 
 namespace {
 
@@ -23,6 +24,19 @@ constexpr int kPageStretch = 10;
 // How labels and boxes share the spare height.
 constexpr int kLabelStretch = 64;
 constexpr int kComboStretch = 32;
+
+/// A box in which a choice signs in at once: a turn of the wheel is none.
+class LoginCombo : public QComboBox
+{
+public:
+    using QComboBox::QComboBox;
+
+protected:
+    void wheelEvent(QWheelEvent *event) override
+    {
+        event->ignore();
+    }
+};
 
 /// The account without its domain.
 QString accountName(const QString &user)
@@ -161,7 +175,7 @@ QLabel *LoginView::createLabel(const QString &name, Qt::Alignment alignment)
 
 QComboBox *LoginView::createLoginCombo(const QString &name)
 {
-    auto *combo = new QComboBox(this);
+    auto *combo = new LoginCombo(this);
     combo->setObjectName(name);
     combo->setFixedSize(kFieldSize);
     combo->addItems({QString(), QString()});
