@@ -31,6 +31,14 @@ QString directoryOf(const QString &dataPath)
     return nativePath(dataPath + QLatin1String(SettingsParking::kDirectory));
 }
 
+/// Whether the working settings are on disk: without a file there must be none.
+bool areOnDisk(const QString &workingFile)
+{
+    QSettings *settings = SettingsHandler::getInstance()->generalSettings();
+    settings->sync();
+    return QFile::exists(workingFile) || settings->allKeys().isEmpty();
+}
+
 /// The newest of the former working files in a directory; empty without one.
 QString newestRecoveryFile(const QDir &directory)
 {
@@ -49,10 +57,18 @@ SettingsParking::SettingsParking(const QString &dataPath)
 {
     if (QDir(m_directory).exists()) {
         m_parkingFile = freeName(m_parkingFile);
-        m_recoveryFile = freeName(m_recoveryFile);
+        if (!isLastOnDisk())
+            m_recoveryFile = freeName(m_recoveryFile);
     } else {
         QDir().mkpath(m_directory);
     }
+}
+
+/// Whether an operation that could not write the working settings has left the former ones, and nothing newer
+/// is on disk.
+bool SettingsParking::isLastOnDisk() const
+{
+    return !QFile::exists(m_workingFile) && QFileInfo(m_recoveryFile).isFile();
 }
 
 void SettingsParking::park()
@@ -86,10 +102,14 @@ void SettingsParking::recover()
 
 void SettingsParking::clear()
 {
-    QSettings *settings = SettingsHandler::getInstance()->generalSettings();
-    settings->sync();
-    if (QFile::exists(m_workingFile) || settings->allKeys().isEmpty())
+    if (areOnDisk(m_workingFile))
         QDir(m_directory).removeRecursively();
+}
+
+void SettingsParking::clear(const QString &dataPath)
+{
+    if (areOnDisk(workingFile(dataPath)))
+        QDir(directoryOf(dataPath)).removeRecursively();
 }
 
 void SettingsParking::recoverAbandoned(const QString &dataPath)

@@ -12,7 +12,7 @@ public:
     static constexpr char kDirectory[] = "tmp_ini/";
 
     /// Makes the temporary directory. What is stuck there from an earlier run is left alone: the files get
-    /// fresh names.
+    /// fresh names. So is a former working file that no newer one on disk has replaced yet.
     ///
     /// \param dataPath  the data directory with its trailing separator
     explicit SettingsParking(const QString &dataPath);
@@ -31,6 +31,8 @@ public:
     /// Writes the working settings and then removes the temporary directory with all that is in it. It stays
     /// where they cannot be written, so that the former file is there at the next start.
     void clear();
+    /// The same for an operation that keeps its parking file elsewhere.
+    static void clear(const QString &dataPath);
 
     /// What the start of the program does about an operation that a killed process has left: puts the former
     /// working file back if there is no other, and removes the temporary directory. Nobody may have opened
@@ -41,6 +43,8 @@ public:
     static QString workingFile(const QString &dataPath);
 
 private:
+    bool isLastOnDisk() const;
+
     QString m_workingFile;
     QString m_directory;
     QString m_parkingFile;

@@ -69,7 +69,7 @@ bool SettingsView::exportTo(const QString &target, QString &message)
     } else {
         tellFailedCopy(message);
     }
-    temporary.removeRecursively();
+    SettingsParking::clear(m_dataPath);
     return exported;
 }
 

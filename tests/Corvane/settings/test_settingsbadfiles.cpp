@@ -87,6 +87,7 @@ private slots:
     void anArraySizeThatLiesIsHarmless();
 
     void withoutRoomSavingToTheLocalApplicationIsNoSuccess();
+    void withoutRoomALoadIsTakenBackAtTheNextStart_data();
     void withoutRoomALoadIsTakenBackAtTheNextStart();
     void withoutRoomAnExportFailsAndLeavesNothing();
     void aFolderInTheTargetsPlaceFailsWithBothSentences();
@@ -357,14 +358,31 @@ void TestSettingsBadFiles::withoutRoomSavingToTheLocalApplicationIsNoSuccess()
     QVERIFY(readFile(m_files.local()).contains("own=kept"));
 }
 
+void TestSettingsBadFiles::withoutRoomALoadIsTakenBackAtTheNextStart_data()
+{
+    QTest::addColumn<QByteArray>("menu");
+    QTest::addColumn<QByteArray>("action");
+    QTest::newRow("once") << QByteArray() << QByteArray();
+    QTest::newRow("after a second load") << QByteArray("local_menu") << QByteArray("load_action");
+    QTest::newRow("after an export that failed as well")
+        << QByteArray("transfer_menu") << QByteArray("export_action");
+}
+
 void TestSettingsBadFiles::withoutRoomALoadIsTakenBackAtTheNextStart()
 {
+    QFETCH(QByteArray, menu);
+    QFETCH(QByteArray, action);
+    const FileDialogs dialogs({m_folder + QStringLiteral("/other.ini")});
+    const MessageBoxes boxes;
     m_files.setLocal({{"site/own", "local"}});
     SettingsBench bench(m_workstation, kAllRights);
     begin(bench);
     {
         const FullDisk disk(kNoRoom);
         bench.choose("local_menu", "load_action");
+        QCOMPARE(stored("site/own").toString(), QStringLiteral("local"));
+        if (!action.isEmpty())
+            bench.choose(menu, action);
         QCOMPARE(stored("site/own").toString(), QStringLiteral("local"));
         store()->changeSettingsFile(m_workstation.path("aside.ini"));
     }

@@ -36,10 +36,14 @@ private slots:
     void aWorkingFileThatIsThereStays();
     void withoutAnythingLeftNothingHappens();
     void theFormerFileStaysWhileTheNewSettingsCannotBeWritten();
+    void theFormerFileStaysWhenThatHappensTwice();
+    void theFormerFileComesBackWhenNothingCanBePlaced();
     void emptySettingsAreSettings();
     void nothingIsPlacedOverAFile();
 
 private:
+    /// Makes other settings of the former ones, without being able to write them.
+    void replaceWithoutRoom();
     void recover()
     {
         SettingsParking::recoverAbandoned(m_workstation.dataDirectory());
@@ -105,22 +109,57 @@ void TestSettingsParking::withoutAnythingLeftNothingHappens()
     SettingsParking::recoverAbandoned(QString());
 }
 
-void TestSettingsParking::theFormerFileStaysWhileTheNewSettingsCannotBeWritten()
+void TestSettingsParking::replaceWithoutRoom()
 {
-    QVERIFY(writeFile(working(), kFormer));
-    store()->changeSettingsFile(working());
+    const FullDisk disk;
     SettingsParking parking(m_workstation.dataDirectory());
     parking.park();
     parking.unpark();
     setStored("site/own", "other");
-    {
-        const FullDisk disk;
-        parking.clear();
-    }
+    parking.clear();
     QVERIFY(!QFile::exists(working()));
     QVERIFY(hasTemporaryDirectory());
+}
+
+void TestSettingsParking::theFormerFileStaysWhileTheNewSettingsCannotBeWritten()
+{
+    QVERIFY(writeFile(working(), kFormer));
+    store()->changeSettingsFile(working());
+    replaceWithoutRoom();
     recover();
     QCOMPARE(readFile(working()), kFormer);
+    QVERIFY(!hasTemporaryDirectory());
+}
+
+void TestSettingsParking::theFormerFileStaysWhenThatHappensTwice()
+{
+    QVERIFY(writeFile(working(), kFormer));
+    store()->changeSettingsFile(working());
+    replaceWithoutRoom();
+    replaceWithoutRoom();
+    recover();
+    QCOMPARE(readFile(working()), kFormer);
+    QVERIFY(!hasTemporaryDirectory());
+}
+
+void TestSettingsParking::theFormerFileComesBackWhenNothingCanBePlaced()
+{
+    const QString source = m_workstation.path(QStringLiteral("source.ini"));
+    QVERIFY(writeFile(source, kOther));
+    QVERIFY(writeFile(working(), kFormer));
+    store()->changeSettingsFile(working());
+    replaceWithoutRoom();
+    {
+        const FullDisk disk;
+        SettingsParking parking(m_workstation.dataDirectory());
+        parking.park();
+        QVERIFY(!parking.place(source));
+        parking.recover();
+        parking.unpark();
+        parking.clear();
+    }
+    QCOMPARE(readFile(working()), kFormer);
+    QCOMPARE(stored("site/own").toString(), QStringLiteral("former"));
     QVERIFY(!hasTemporaryDirectory());
 }
 
