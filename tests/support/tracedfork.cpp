@@ -1,10 +1,13 @@
 #include "support/tracedfork.h"
 
 #include <algorithm>
+#include <chrono>
 #include <iterator>
+#include <thread>
 
 #include <csignal>
 
+#include <sys/prctl.h>
 #include <sys/ptrace.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
@@ -56,6 +59,12 @@ bool isChange(pid_t process)
            std::end(kChanges);
 }
 
+void takeEnd(int status, TracedFork::Result &result)
+{
+    result.wasKilled = WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL;
+    result.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
 class Tracer
 {
 public:
@@ -81,8 +90,7 @@ public:
             ptrace(m_result.hasBegun ? PTRACE_SYSCALL : PTRACE_CONT, m_process, nullptr,
                    reinterpret_cast<void *>(static_cast<long>(signal)));
         }
-        m_result.wasKilled = WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL;
-        m_result.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+        takeEnd(status, m_result);
         return m_result;
     }
 
@@ -108,19 +116,57 @@ private:
     bool m_isInCall = false;
 };
 
+TracedFork::Result runByTheClock(pid_t process, TracedFork::Moment moment)
+{
+    using std::chrono::microseconds;
+    using Clock = std::chrono::steady_clock;
+    TracedFork::Result result;
+    int status = 0;
+    if (waitpid(process, &status, WUNTRACED) != process)
+        return result;
+    result.hasBegun = WIFSTOPPED(status);
+    if (result.hasBegun) {
+        const Clock::time_point start = Clock::now();
+        kill(process, SIGCONT);
+        if (moment.kind == TracedFork::Moment::Time) {
+            std::this_thread::sleep_for(microseconds(moment.number));
+            kill(process, SIGKILL);
+        }
+        waitpid(process, &status, 0);
+        result.microseconds =
+            static_cast<int>(std::chrono::duration_cast<microseconds>(Clock::now() - start).count());
+    }
+    takeEnd(status, result);
+    return result;
+}
+
 }  // namespace
 
-TracedFork::Result TracedFork::run(const std::function<void()> &work, Moment moment)
+TracedFork::Way TracedFork::bestWay()
+{
+    const auto work = [] {
+        begin();
+        unlink("");
+    };
+    const Result result = run(work, Watched);
+    return result.exitCode == 0 && result.changes > 0 ? Watched : Unwatched;
+}
+
+TracedFork::Result TracedFork::run(const std::function<void()> &work, Way way, Moment moment)
 {
     const pid_t process = fork();
+    if (process < 0)
+        return Result();
     if (process == 0) {
+        // One that stands still would outlive a test that is killed.
+        prctl(PR_SET_PDEATHSIG, SIGKILL);
         alarm(kLongestLife);
-        if (ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) != 0)
+        if (way == Watched && ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) != 0)
             giveUp();
         work();
         _exit(0);
     }
-    return process > 0 ? Tracer(process, moment).run() : Result();
+    return way == Watched ? Tracer(process, moment).run() : runByTheClock(process, moment);
 }
 
 void TracedFork::begin()
