@@ -4,7 +4,7 @@
 #include "ZephanShared/widgets/dateformathelper.h"
 
 #include <QDateTime>
-#include <QSqlField>
+#include <QSqlQuery>
 #include <QSqlRecord>
 
 namespace {
@@ -88,8 +88,10 @@ AuditTrailQueryModel::AuditTrailQueryModel(QObject *parent)
 
 QVariant AuditTrailQueryModel::data(const QModelIndex &index, int role) const
 {
-    const QVariant value = QSqlQueryModel::data(index, role);
-    if (role != Qt::DisplayRole || !value.isValid())
+    if (role != Qt::DisplayRole || !index.isValid())
+        return QSqlQueryModel::data(index, role);
+    const QVariant value = storedValue(index.row(), index.column());
+    if (!value.isValid())
         return value;
     if (m_columns.isEmpty()) {
         const QSqlRecord fields = record();
@@ -97,6 +99,16 @@ QVariant AuditTrailQueryModel::data(const QModelIndex &index, int role) const
             m_columns.append(wordsOf(fields.fieldName(column)));
     }
     return shownValue(m_columns.value(index.column()), value);
+}
+
+/// What the base class returns, without its copy of the column's description for each cell, which takes
+/// longer than the cell: no column is ever hidden or inserted here.
+QVariant AuditTrailQueryModel::storedValue(int row, int column) const
+{
+    if (row >= rowCount() || column >= columnCount())
+        return QVariant();
+    QSqlQuery rows = query();
+    return rows.seek(row) ? rows.value(column) : QVariant();
 }
 
 AuditTrailQueryModel::Words AuditTrailQueryModel::wordsOf(const QString &column)

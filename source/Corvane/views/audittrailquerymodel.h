@@ -39,6 +39,8 @@ public:
     static QString typeName(int value);
 
 private:
+    QVariant storedValue(int row, int column) const;
+
     mutable QVector<Words> m_columns;  ///< of the present query; empty until they are needed
 };
 
