@@ -3,6 +3,8 @@
 #include "support/workstation.h"
 
 #include "CommunicationAndData/settings/settingshandler.h"
+#include "CommunicationAndData/settings/settingskeys.h"
+#include "ZephanShared/toolkit/abstractapplicationfactory.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -71,6 +73,13 @@ QStringList checkBoxTexts(const QWidget &page)
     return texts;
 }
 
+/// What the settings hold for the guide's application among the entries of a key.
+QString storedEntry(const char *key)
+{
+    const QStringList entries = SettingsHandler::getInstance()->value(QLatin1String(key)).toStringList();
+    return entries.filter(kApplication).join(QLatin1Char(' '));
+}
+
 }  // namespace
 
 /// The guide for plug-ins, followed word by word.
@@ -83,6 +92,7 @@ private slots:
 
     void itsPluginIsBuiltAgainstThePublicHeaderAlone();
     void itsFieldsAreOnThePage();
+    void whatIsChosenIsStoredAsItSays();
     void itsApplicationIsNamedByTheFieldsThatItRequires();
     void inGermanItsTextsAreGerman();
 
@@ -150,6 +160,26 @@ void TestPluginGuide::itsFieldsAreOnThePage()
     QCOMPARE(checkBoxTexts(page), hideable);
 }
 
+void TestPluginGuide::whatIsChosenIsStoredAsItSays()
+{
+    StudySettingsView page(m_workstation.dataDirectory());
+    int slot = 0;
+    for (const char *field : {"Best flow", "Days", "", "Date"}) {
+        auto *box = page.findChild<QComboBox *>(QStringLiteral("study_list_field_%1").arg(++slot));
+        box->setCurrentIndex(box->findText(QLatin1String(field)));
+    }
+    page.findChild<QCheckBox *>(QStringLiteral("study_field_diary"))->setChecked(true);
+    page.saveSettings();
+
+    const QString sentence =
+        QStringLiteral("stored under the application's name, as `%1` in `%2` and `%3` in `%4`,")
+            .arg(storedEntry(SettingsKeys::kStudyResultFields),
+                 QLatin1String(SettingsKeys::kStudyResultFields),
+                 storedEntry(SettingsKeys::kStudyHiddenFields),
+                 QLatin1String(SettingsKeys::kStudyHiddenFields));
+    QVERIFY2(m_guide.simplified().contains(sentence), qPrintable(sentence));
+}
+
 void TestPluginGuide::itsApplicationIsNamedByTheFieldsThatItRequires()
 {
     const FieldSettingsView page;
@@ -158,7 +188,10 @@ void TestPluginGuide::itsApplicationIsNamedByTheFieldsThatItRequires()
         if (label->text().contains(QStringLiteral("Peak flow at home")))
             named.append(label->objectName());
     }
-    QCOMPARE(named.size(), 2);
+    named.sort();
+    QCOMPARE(named,
+             (QStringList{QStringLiteral("field_required_by_%1").arg(AbstractApplication::PersonalId),
+                          QStringLiteral("field_required_by_%1").arg(AbstractApplication::Birthdate)}));
 }
 
 void TestPluginGuide::inGermanItsTextsAreGerman()
