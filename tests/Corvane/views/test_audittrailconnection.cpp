@@ -40,6 +40,19 @@ QLineEdit *editOf(const QDialog *dialog, const char *name)
     return dialog->findChild<QLineEdit *>(QLatin1String(name));
 }
 
+QList<QLineEdit *> parametersOf(const QDialog *dialog)
+{
+    return dialog->findChildren<QLineEdit *>(QStringLiteral("audit_parameter"));
+}
+
+QStringList textsOf(const QList<QLineEdit *> &edits)
+{
+    QStringList texts;
+    for (const QLineEdit *edit : edits)
+        texts.append(edit->text());
+    return texts;
+}
+
 void choose(const QDialog *dialog, int mode)
 {
     dialog->findChild<QComboBox *>(QStringLiteral("audit_connection_mode"))->setCurrentIndex(mode);
@@ -78,6 +91,7 @@ private slots:
     void withoutCachedOptionsTheStoreGivesThem();
     void aRejectedDialogKeepsTheCachedOptions();
     void optionsAreKeptWithoutNameAndPassword();
+    void optionsThatWereTakenAwayStayAway();
     void filtersSurviveADisconnection();
     void theSortSurvivesADisconnection();
 
@@ -360,8 +374,7 @@ void TestAuditTrailConnection::aGroupWithoutParametersOpensTheDialogWithTheDefau
     m_bench->openView();
     QStringList options;
     answerNext<ConnectionOptionsDialog>([&options](QDialog *dialog) {
-        for (const QLineEdit *edit : dialog->findChildren<QLineEdit *>(QStringLiteral("audit_parameter")))
-            options.append(edit->text());
+        options = textsOf(parametersOf(dialog));
         press(dialog, "audit_connection_cancel");
     });
     m_bench->clickConnect();
@@ -433,8 +446,7 @@ void TestAuditTrailConnection::withoutCachedOptionsTheStoreGivesThem()
         mode = dialog->findChild<QComboBox *>(QStringLiteral("audit_connection_mode"))->currentText();
         setting = editOf(dialog, "audit_setting")->text();
         path = editOf(dialog, "audit_location")->text();
-        for (const QLineEdit *edit : dialog->findChildren<QLineEdit *>(QStringLiteral("audit_parameter")))
-            texts.append(edit->text());
+        texts = textsOf(parametersOf(dialog));
         QMetaObject::invokeMethod(dialog, "handleSaveButtonState");
         savable = dialog->findChild<QPushButton *>(QStringLiteral("audit_connection_save"))->isEnabled();
         press(dialog, "audit_connection_cancel");
@@ -480,6 +492,28 @@ void TestAuditTrailConnection::optionsAreKeptWithoutNameAndPassword()
     QVERIFY(cache.contains("SQLite3"));
     QVERIFY(!cache.contains("auditor"));
     QVERIFY(!cache.contains("viewer-secret"));
+}
+
+void TestAuditTrailConnection::optionsThatWereTakenAwayStayAway()
+{
+    m_bench->openView();
+    answerNext<ConnectionOptionsDialog>([](QDialog *dialog) {
+        choose(dialog, 0);
+        editOf(dialog, "audit_setting")->setText(QStringLiteral("Driver=SQLite3"));
+        for (QLineEdit *edit : parametersOf(dialog))
+            edit->clear();
+        press(dialog, "audit_connection_save");
+    });
+    QCOMPARE(m_bench->view()->launchConnectionDialog(), int(QDialog::Accepted));
+    m_bench->closeView();
+    m_bench->openView();
+    QStringList lines;
+    answerNext<ConnectionOptionsDialog>([&lines](QDialog *dialog) {
+        lines = textsOf(parametersOf(dialog));
+        press(dialog, "audit_connection_cancel");
+    });
+    QCOMPARE(m_bench->view()->launchConnectionDialog(), int(QDialog::Rejected));
+    QCOMPARE(lines, QStringList{QString()});
 }
 
 void TestAuditTrailConnection::filtersSurviveADisconnection()
