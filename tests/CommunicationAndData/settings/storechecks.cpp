@@ -49,3 +49,20 @@ WithoutPrivileges::~WithoutPrivileges()
     if (geteuid() != m_user && seteuid(m_user) != 0)
         qFatal("The privileges cannot be taken back");
 }
+
+WriteProtection::WriteProtection(const QString &file)
+    : m_file(file)
+    , m_folder(QFileInfo(file).path())
+    , m_ofFile(QFile::permissions(m_file))
+    , m_ofFolder(QFile::permissions(m_folder))
+{
+    if (!QFile::setPermissions(m_file, QFile::Permissions(0x4444)) ||
+        !QFile::setPermissions(m_folder, QFile::Permissions(0x5555)))
+        qFatal("The file cannot be protected");
+}
+
+WriteProtection::~WriteProtection()
+{
+    QFile::setPermissions(m_folder, m_ofFolder);
+    QFile::setPermissions(m_file, m_ofFile);
+}

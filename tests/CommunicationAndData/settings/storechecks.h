@@ -1,6 +1,7 @@
 #ifndef STORECHECKS_H
 #define STORECHECKS_H
 
+#include <QFile>
 #include <QStringList>
 
 #include <unistd.h>
@@ -27,6 +28,22 @@ public:
 
 private:
     uid_t m_user;
+};
+
+/// For as long as it lives a file and its folder can be read and not written, by their owner neither. It
+/// holds nobody back who has root's privileges.
+class WriteProtection
+{
+public:
+    explicit WriteProtection(const QString &file);
+    ~WriteProtection();
+    Q_DISABLE_COPY(WriteProtection)
+
+private:
+    const QString m_file;
+    const QString m_folder;
+    const QFile::Permissions m_ofFile;
+    const QFile::Permissions m_ofFolder;
 };
 
 #endif

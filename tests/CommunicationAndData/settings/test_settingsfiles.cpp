@@ -227,7 +227,7 @@ void TestSettingsFiles::aDamagedFileThatCannotBeReplacedStaysAndIsReadIntoMemory
 {
     const QByteArray bytes = "[ui]\ngood=\xe4\n";
     QVERIFY(writeFile(m_path, bytes));
-    QVERIFY(QFile::setPermissions(m_path, QFile::Permissions(0x6644)));
+    const WriteProtection protection(m_path);
     const WithoutPrivileges nobody;
     store()->changeSettingsFile(m_path);
     QCOMPARE(store()->value(kGood).toString(), QString::fromUtf8("ä"));
@@ -287,7 +287,7 @@ void TestSettingsFiles::aFileThatMayNotBeReadStartsEmptyInMemory()
     const QByteArray bytes = "[ui]\ngood=1\n";
     QVERIFY(writeFile(m_path, bytes));
     QVERIFY(QFile::setPermissions(QFileInfo(m_path).path(), QFile::Permissions(0x7777)));
-    QVERIFY(QFile::setPermissions(m_path, QFile::Permissions(0x6600)));
+    QVERIFY(QFile::setPermissions(m_path, QFile::Permissions()));
     {
         const WithoutPrivileges nobody;
         store()->changeSettingsFile(m_path);
@@ -296,6 +296,7 @@ void TestSettingsFiles::aFileThatMayNotBeReadStartsEmptyInMemory()
         QCOMPARE(store()->value(kWritten).toInt(), 1);
         park();
     }
+    QVERIFY(QFile::setPermissions(m_path, QFile::Permissions(0x6600)));
     QCOMPARE(readFile(m_path), bytes);
     QCOMPARE(logged(m_path).filter(QStringLiteral("WRN CV: ")).size(), 1);
     store()->changeSettingsFile(m_path);
@@ -336,12 +337,13 @@ void TestSettingsFiles::whatCouldNotBeWrittenDoesNotComeBackInAnotherFile()
     const QString folder = QFileInfo(m_path).path();
     QVERIFY(writeFile(m_path, "[ui]\ngood=1\n"));
     {
+        const WriteProtection protection(m_path);
         const WithoutPrivileges nobody;
         store()->changeSettingsFile(m_path);
         store()->setValue(kWritten, 1);
         park();
     }
-    QVERIFY(logged(m_path).size() == 1);
+    QCOMPARE(logged(m_path).size(), 1);
     QVERIFY(QFile::rename(m_path, folder + QStringLiteral("/recovery.ini")));
     store()->changeSettingsFile(m_path);
     QVERIFY(store()->generalSettings()->allKeys().isEmpty());
@@ -357,6 +359,7 @@ void TestSettingsFiles::aValueIsWrittenOnceTheFolderIsWritableAgain()
     QVERIFY(writeFile(m_path, "[ui]\ngood=1\n"));
     store()->changeSettingsFile(m_path);
     {
+        const WriteProtection protection(m_path);
         const WithoutPrivileges nobody;
         store()->setValue(kWritten, 1);
         QTRY_COMPARE(logged(m_path).size(), 1);
