@@ -19,6 +19,14 @@ constexpr int kEditStretch = 2;
 constexpr int kButtonStretch = 1;
 constexpr int kTimeSpacing = 4;
 
+/// A calendar keeps its own look in a form whose style sheet frames the widgets within it: its letters are
+/// white, and without their background nobody could read the month.
+QString calendarStyle()
+{
+    return QStringLiteral("QWidget#qt_calendar_navigationbar { border: none; background-color: ") +
+           Palette::roleText + QStringLiteral("; }");
+}
+
 /// The format in which a typed text is read: the padded ones accept unpadded text too.
 int readingFormat(int format)
 {
@@ -63,6 +71,7 @@ DateEdit::DateEdit(bool withTime, QWidget *parent)
     m_calendar = new QCalendarWidget(m_calendarButton);
     m_calendar->setObjectName(QStringLiteral("calendar"));
     m_calendar->setWindowFlags(Qt::Popup);
+    m_calendar->setStyleSheet(calendarStyle());
     m_calendar->hide();
     connectEdits();
     updateTexts();
@@ -181,16 +190,14 @@ QToolButton *DateEdit::calendarButton() const
 void DateEdit::setDateTime(QDateTime dateTime)
 {
     const QDateTime local = dateTime.toLocalTime();
-    if (m_timeEdit) {
-        const QSignalBlocker blocker(m_timeEdit);
-        m_timeEdit->setTime(dateTime.isValid() ? local.time() : QTime(0, 0));
-    }
     if (dateTime.isValid()) {
         m_dateTime = dateTime;
         m_lineEdit->setText(local.date().toString(m_format->dateFormat()));
     } else {
         m_lineEdit->clear();
     }
+    if (m_timeEdit)
+        m_timeEdit->setTime(dateTime.isValid() ? local.time() : QTime(0, 0));
     validate();
 }
 
@@ -211,7 +218,7 @@ void DateEdit::toggleCalendar()
         m_calendar->hide();
         return;
     }
-    m_calendar->setSelectedDate(QDate::fromString(m_lineEdit->text(), m_format->dateFormat()));
+    m_calendar->setSelectedDate(dateOfText());
     m_calendar->adjustSize();
     QPoint place = m_calendarButton->mapToGlobal(QPoint(0, 0)) - QPoint(m_calendar->width(), 0);
     place.setX(qMax(place.x(), m_calendarButton->screen()->availableGeometry().left()));
@@ -222,13 +229,8 @@ void DateEdit::toggleCalendar()
 void DateEdit::validate()
 {
     completeDateText();
-    const QString text = m_lineEdit->text();
-    QDate date;
-    m_valid = true;
-    if (!text.isEmpty()) {
-        date = QDate::fromString(text, m_format->dateFormat(readingFormat(m_format->format())));
-        m_valid = date.isValid() && isWithinLimits(date);
-    }
+    const QDate date = dateOfText();
+    m_valid = m_lineEdit->text().isEmpty() || (date.isValid() && isWithinLimits(date));
     m_dateTime = QDateTime(date, timePart());
     setInvalid(!m_valid);
 }
@@ -259,6 +261,14 @@ void DateEdit::completeDateText()
     if (completed.size() != text.size())
         m_lineEdit->setText(completed);
     m_previousText = completed;
+}
+
+QDate DateEdit::dateOfText() const
+{
+    const QString text = m_lineEdit->text();
+    if (text.isEmpty())
+        return QDate();
+    return QDate::fromString(text, m_format->dateFormat(readingFormat(m_format->format())));
 }
 
 QTime DateEdit::timePart() const

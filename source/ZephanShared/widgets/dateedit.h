@@ -58,6 +58,7 @@ private:
     void buildTimeEdit();
     void connectEdits();
     void completeDateText();
+    QDate dateOfText() const;
     QTime timePart() const;
     bool isWithinLimits(const QDate &date) const;
 

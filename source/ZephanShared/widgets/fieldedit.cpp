@@ -13,12 +13,15 @@ FieldEdit::FieldEdit(QWidget *parent)
     m_label->setWordWrap(true);
     m_label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     m_label->setStyleSheet(StylePrinter::fieldLabelStyle());
+    m_label->setMaximumWidth(0);
     addWidget(m_label);
 }
 
 void FieldEdit::setLabelText(const QString &text)
 {
     m_label->setText(text);
+    // A label without a text would still be a letter wide.
+    m_label->setMaximumWidth(text.isEmpty() ? 0 : QWIDGETSIZE_MAX);
 }
 
 QString FieldEdit::labelText() const

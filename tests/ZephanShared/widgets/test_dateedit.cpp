@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QCalendarWidget>
+#include <QClipboard>
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
@@ -80,7 +81,11 @@ private slots:
     void limitsWithATimePartCountTheTime();
     void setDateShowsAndStores();
     void calendarFillsTheField();
+    void calendarShowsTheDayOfADateThatIsNotPadded();
     void calendarStaysOnTheScreen();
+    void toolTipTellsTheFormat_data();
+    void toolTipTellsTheFormat();
+    void withoutALabelTheFieldBeginsAtTheEdge();
     void autofilledEndsWithTheFirstEdit();
     void disabledFieldIsNeverAutofilled();
     void timePartIsStored();
@@ -301,6 +306,59 @@ void TestDateEdit::calendarFillsTheField()
     QVERIFY(calendar->isHidden());
 }
 
+void TestDateEdit::calendarShowsTheDayOfADateThatIsNotPadded()
+{
+    const Form form;
+    QApplication::clipboard()->setText(QStringLiteral("1.6.2016"));
+    form.date->lineEdit()->paste();
+    QCOMPARE(form.text(), QStringLiteral("1.6.2016"));
+    QVERIFY(form.date->isValid());
+    auto *calendar = form.findChild<QCalendarWidget *>();
+    form.date->toggleCalendar();
+    QTRY_VERIFY(calendar->isVisible());
+    QCOMPARE(calendar->selectedDate(), QDate(2016, 6, 1));
+    form.date->toggleCalendar();
+}
+
+void TestDateEdit::toolTipTellsTheFormat_data()
+{
+    QTest::addColumn<int>("format");
+    QTest::addColumn<QString>("hint");
+    const char *const hints[] = {"DD.MM.YYYY", "D.M.YYYY",   "YYYY.MM.DD",
+                                 "YYYY.M.D",   "MM.DD.YYYY", "M.D.YYYY"};
+    for (int format = 0; format < 6; ++format)
+        QTest::newRow(hints[format]) << format << QString::fromLatin1(hints[format]);
+}
+
+void TestDateEdit::toolTipTellsTheFormat()
+{
+    QFETCH(int, format);
+    QFETCH(QString, hint);
+    for (int separator = 0; separator < 3; ++separator) {
+        chooseFormat(format, separator);
+        const Form form;
+        const QLineEdit *edit = form.date->lineEdit();
+        const QString expected = QString(hint).replace(QLatin1Char('.'), QLatin1Char(kSeparators[separator]));
+        QCOMPARE(edit->toolTip(), expected);
+        form.date->lineEdit()->setText(QStringLiteral("1"));
+        form.date->validate();
+        QCOMPARE(edit->toolTip(), QStringLiteral("Enter valid date"));
+        form.date->setDate(QDate(2016, 2, 1));
+        QCOMPARE(edit->toolTip(), expected);
+    }
+}
+
+void TestDateEdit::withoutALabelTheFieldBeginsAtTheEdge()
+{
+    const Form form;
+    const QLineEdit *edit = form.date->lineEdit();
+    QCOMPARE(edit->x(), form.other->x());
+    form.date->setLabelText(QStringLiteral("Born"));
+    QTRY_VERIFY(edit->x() > form.other->x());
+    form.date->setLabelText(QString());
+    QTRY_COMPARE(edit->x(), form.other->x());
+}
+
 void TestDateEdit::calendarStaysOnTheScreen()
 {
     Form form;
@@ -345,6 +403,14 @@ void TestDateEdit::timePartIsStored()
     time->setTime(QTime(14, 0));
     QCOMPARE(changed.count(), 1);
     QCOMPARE(form.date->dateTime(false), QDateTime(QDate(2016, 2, 1), QTime(14, 0)));
+
+    form.date->setDateTime(QDateTime(QDate(2016, 2, 2), QTime(15, 30)));
+    QCOMPARE(changed.count(), 2);
+    QCOMPARE(form.date->dateTime(false), QDateTime(QDate(2016, 2, 2), QTime(15, 30)));
+    form.date->setDateTime(QDateTime());
+    QCOMPARE(time->time(), QTime(0, 0));
+    QCOMPARE(form.text(), QString());
+    QVERIFY(!form.date->dateTime(false).isValid());
 }
 
 void TestDateEdit::englishWordsStandInWhereALanguageHasNoAmAndPm()
