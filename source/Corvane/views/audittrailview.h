@@ -7,6 +7,7 @@
 #include <QMap>
 #include <QPointer>
 #include <QSqlDatabase>
+#include <QVector>
 
 #include <memory>
 
@@ -98,7 +99,8 @@ private:
     void startFilterTimer(QPointer<QLineEdit> &pending, const char *filterSlot);
     void setFilter(AuditFilterKey key, const QVariant &value);
     void refreshResults();
-    void fitColumnsOnce();
+    void keepColumnWidths();
+    void fitColumns();
     void logSearch(const QString &statement);
     QString serverText() const;
 
@@ -145,7 +147,7 @@ private:
     QAction *m_saveAction;
     QAction *m_chartAction;
     AuditTrailQueryModel *m_model = nullptr;
-    bool m_columnsFitted = false;
+    QVector<int> m_columnWidths;  ///< of the last result; empty until there was one with rows
 
     // Made anew with the filter panel.
     DateEdit *m_fromEdit = nullptr;

@@ -214,6 +214,7 @@ void AuditTrailView::setConnected(bool isConnected)
 void AuditTrailView::disconnectFromDatabase()
 {
     if (m_model) {
+        keepColumnWidths();
         m_model->disconnect(this);
         m_model->clear();
         m_table->setModel(nullptr);

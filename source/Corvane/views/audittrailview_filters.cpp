@@ -174,11 +174,12 @@ void AuditTrailView::refreshResults()
     const QString statement = AuditTrailQueryString::statement(m_filters, m_sort);
     logSearch(statement);
     const WaitCursor wait;
+    keepColumnWidths();
     m_model->setQuery(statement, m_database);
     for (int column = 0; column < m_model->columnCount(); ++column)
         m_model->setHeaderData(column, Qt::Horizontal, AuditTrailQueryString::headerText(column),
                                Qt::EditRole);
-    fitColumnsOnce();
+    fitColumns();
 }
 
 /// Every query is recorded before it runs.
@@ -193,14 +194,23 @@ QString AuditTrailView::serverText() const
     return OdbcConnection::withoutSecrets(m_database.databaseName());
 }
 
-/// With the first rows; afterwards the widths are the reader's.
-void AuditTrailView::fitColumnsOnce()
+/// A refused query and a disconnection take the columns away, and their widths with them.
+void AuditTrailView::keepColumnWidths()
 {
-    if (m_columnsFitted || m_model->rowCount() == 0)
-        return;
-    m_columnsFitted = true;
-    m_table->horizontalHeader()->setResizeContentsPrecision(kRowsToFit);
-    m_table->resizeColumnsToContents();
-    for (int column = 0; column < m_model->columnCount(); ++column)
-        m_table->setColumnWidth(column, qMin(m_table->columnWidth(column), kWidestColumn));
+    const QHeaderView *header = m_table->horizontalHeader();
+    for (int column = 0; column < header->count() && column < m_columnWidths.size(); ++column)
+        m_columnWidths[column] = header->sectionSize(column);
+}
+
+/// With the first rows; afterwards the widths are the reader's.
+void AuditTrailView::fitColumns()
+{
+    if (m_columnWidths.isEmpty() && m_model->rowCount() > 0) {
+        m_table->horizontalHeader()->setResizeContentsPrecision(kRowsToFit);
+        m_table->resizeColumnsToContents();
+        for (int column = 0; column < m_model->columnCount(); ++column)
+            m_columnWidths.append(qMin(m_table->columnWidth(column), kWidestColumn));
+    }
+    for (int column = 0; column < m_model->columnCount() && column < m_columnWidths.size(); ++column)
+        m_table->setColumnWidth(column, m_columnWidths.at(column));
 }

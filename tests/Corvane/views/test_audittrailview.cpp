@@ -3,12 +3,16 @@
 #include "audittrailbench.h"
 #include "support/messageboxes.h"
 
+#include <QCalendarWidget>
 #include <QComboBox>
 #include <QElapsedTimer>
 #include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
 #include <QTest>
+#include <QToolButton>
 #include <QWindow>
 
 #include <ctime>
@@ -20,6 +24,7 @@ class TestAuditTrailView : public QObject
 private slots:
     void init();
     void cleanup();
+    void theScreenFromTopToBottom();
     void withoutAConnectionFiltersRaiseNoQueryAndNoEvent();
     void filters_data();
     void filters();
@@ -34,6 +39,8 @@ private slots:
     void sortingAsksTheDatabase();
     void everyQueryIsRecordedBeforeItRuns();
     void aRefusedQueryGivesAnEmptyTable();
+    void columnsKeepTheirWidths();
+    void theCalendarsMonthCanBeRead();
     void aQueryShowsTheWaitCursor();
     void languageChangeKeepsTheFiltersInForce();
 
@@ -50,6 +57,37 @@ void TestAuditTrailView::cleanup()
 {
     m_bench.reset();
     QVERIFY(!QSqlDatabase::contains(QStringLiteral("actionlog.actionviewer")));
+}
+
+void TestAuditTrailView::theScreenFromTopToBottom()
+{
+    m_bench->openView();
+    QCOMPARE(m_bench->view()->minimumWidth(), 765);
+    QCOMPARE(m_bench->find<QWidget>("audit_filters")->styleSheet(),
+             QStringLiteral(".QWidget{ border: 1px solid lightgray; border-radius: 3px;}"));
+    QStringList labels;
+    for (const QLabel *label : m_bench->view()->findChildren<QLabel *>()) {
+        if (!label->text().isEmpty())
+            labels.append(label->text());
+    }
+    QCOMPARE(labels.takeFirst(), QStringLiteral("Filter by:"));
+    labels.sort();
+    QCOMPARE(labels, QStringList({QStringLiteral("Action"), QStringLiteral("Category"),
+                                  QStringLiteral("Database Key"), QStringLiteral("Date from (UTC) :"),
+                                  QStringLiteral("Date to (UTC) :"), QStringLiteral("Level"),
+                                  QStringLiteral("Operator ID or username"), QStringLiteral("System"),
+                                  QStringLiteral("Type")}));
+    for (const char *name : {"audit_date_from", "audit_date_to", "audit_type", "audit_category",
+                             "audit_level", "audit_action", "audit_text_4", "audit_text_5", "audit_text_8"})
+        QVERIFY2(m_bench->find<QWidget>(name)->height() == 25, name);
+    const auto *list = m_bench->find<SelectionPopup>("audit_level_list");
+    QCOMPARE(list->height(), 4 * list->sizeHintForRow(0));
+    const auto *button = m_bench->find<QToolButton>("audit_connect_button");
+    QCOMPARE(button->text(), QStringLiteral("Connect to database"));
+    QCOMPARE(button->popupMode(), QToolButton::MenuButtonPopup);
+    QCOMPARE(button->menu()->actions().first()->text(), QStringLiteral("Connection options"));
+    QCOMPARE(m_bench->disconnectAction()->text(), QStringLiteral("Disconnect"));
+    QVERIFY(!m_bench->disconnectAction()->isEnabled());
 }
 
 void TestAuditTrailView::withoutAConnectionFiltersRaiseNoQueryAndNoEvent()
@@ -288,6 +326,44 @@ void TestAuditTrailView::aRefusedQueryGivesAnEmptyTable()
     QTest::keyClick(edit, Qt::Key_Return);
     QCOMPARE(m_bench->rows(), 5);
     QVERIFY(boxes.seen().isEmpty());
+}
+
+void TestAuditTrailView::columnsKeepTheirWidths()
+{
+    m_bench->connectOffline();
+    const auto widths = [this] {
+        const QHeaderView *header = m_bench->table()->horizontalHeader();
+        QList<int> list;
+        for (int column = 0; column < header->count(); ++column)
+            list.append(header->sectionSize(column));
+        return list;
+    };
+    m_bench->table()->setColumnWidth(3, 222);
+    const QList<int> before = widths();
+    QCOMPARE(before.size(), 12);
+    m_bench->filterBy("audit_text_5", QStringLiteral("o'"));
+    QCOMPARE(widths().size(), 0);  // refused
+    m_bench->filterBy("audit_text_5", QString());
+    QCOMPARE(widths(), before);
+    m_bench->disconnectAction()->trigger();
+    m_bench->clickConnect();
+    QCOMPARE(widths(), before);
+    m_bench->filterBy("audit_text_5", QStringLiteral("nowhere"));
+    QCOMPARE(widths(), before);
+}
+
+/// Its letters are white, and the panel's style sheet reaches into it.
+void TestAuditTrailView::theCalendarsMonthCanBeRead()
+{
+    m_bench->openView();
+    m_bench->view()->findChildren<QToolButton *>(QStringLiteral("calendar_button")).first()->click();
+    auto *calendar = qobject_cast<QCalendarWidget *>(QApplication::activePopupWidget());
+    QVERIFY(calendar);
+    auto *bar = calendar->findChild<QWidget *>(QStringLiteral("qt_calendar_navigationbar"));
+    QVERIFY(bar);
+    const QColor background = bar->grab().toImage().pixelColor(bar->width() / 4, 1);
+    QVERIFY2(background.lightness() < 150, qPrintable(background.name()));
+    calendar->hide();
 }
 
 void TestAuditTrailView::aQueryShowsTheWaitCursor()
