@@ -1,6 +1,8 @@
 #include "ZephanShared/widgets/suggestionbox.h"
 
+#include <QCoreApplication>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QTreeWidget>
 
@@ -8,6 +10,22 @@ namespace {
 
 constexpr int kMostRows = 4;
 constexpr int kFrameHeight = 3;  // pixels above and below the rows
+
+/// The keys with which a person chooses from the list; all others are for the text.
+bool isForList(int key)
+{
+    switch (key) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return true;
+    default:
+        return false;
+    }
+}
 
 }  // namespace
 
@@ -24,6 +42,7 @@ SuggestionBox::SuggestionBox(QLineEdit *lineEdit)
     m_popup->setRootIsDecorated(false);
     m_popup->setUniformRowHeights(true);
     m_popup->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_popup->installEventFilter(this);
     connect(m_popup, &QTreeWidget::itemClicked, this, &SuggestionBox::itemClicked);
     connect(m_popup, &QTreeWidget::itemActivated, this, &SuggestionBox::itemClicked);
 }
@@ -73,4 +92,18 @@ void SuggestionBox::itemClicked()
         return;
     m_lineEdit->setText(item->text(0));
     emit suggestionSelected(m_popup->indexOfTopLevelItem(item));
+}
+
+bool SuggestionBox::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched != m_popup || event->type() != QEvent::KeyPress)
+        return QObject::eventFilter(watched, event);
+    const int key = static_cast<QKeyEvent *>(event)->key();
+    if (key == Qt::Key_Escape)
+        m_popup->hide();
+    else if (isForList(key))
+        return false;
+    else
+        QCoreApplication::sendEvent(m_lineEdit, event);
+    return true;
 }

@@ -29,6 +29,10 @@ public slots:
 signals:
     void suggestionSelected(int itemIndex);
 
+protected:
+    /// Typing goes on in the line edit while the list is open.
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     QLineEdit *m_lineEdit;
     QTreeWidget *m_popup;

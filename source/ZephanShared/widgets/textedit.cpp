@@ -3,15 +3,25 @@
 #include "ZephanShared/widgets/styleprinter.h"
 
 #include <QFontMetrics>
+#include <QTextBlock>
 #include <QTextEdit>
-
-#include <cmath>
+#include <QTextLayout>
 
 namespace {
 
 constexpr int kFewestLines = 2;
 constexpr int kMostLines = 15;
 constexpr int kSpareHeight = 8;  // pixels
+
+/// Lines as they are shown, with those that a narrow field breaks.
+int shownLines(const QTextDocument &document)
+{
+    document.size();  // lays out what has changed
+    int lines = 0;
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next())
+        lines += block.layout()->lineCount();
+    return lines;
+}
 
 }  // namespace
 
@@ -39,9 +49,7 @@ QTextEdit *TextEdit::textEdit() const
 void TextEdit::updateEditSize()
 {
     const int lineHeight = m_textEdit->fontMetrics().lineSpacing();
-    const int documentLines =
-        static_cast<int>(std::ceil(m_textEdit->document()->size().height() / lineHeight));
-    const int lines = qBound(kFewestLines, documentLines, kMostLines);
+    const int lines = qBound(kFewestLines, shownLines(*m_textEdit->document()), kMostLines);
     const int frame = m_textEdit->frameWidth() + m_textEdit->contentsMargins().top();
     const int height = lines * lineHeight + 2 * frame + kSpareHeight;
     if (height == m_textEdit->height())

@@ -9,7 +9,9 @@
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTextBlock>
 #include <QTextEdit>
+#include <QTextLayout>
 #include <QTreeWidget>
 
 namespace {
@@ -98,6 +100,7 @@ private slots:
     void detailsAreTheNameInItsOrder();
     void detailsCanBeSwitchedOff();
     void choosingASuggestionSelectsThePerson();
+    void typingGoesOnWhileTheSuggestionsAreShown();
     void emptyTextHidesTheSuggestions();
     void withoutTheSearchFlagNothingIsSearched();
     void textOfEachKey_data();
@@ -105,6 +108,8 @@ private slots:
     void failedSearchChangesNothing();
     void genderAndEthnicWords();
     void textEditGrowsWithItsLines();
+    void textEditIsAsHighAsItsLines_data();
+    void textEditIsAsHighAsItsLines();
 
 private:
     Workstation m_workstation;
@@ -171,6 +176,35 @@ void TestPersonFields::choosingASuggestionSelectsThePerson()
     QCOMPARE(field.edit->value(), QStringLiteral("Nieminen"));
     QCOMPARE(changed.count(), changesWhileTyping + 1);
     QVERIFY(!field.popup()->isVisible());
+}
+
+/// An open popup receives all keys.
+void TestPersonFields::typingGoesOnWhileTheSuggestionsAreShown()
+{
+    const Field field(SearchModelData::FirstName);
+    QSignalSpy selected(field.edit, &LineEdit::personSelected);
+    field.type(QStringLiteral("a"));
+    QVERIFY(field.popup()->isVisible());
+    QTest::keyClicks(field.popup(), QStringLiteral("nn"));
+    QCOMPARE(field.edit->value(), QStringLiteral("ann"));
+    QCOMPARE(field.popup()->topLevelItemCount(), 1);
+    QTest::keyClick(field.popup(), Qt::Key_Backspace);
+    QCOMPARE(field.edit->value(), QStringLiteral("an"));
+    QCOMPARE(field.popup()->topLevelItemCount(), 2);
+
+    QTest::keyClick(field.popup(), Qt::Key_Down);
+    QTest::keyClick(field.popup(), Qt::Key_Down);
+    QTest::keyClick(field.popup(), Qt::Key_Return);
+    QVERIFY(!field.popup()->isVisible());
+    QCOMPARE(field.edit->value(), QStringLiteral("Antti"));
+    QCOMPARE(selected.count(), 1);
+
+    field.edit->lineEdit()->clear();
+    field.type(QStringLiteral("a"));
+    QVERIFY(field.popup()->isVisible());
+    QTest::keyClick(field.popup(), Qt::Key_Escape);
+    QVERIFY(!field.popup()->isVisible());
+    QCOMPARE(field.edit->value(), QStringLiteral("a"));
 }
 
 void TestPersonFields::emptyTextHidesTheSuggestions()
@@ -260,6 +294,41 @@ void TestPersonFields::textEditGrowsWithItsLines()
     QCOMPARE(text.textEdit()->height(), highest);
     text.textEdit()->clear();
     QTRY_COMPARE(text.textEdit()->height(), smallest);
+}
+
+void TestPersonFields::textEditIsAsHighAsItsLines_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("lines");
+    const auto row = [](const char *name, int written, int lines) {
+        QTest::newRow(name)
+            << QStringList(QVector<QString>(written, QStringLiteral("line")).toList()).join(QLatin1Char('\n'))
+            << lines;
+    };
+    row("one line has room for two", 1, 2);
+    row("two lines", 2, 2);
+    row("three lines", 3, 3);
+    row("fourteen lines", 14, 14);
+    row("fifteen lines", 15, 15);
+    row("more lines are scrolled", 16, 15);
+    QTest::newRow("a long line is broken") << QStringLiteral("word ").repeated(30).trimmed() << -1;
+}
+
+void TestPersonFields::textEditIsAsHighAsItsLines()
+{
+    QFETCH(QString, text);
+    QFETCH(int, lines);
+    QWidget window;
+    TextEdit field(&window);
+    window.resize(300, 600);
+    window.show();
+    QTextEdit *edit = field.textEdit();
+    edit->setPlainText(text);
+    if (lines < 0)
+        lines = edit->document()->firstBlock().layout()->lineCount();
+    QVERIFY(lines > 1);
+    const int frame = edit->frameWidth() + edit->contentsMargins().top();
+    QTRY_COMPARE(edit->height(), lines * edit->fontMetrics().lineSpacing() + 2 * frame + 8);
 }
 
 QTEST_MAIN(TestPersonFields)
