@@ -44,6 +44,7 @@ private slots:
     void oddValuesInRows();
     void filesThatAreNoLog_data();
     void filesThatAreNoLog();
+    void aLogOfAnotherKeyIsTold();
     void aLogDamagedInTheMiddleShowsWhatCanBeRead();
     void aDirectoryInThePlaceOfTheLogIsTold();
     void aLogThatVanishesWhileItIsOpenIsMissedAtTheNextConnection();
@@ -209,6 +210,19 @@ void TestAuditTrailBadInput::filesThatAreNoLog()
     if (length >= 0)
         bytes = soundLog(m_bench->log()).left(length);
     QVERIFY(writeFile(m_bench->log(), bytes));
+    m_bench->openView();
+    expectFailure();
+    QCOMPARE(readFile(m_bench->log()), bytes);
+}
+
+void TestAuditTrailBadInput::aLogOfAnotherKeyIsTold()
+{
+    makeEncryptedLog(m_bench->log());
+    {
+        LogMaker maker(QLatin1String(kEncryptedDriver), m_bench->log());
+        QVERIFY(maker.run(QStringLiteral("PRAGMA rekey = 'another key'")));
+    }
+    const QByteArray bytes = readFile(m_bench->log());
     m_bench->openView();
     expectFailure();
     QCOMPARE(readFile(m_bench->log()), bytes);
