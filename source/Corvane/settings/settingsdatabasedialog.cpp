@@ -6,9 +6,9 @@
 #include "Corvane/settings/connectionarea.h"
 #include "Corvane/settings/databasegroupsettings.h"
 
-#include <QAbstractButton>
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QToolButton>
 
 namespace {
 
@@ -105,13 +105,16 @@ void SettingsDatabaseDialog::changeEvent(QEvent *event)
     QDialog::changeEvent(event);
 }
 
-// Return in a line of the connection ends its editing. It must not press a button that happens to be the
-// default one.
+// Return in a line of the connection ends its editing, and on a button it presses that button; push buttons
+// do so by themselves. It must not press another one that happens to be the default.
 void SettingsDatabaseDialog::keyPressEvent(QKeyEvent *event)
 {
-    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (isReturn && !qobject_cast<QAbstractButton *>(focusWidget()))
-        event->accept();
-    else
+    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
         QDialog::keyPressEvent(event);
+        return;
+    }
+    event->accept();
+    auto *button = qobject_cast<QToolButton *>(focusWidget());
+    if (button && !event->isAutoRepeat())
+        button->click();
 }

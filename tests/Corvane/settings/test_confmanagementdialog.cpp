@@ -41,6 +41,8 @@ private slots:
     void widgetsStandInTheirRowsAndColumns();
     void foldingTheConnection();
     void returnInALineStartsNothing();
+    void returnOnAButtonPressesThatButtonAndNoOther_data();
+    void returnOnAButtonPressesThatButtonAndNoOther();
     void withUserAndPasswordRememberedTheDialogConnectsAtOnce();
     void withoutThemItWaitsForTheConnectButton_data();
     void withoutThemItWaitsForTheConnectButton();
@@ -159,6 +161,34 @@ void TestConfManagementDialog::returnInALineStartsNothing()
     QTest::keyClick(user, Qt::Key_Return);
     QVERIFY(m_dialog->isVisible());
     QVERIFY(requests.isEmpty());
+}
+
+void TestConfManagementDialog::returnOnAButtonPressesThatButtonAndNoOther_data()
+{
+    QTest::addColumn<Qt::Key>("key");
+    QTest::addColumn<bool>("onOptions");
+    QTest::newRow("Return on the options button unfolds them") << Qt::Key_Return << true;
+    QTest::newRow("Enter on the options button unfolds them") << Qt::Key_Enter << true;
+    QTest::newRow("Return on the connect button connects anew") << Qt::Key_Return << false;
+}
+
+void TestConfManagementDialog::returnOnAButtonPressesThatButtonAndNoOther()
+{
+    QFETCH(Qt::Key, key);
+    QFETCH(bool, onOptions);
+    addConfigurations(1, 0);
+    openConnected();
+    setStored("site/own", "opened");
+    QSignalSpy loads(m_dialog, SIGNAL(loadTag(QString)));
+    QSignalSpy requests(m_dialog, SIGNAL(requestReconnect(QMap<QString, QVariant>)));
+    auto *button = child<QToolButton>(*m_dialog, onOptions ? "options_button" : "connect_button");
+    button->setFocus();
+    QTest::keyClick(button, key);
+    QVERIFY(loads.isEmpty());
+    QVERIFY(m_dialog->isVisible());
+    QCOMPARE(stored("site/own").toString(), QStringLiteral("opened"));
+    QCOMPARE(child<QScrollArea>(*m_dialog, "connection_area")->isVisible(), onOptions);
+    QCOMPARE(requests.count(), onOptions ? 0 : 1);
 }
 
 void TestConfManagementDialog::withUserAndPasswordRememberedTheDialogConnectsAtOnce()

@@ -48,6 +48,8 @@ class TestDistributionView : public DistributionFixture
 private slots:
     void theDialogHasItsSizesAndTexts();
     void cancelHasTheFocusAndReturnInALineSendsNothing();
+    void returnOnTheInformBoxSendsNothing_data();
+    void returnOnTheInformBoxSendsNothing();
     void theMenuOpensTheDialogAfterThePagesWereSaved();
     void anOperatorWithoutRight16OpensNoDialog();
     void showingThePagesTwiceOpensOneDialog();
@@ -121,9 +123,29 @@ void TestDistributionView::cancelHasTheFocusAndReturnInALineSendsNothing()
     user->setFocus();
     QTest::keyClicks(user, "reader");
     QTest::keyClick(user, Qt::Key_Return);
-    QTest::keyClick(child<QCheckBox>(*m_dialog, "inform_users"), Qt::Key_Enter);
     QVERIFY(requests.isEmpty());
     QVERIFY(m_dialog->isVisible());
+}
+
+void TestDistributionView::returnOnTheInformBoxSendsNothing_data()
+{
+    QTest::addColumn<Qt::Key>("key");
+    QTest::newRow("Return") << Qt::Key_Return;
+    QTest::newRow("Enter") << Qt::Key_Enter;
+}
+
+void TestDistributionView::returnOnTheInformBoxSendsNothing()
+{
+    QFETCH(Qt::Key, key);
+    open();
+    QSignalSpy requests(m_dialog, SIGNAL(requestReconnect(QMap<QString, QVariant>)));
+    auto *box = child<QCheckBox>(*m_dialog, "inform_users");
+    box->setFocus();
+    QTest::keyClick(box, key);
+    QVERIFY(requests.isEmpty());
+    QVERIFY(!box->isChecked());
+    QVERIFY(m_dialog->isVisible());
+    QCOMPARE(buttons(*m_dialog), kAllEnabled);
 }
 
 void TestDistributionView::theMenuOpensTheDialogAfterThePagesWereSaved()
