@@ -104,7 +104,6 @@ void DiffView::buildUi(bool withCancel)
     m_toggle = new QPushButton(this);
     m_toggle->setObjectName(QStringLiteral("toggle_button"));
     m_toggle->setFixedHeight(FormParts::kButtonHeight);
-    m_toggle->setAutoDefault(false);
 
     m_buttons = new QHBoxLayout;
     m_buttons->addStretch();

@@ -87,6 +87,7 @@ private slots:
     void itOpensOnThePreviousSettingsAndTogglesToTheInitialOnes();
     void theNameOfASourceIsShownAsItStands_data();
     void theNameOfASourceIsShownAsItStands();
+    void returnOnTheToggleSwitchesTheComparison();
     void withoutATagTheLeftLabelNamesThePreviousSettings();
     void withoutPreviousSettingsThereIsNoToggle();
     void aHiddenToggleStillComparesWithThePreviousSettings();
@@ -170,6 +171,19 @@ void TestDiffView::theNameOfASourceIsShownAsItStands()
         QCOMPARE(label->textFormat(), Qt::PlainText);
         QVERIFY(!label->buddy());
     });
+}
+
+void TestDiffView::returnOnTheToggleSwitchesTheComparison()
+{
+    const bool accepted = showDiff({kInitial, kPrevious, kCurrent, {}}, [](DiffView &dialog) {
+        QVERIFY(child<QPushButton>(dialog, "ok_button")->isDefault());
+        auto *toggle = child<QPushButton>(dialog, "toggle_button");
+        toggle->setFocus();
+        QTest::keyClick(toggle, Qt::Key_Return);
+        QVERIFY(dialog.isVisible());
+        QCOMPARE(panes(dialog).leftLabel, QStringLiteral("Initially loaded settings:"));
+    });
+    QVERIFY(!accepted);
 }
 
 void TestDiffView::withoutATagTheLeftLabelNamesThePreviousSettings()
