@@ -1,7 +1,10 @@
 #include "accesspagefixture.h"
 
+#include "siteconnection.h"
+
 #include <QApplication>
 #include <QFile>
+#include <QPushButton>
 #include <QSqlDatabase>
 #include <QTimer>
 
@@ -32,6 +35,14 @@ void ConnectionDialogs::answer()
         m_visits.takeFirst()(*dialog);
 }
 
+ConnectionDialogs::Visit connectAs(const QString &user, const QString &password)
+{
+    return [user, password](QDialog &dialog) {
+        SiteConnection::signInAs(dialog, user, password);
+        QTest::mouseClick(SettingsTest::child<QPushButton>(dialog, "connect_button"), Qt::LeftButton);
+    };
+}
+
 void AccessPageFixture::initTestCase()
 {
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
@@ -52,6 +63,14 @@ void AccessPageFixture::cleanup()
     const QStringList warnings = m_warnings->seen();
     QVERIFY2(warnings.isEmpty(), qPrintable(warnings.join(QLatin1Char(10))));
     m_warnings.reset();
+}
+
+QStringList AccessPageFixture::takeWarnings()
+{
+    const QStringList warnings = m_warnings->seen();
+    m_warnings.reset();
+    m_warnings = std::make_unique<QtWarnings>();
+    return warnings;
 }
 
 void AccessPageFixture::show(int rights)

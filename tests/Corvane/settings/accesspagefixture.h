@@ -37,6 +37,9 @@ private:
     int m_count = 0;
 };
 
+/// The visit of somebody who types this and connects.
+ConnectionDialogs::Visit connectAs(const QString &user, const QString &password = QString());
+
 /// The access and audit trail page in a window of its own. Each test ends without a warning of Qt's and
 /// without an open connection.
 class AccessPageFixture : public QObject
@@ -45,6 +48,8 @@ class AccessPageFixture : public QObject
 
 private slots:
     void initTestCase();
+
+protected slots:
     void init();
     void cleanup();
 
@@ -63,6 +68,8 @@ protected:
     {
         QTest::mouseClick(online(), Qt::LeftButton, {}, QPoint(8, online()->height() / 2));
     }
+    /// The warnings of Qt's so far, which are all right then.
+    QStringList takeWarnings();
     QString cacheFile() const
     {
         return m_workstation.dataDirectory() + QStringLiteral("local_cache");

@@ -8,6 +8,8 @@
 #include <QFile>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QSignalSpy>
+#include <QSqlDatabase>
 #include <QTest>
 
 using namespace SettingsTest;
@@ -21,14 +23,6 @@ const QString kNotAccepted = QStringLiteral("Setting not accepted");
 void press(QDialog &dialog, const char *button)
 {
     QTest::mouseClick(child<QPushButton>(dialog, button), Qt::LeftButton);
-}
-
-ConnectionDialogs::Visit connectAs(const QString &user, const QString &password = QString())
-{
-    return [user, password](QDialog &dialog) {
-        SiteConnection::signInAs(dialog, user, password);
-        press(dialog, "connect_button");
-    };
 }
 
 }  // namespace
@@ -52,6 +46,8 @@ private slots:
     void theConnectionIsTakenFromTheStoreTheFirstTime();
     void theConnectionIsRememberedWithoutUserAndPassword();
     void aRefusedVisitIsRememberedToo();
+    void aConnectionOfAnotherVisitCutsThePagesOwnSignals_data();
+    void aConnectionOfAnotherVisitCutsThePagesOwnSignals();
     void theKeyboardReadsToo();
     void theDialogHasItsSizesAndTexts();
 
@@ -371,6 +367,32 @@ void TestOnlineAuditTrail::aRefusedVisitIsRememberedToo()
     pressOnline();
     QCOMPARE(boxes.seen().last().title, kNotAccepted);
     QVERIFY(SiteConnection::remembered(cacheFile(), "actiondb_online").contains("params/1/value=Nowhere"));
+}
+
+void TestOnlineAuditTrail::aConnectionOfAnotherVisitCutsThePagesOwnSignals_data()
+{
+    QTest::addColumn<bool>("isLeft");
+    QTest::newRow("the signals are heard after an ordinary visit") << false;
+    QTest::newRow("the signals are cut where a connection was left") << true;
+}
+
+void TestOnlineAuditTrail::aConnectionOfAnotherVisitCutsThePagesOwnSignals()
+{
+    QFETCH(bool, isLeft);
+    rememberDatabase(auditDatabase("left"));
+    show();
+    const QSignalSpy heard(m_page.get(), &AccessSettingsView::checkDefRights);
+    if (isLeft)
+        QSqlDatabase::addDatabase("QODBC3", "audit_trail_setting_db");
+    MessageBoxes boxes;
+    ConnectionDialogs dialogs({connectAs("reader")});
+    pressOnline();
+    QCOMPARE(online()->checkState(), Qt::Unchecked);
+    emit m_page->checkDefRights();
+    QCOMPARE(heard.count(), isLeft ? 0 : 1);
+    const QStringList warnings = takeWarnings();
+    QCOMPARE(warnings.filter("duplicate connection name").size(), isLeft ? 1 : 0);
+    QCOMPARE(warnings.size(), isLeft ? 1 : 0);
 }
 
 void TestOnlineAuditTrail::theKeyboardReadsToo()
