@@ -6,12 +6,6 @@
 #include <QDir>
 #include <QFileInfo>
 
-namespace {
-
-constexpr uid_t kNobody = 65534;
-
-}  // namespace
-
 SettingsHandler *store()
 {
     return SettingsHandler::getInstance();
@@ -35,19 +29,6 @@ QStringList keptCopies(const QString &path)
     for (const QFileInfo &copy : found)
         copies.append(copy.filePath());
     return copies;
-}
-
-WithoutPrivileges::WithoutPrivileges()
-    : m_user(geteuid())
-{
-    if (m_user == 0 && seteuid(kNobody) != 0)
-        qFatal("The privileges cannot be dropped");
-}
-
-WithoutPrivileges::~WithoutPrivileges()
-{
-    if (geteuid() != m_user && seteuid(m_user) != 0)
-        qFatal("The privileges cannot be taken back");
 }
 
 WriteProtection::WriteProtection(const QString &file)

@@ -4,8 +4,6 @@
 #include <QFile>
 #include <QStringList>
 
-#include <unistd.h>
-
 class SettingsHandler;
 
 SettingsHandler *store();
@@ -18,17 +16,6 @@ QStringList linesWith(const QString &log, const QString &text);
 
 /// The kept copies of a file, full paths.
 QStringList keptCopies(const QString &path);
-
-/// For as long as it lives the process may do no more than anybody may.
-class WithoutPrivileges
-{
-public:
-    WithoutPrivileges();
-    ~WithoutPrivileges();
-
-private:
-    uid_t m_user;
-};
 
 /// For as long as it lives a file and its folder can be read and not written, by their owner neither. It
 /// holds nobody back who has root's privileges.

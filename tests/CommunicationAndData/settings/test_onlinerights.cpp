@@ -1,6 +1,7 @@
 #include "onlinesite.h"
 #include "onlinestore.h"
 #include "storechecks.h"
+#include "support/ordinaryuser.h"
 #include "support/workstation.h"
 
 #include <QElapsedTimer>
@@ -194,7 +195,7 @@ void TestOnlineRights::fileThatCannotBeWrittenIsALackOfRights()
         QFile::setPermissions(QFileInfo(path).path(), everybodyReads | everybodyEnters | QFile::WriteOwner));
     QVERIFY(QFile::setPermissions(path, everybodyReads));
 
-    const WithoutPrivileges asNobody;
+    const OrdinaryUser asNobody;
     QVERIFY(OnlineStore::connectTo(withParameter("Database", path)));
     QCOMPARE(stored(true), OnlineSettings::NoRights);
     QCOMPARE(OnlineStore::remove(id), OnlineSettings::NoRights);

@@ -2,6 +2,7 @@
 #include "CommunicationAndData/settings/settingshandler.h"
 #include "storechecks.h"
 #include "support/fulldisk.h"
+#include "support/ordinaryuser.h"
 #include "support/workstation.h"
 
 #include <QDir>
@@ -228,7 +229,7 @@ void TestSettingsFiles::aDamagedFileThatCannotBeReplacedStaysAndIsReadIntoMemory
     const QByteArray bytes = "[ui]\ngood=\xe4\n";
     QVERIFY(writeFile(m_path, bytes));
     const WriteProtection protection(m_path);
-    const WithoutPrivileges nobody;
+    const OrdinaryUser nobody;
     store()->changeSettingsFile(m_path);
     QCOMPARE(store()->value(kGood).toString(), QString::fromUtf8("ä"));
     store()->setValue(kWritten, 1);
@@ -289,7 +290,7 @@ void TestSettingsFiles::aFileThatMayNotBeReadStartsEmptyInMemory()
     QVERIFY(QFile::setPermissions(QFileInfo(m_path).path(), QFile::Permissions(0x7777)));
     QVERIFY(QFile::setPermissions(m_path, QFile::Permissions()));
     {
-        const WithoutPrivileges nobody;
+        const OrdinaryUser nobody;
         store()->changeSettingsFile(m_path);
         QVERIFY(store()->generalSettings()->allKeys().isEmpty());
         store()->setValue(kWritten, 1);
@@ -338,7 +339,7 @@ void TestSettingsFiles::whatCouldNotBeWrittenDoesNotComeBackInAnotherFile()
     QVERIFY(writeFile(m_path, "[ui]\ngood=1\n"));
     {
         const WriteProtection protection(m_path);
-        const WithoutPrivileges nobody;
+        const OrdinaryUser nobody;
         store()->changeSettingsFile(m_path);
         store()->setValue(kWritten, 1);
         park();
@@ -360,7 +361,7 @@ void TestSettingsFiles::aValueIsWrittenOnceTheFolderIsWritableAgain()
     store()->changeSettingsFile(m_path);
     {
         const WriteProtection protection(m_path);
-        const WithoutPrivileges nobody;
+        const OrdinaryUser nobody;
         store()->setValue(kWritten, 1);
         QTRY_COMPARE(logged(m_path).size(), 1);
     }
