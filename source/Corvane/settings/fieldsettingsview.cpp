@@ -52,7 +52,8 @@ FieldSettingsView::FieldSettingsView(QWidget *parent)
 
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(FormParts::makeScrollable(content, this));
+    m_pageArea = FormParts::makeScrollable(content, this);
+    layout->addWidget(m_pageArea);
     updateTexts();
     reloadSettings();
 }
@@ -334,7 +335,7 @@ void FieldSettingsView::addCustomField(CustomPersonField *field)
         // The new row has no place yet to which the area could be scrolled.
         m_customArea->widget()->layout()->activate();
         m_customArea->widget()->adjustSize();
-        m_customArea->ensureWidgetVisible(row);
+        bringIntoSight(row);
         buildRow(row);
         row->editName();
     }
@@ -449,7 +450,13 @@ void FieldSettingsView::moveRow(CustomPersonField *row, int step)
     m_customLayout->insertWidget(position + step, row);
     placeInTabOrder(step < 0 ? row : neighbour);
     m_customArea->widget()->layout()->activate();
+    bringIntoSight(row);
+}
+
+void FieldSettingsView::bringIntoSight(CustomPersonField *row)
+{
     m_customArea->ensureWidgetVisible(row);
+    m_pageArea->ensureWidgetVisible(row);
 }
 
 int FieldSettingsView::positionOf(int id) const

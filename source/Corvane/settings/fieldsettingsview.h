@@ -80,12 +80,14 @@ private:
     void placeInTabOrder(CustomPersonField *row);
     void removeRow(CustomPersonField *row);
     void moveRow(CustomPersonField *row, int step);
+    void bringIntoSight(CustomPersonField *row);
     int positionOf(int id) const;
     QStringList customNames() const;
     void offerCustomFields();
 
     QMap<QString, AbstractApplication *> m_applications;  ///< of the study plug-ins, not owned
 
+    QScrollArea *m_pageArea;
     QLabel *m_pageTitle;
     QLabel *m_standardTitle;
     QLabel *m_requiredTitle;

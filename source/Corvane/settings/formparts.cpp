@@ -13,6 +13,9 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QScrollBar>
+
+#include <algorithm>
 
 namespace {
 
@@ -36,6 +39,77 @@ public:
 
 private:
     QSize m_leastSize;
+};
+
+/// Columns that stand side by side, or one below the other when a page is too narrow for that: with large
+/// letters a page scrolls up and down and not sideways.
+class PageColumns : public QHBoxLayout
+{
+public:
+    using QHBoxLayout::QHBoxLayout;
+
+    QSize minimumSize() const override
+    {
+        int widest = 0;
+        for (int i = 0; i < count(); ++i)
+            widest = std::max(widest, itemAt(i)->minimumSize().width());
+        return QSize(marginSize().width() + widest, QHBoxLayout::minimumSize().height());
+    }
+
+    /// \param room      what the page has without scroll bars
+    /// \param barWidth  what the bar takes of it where the page scrolls up and down
+    void arrange(QSize room, int barWidth)
+    {
+        const QSize needed = sizeSideBySide();
+        if (needed.height() > room.height())
+            room.rwidth() -= barWidth;
+        const Direction wanted = needed.width() > room.width() ? TopToBottom : LeftToRight;
+        if (direction() == wanted)
+            return;
+        setDirection(wanted);
+        update();
+    }
+
+private:
+    QSize marginSize() const
+    {
+        const QMargins margins = contentsMargins();
+        return QSize(margins.left() + margins.right(), margins.top() + margins.bottom());
+    }
+
+    QSize sizeSideBySide() const
+    {
+        QSize size((count() - 1) * spacing(), 0);
+        for (int i = 0; i < count(); ++i) {
+            const QSize column = itemAt(i)->minimumSize();
+            size.rwidth() += column.width();
+            size.setHeight(std::max(size.height(), column.height()));
+        }
+        return size + marginSize();
+    }
+};
+
+/// Scrolls a page, whose columns it arranges by the room that there is.
+class PageArea : public QScrollArea
+{
+public:
+    using QScrollArea::QScrollArea;
+
+protected:
+    bool event(QEvent *event) override
+    {
+        if (event->type() == QEvent::Resize || event->type() == QEvent::LayoutRequest)
+            arrangeColumns();
+        return QScrollArea::event(event);
+    }
+
+private:
+    void arrangeColumns()
+    {
+        auto *columns = widget() ? dynamic_cast<PageColumns *>(widget()->layout()) : nullptr;
+        if (columns)
+            columns->arrange(maximumViewportSize(), verticalScrollBar()->sizeHint().width());
+    }
 };
 
 /// Leaves the wheel to the page that scrolls: only a widget that has the focus takes it.
@@ -73,7 +147,7 @@ QFrame *makeFrame(int minimumWidth, QWidget *parent)
 
 QHBoxLayout *makeColumns(QWidget *content)
 {
-    auto *columns = new QHBoxLayout(content);
+    auto *columns = new PageColumns(content);
     columns->setContentsMargins(kPageMargin, kPageMargin, kPageMargin, kPageMargin);
     columns->setSpacing(2 * kPageMargin);
     return columns;
@@ -81,7 +155,7 @@ QHBoxLayout *makeColumns(QWidget *content)
 
 QScrollArea *makeScrollable(QWidget *content, QWidget *page)
 {
-    auto *area = new QScrollArea(page);
+    auto *area = new PageArea(page);
     area->setFrameShape(QFrame::NoFrame);
     area->setWidgetResizable(true);
     area->setFocusPolicy(Qt::NoFocus);

@@ -29,7 +29,8 @@ constexpr int kFrameHeight = 410;
 /// A framed column at least `minimumWidth` wide and `kFrameHeight` high, with a vertical layout.
 QFrame *makeFrame(int minimumWidth, QWidget *parent);
 
-/// The layout of a page's columns.
+/// The layout of a page's columns: side by side, or one below the other where the page is too narrow for
+/// that.
 QHBoxLayout *makeColumns(QWidget *content);
 
 /// Puts `content` into a frameless area of `page` that scrolls when the page is too small for it. The

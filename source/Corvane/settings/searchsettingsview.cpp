@@ -33,7 +33,9 @@ namespace {
 constexpr int kFrameWidth = 362;
 constexpr int kMinimumEditWidth = 60;
 constexpr int kParameterColumns = 2;
-constexpr int kGroupTitleHeight = 30;
+constexpr int kGroupTitleTop = 10;     // as in the style sheet
+constexpr int kGroupTitleHeight = 30;  // with what is above and below it, where letters aren't large
+constexpr int kGroupTitleDistance = 2;
 constexpr int kGroupMargin = 10;
 constexpr int kDefaultMinimum = 3;
 
@@ -55,6 +57,12 @@ constexpr Parameter kParameters[] = {
     {SearchModelData::PersonalId, QT_TRANSLATE_NOOP("SearchSettingsView", "Personal ID")},
     {SearchModelData::PersonCode, QT_TRANSLATE_NOOP("SearchSettingsView", "Person code")},
 };
+
+/// The part of a group that its title needs.
+int titleHeight(const QGroupBox *group)
+{
+    return std::max(kGroupTitleHeight, kGroupTitleTop + group->fontMetrics().height() + kGroupTitleDistance);
+}
 
 /// A name as a check box shows it, where "&" would mark the next letter.
 QString shownName(QString name)
@@ -125,7 +133,7 @@ void SearchSettingsView::buildResult(QBoxLayout *layout)
     m_resultGroup = addGroup(layout);
     m_result = new PersonFieldBoxes(QStringLiteral("result_field"), m_resultGroup);
     m_resultGrid = new QGridLayout(m_resultGroup);
-    m_resultGrid->setContentsMargins(kGroupMargin, kGroupTitleHeight, kGroupMargin, 0);
+    m_resultGrid->setContentsMargins(kGroupMargin, titleHeight(m_resultGroup), kGroupMargin, 0);
 }
 
 void SearchSettingsView::buildParameters(QBoxLayout *layout)
@@ -133,7 +141,7 @@ void SearchSettingsView::buildParameters(QBoxLayout *layout)
     m_parametersGroup = addGroup(layout);
     layout->setStretchFactor(m_parametersGroup, 1);
     auto *groupLayout = new QVBoxLayout(m_parametersGroup);
-    groupLayout->setContentsMargins(kGroupMargin, kGroupTitleHeight, kGroupMargin, kGroupMargin);
+    groupLayout->setContentsMargins(kGroupMargin, titleHeight(m_parametersGroup), kGroupMargin, kGroupMargin);
 
     auto *content = new QWidget;
     auto *contentLayout = new QVBoxLayout(content);

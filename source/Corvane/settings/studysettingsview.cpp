@@ -129,6 +129,9 @@ void StudySettingsView::buildHead(QBoxLayout *layout)
     keepNarrow(m_applicationBox);
     m_noPluginsLabel = FormParts::addLabel(row);
     m_noPluginsLabel->setObjectName(QStringLiteral("no_study_plugins"));
+    m_noPluginsLabel->setWordWrap(true);
+    m_noPluginsLabel->setMinimumHeight(FormParts::kLabelHeight);
+    m_noPluginsLabel->setMaximumHeight(QWIDGETSIZE_MAX);
     row->setStretchFactor(m_applicationBox, 1);
     fillApplications();
 
@@ -188,7 +191,10 @@ void StudySettingsView::updateTexts()
 QString StudySettingsView::applicationText(const QString &id) const
 {
     const AbstractApplication *application = m_applications.value(id);
-    return application ? application->displayName() : tr("Spirometry");
+    if (!application)
+        return tr("Spirometry");
+    const QString displayName = application->displayName();
+    return displayName.isEmpty() ? id : displayName;
 }
 
 void StudySettingsView::fillReferenceSets()

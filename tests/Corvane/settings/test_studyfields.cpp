@@ -95,6 +95,7 @@ private slots:
     void fieldsThatCannotBeStoredAreLeftOut();
     void aPluginThatForgetsItsFieldsIsShownWithoutThem();
     void aPluginWithoutANameHasNoFields();
+    void aPluginWithoutADisplayNameIsShownByItsId();
     void aPluginThatFailsIsReportedOnceSomebodyListens();
     void textsFollowTheLanguageOfTheLocalCache();
     void thousandsOfFields();
@@ -397,6 +398,15 @@ void TestStudyFields::aPluginWithoutANameHasNoFields()
     QVERIFY(child<QWidget>(page, "study_fields")->isHidden());
     page.saveSettings();
     QVERIFY(!store()->generalSettings()->contains(QLatin1String(SettingsKeys::kStudyResultFields)));
+}
+
+void TestStudyFields::aPluginWithoutADisplayNameIsShownByItsId()
+{
+    PluginFolder folder;
+    QVERIFY(folder.add(QStringLiteral("untitled")));
+    StudySettingsView page(m_workstation.dataDirectory());
+    QCOMPARE(items(applicationBox(page)),
+             (QStringList{QStringLiteral("Untitled"), QStringLiteral("Spirometry")}));
 }
 
 void TestStudyFields::aPluginThatFailsIsReportedOnceSomebodyListens()
