@@ -187,6 +187,7 @@ private:
                   const QString &info);
     bool ensureConnection();
 
+    bool runRoles(QSqlQuery &query, QString id) const;
     bool readRoles(const OperatorModel &op);
     bool isLive(const UuidString &id);
     bool failSaving(ZephanError code);

@@ -290,17 +290,25 @@ bool SupportConnectionHandler::ensureConnection()
     return isConnected() || connectOnline();
 }
 
+/// Runs the query for the roles of an operator. Databases differ in what a backslash between quotes means:
+/// an id with one, which none of this program's own has, is bound.
+bool SupportConnectionHandler::runRoles(QSqlQuery &query, QString id) const
+{
+    const QString statement = QStringLiteral("SELECT * FROM operator_roles INNER JOIN roles on roles.role_id "
+                                             "= operator_roles.role_id WHERE operator_id =");
+    if (id.contains(QLatin1Char('\\')))
+        return run(query, statement + QLatin1String(" ?"), {id});
+    return run(query, statement + QLatin1Char('\'') + id.replace(QLatin1Char('\''), QLatin1String("''")) +
+                          QLatin1Char('\''));
+}
+
 // The titles come along; a deleted role counts while it is linked.
 bool SupportConnectionHandler::readRoles(const OperatorModel &op)
 {
-    QString id = op->operatorID().toString();
-    id.replace(QLatin1Char('\''), QLatin1String("''"));
     QSqlQuery query(m_database);
     QList<uint> ids;
     QStringList titles;
-    bool complete = run(query, QStringLiteral("SELECT * FROM operator_roles INNER JOIN roles on "
-                                              "roles.role_id = operator_roles.role_id WHERE operator_id ='") +
-                                   id + QLatin1Char('\''));
+    bool complete = runRoles(query, op->operatorID().toString());
     while (complete && query.next()) {
         const QSqlRecord row = query.record();
         ids.append(row.value(roleColumn()).toUInt());

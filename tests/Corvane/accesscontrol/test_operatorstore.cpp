@@ -413,8 +413,9 @@ void TestOperatorStore::idsNeedNotBeUuids()
     const UuidString windows(text("234567890-1234567890-1234567890-1001"));
     const UuidString hostile(text("x' OR '1'='1' -- 'aaaaaaaaaaaaaaaaaa"));
     const UuidString foreign(text("ääkköset-ไทย-中文-______________________").left(36));
+    const UuidString slashes(text("\\' OR 1=1 -- aaaaaaaaaaaaaaaaaaaaaa\\"));
     int number = 0;
-    for (const UuidString &id : {windows, hostile, foreign}) {
+    for (const UuidString &id : {windows, hostile, foreign, slashes}) {
         const uint role = roleId(++number % 2 ? text("Nurse") : text("Admin"));
         QVERIFY(!id.isNull());
         QVERIFY(m_handler->saveOperator(makeOperator(id, QString::number(number), {role})));
@@ -423,7 +424,8 @@ void TestOperatorStore::idsNeedNotBeUuids()
     }
     QVERIFY(m_handler->deleteOperator(makeOperator(hostile, text("2"))));
     QCOMPARE(elsewhere(text("SELECT username FROM operator WHERE deleted = 0 ORDER BY username")),
-             (QStringList{text("1"), text("3")}));
+             (QStringList{text("1"), text("3"), text("4")}));
+    QCOMPARE(m_handler->getOperators().size(), 3);
 }
 
 void TestOperatorStore::namesComeBackAsTheyWere_data()

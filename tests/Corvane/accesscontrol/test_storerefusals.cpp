@@ -96,7 +96,7 @@ QList<Refusal> refusalsOfOperators()
              0,
              false,
              {searched}},
-            {"the search of a name is not read",
+            {"the roles of a name are not read to the end",
              find,
              "SELECT * FROM operator_roles",
              Stage::Reading,

@@ -52,6 +52,15 @@ void ViewFixture::addOfflineFile()
     QTest::newRow("the encrypted file") << Place::OfflineFile;
 }
 
+void ViewFixture::addOnlinePlaces()
+{
+    QTest::addColumn<Place>("place");
+    addPlaceRows([](const QString &place, Place where) {
+        if (where != Place::OfflineFile)
+            QTest::newRow(qPrintable(place)) << where;
+    });
+}
+
 void ViewFixture::addSqlite()
 {
     QTest::addColumn<Place>("place");
@@ -126,17 +135,31 @@ void ViewFixture::comeBack()
 
 bool ViewFixture::refuse(const QString &statement, const QString &table, const QString &condition)
 {
-    m_triggers.append(QStringLiteral("refusal_%1").arg(m_triggers.size()));
-    return elsewhere(QStringLiteral("CREATE TRIGGER %1 BEFORE %2 ON %3 WHEN %4 BEGIN SELECT RAISE(ABORT, "
-                                    "'refused'); END")
-                         .arg(m_triggers.last(), statement, table, condition))
+    const QString trigger = QStringLiteral("refusal_%1").arg(m_triggers.size());
+    m_triggers.append(trigger);
+    QString when = QStringLiteral("WHEN %1 BEGIN SELECT RAISE(ABORT, 'refused'); END").arg(condition);
+    if (m_place == Place::MariaDb) {
+        when = QStringLiteral("FOR EACH ROW BEGIN IF %1 THEN SIGNAL SQLSTATE '45000'; END IF; END")
+                   .arg(condition);
+    } else if (m_place == Place::PostgreSql) {
+        when = QStringLiteral("FOR EACH ROW EXECUTE FUNCTION %1()").arg(trigger);
+        if (!elsewhere(QStringLiteral("CREATE FUNCTION %1() RETURNS trigger LANGUAGE plpgsql AS 'BEGIN IF %2 "
+                                      "THEN RAISE EXCEPTION ''refused''; END IF; RETURN NEW; END'")
+                           .arg(trigger, QString(condition).replace(QLatin1Char('\''), text("''"))))
+                 .isEmpty())
+            return false;
+    }
+    return elsewhere(
+               QStringLiteral("CREATE TRIGGER %1 BEFORE %2 ON %3 %4").arg(trigger, statement, table, when))
         .isEmpty();
 }
 
 void ViewFixture::allowAll()
 {
+    const QString drop =
+        text(m_place == Place::PostgreSql ? "DROP FUNCTION %1() CASCADE" : "DROP TRIGGER %1");
     for (const QString &trigger : qAsConst(m_triggers))
-        elsewhere(text("DROP TRIGGER ") + trigger);
+        elsewhere(drop.arg(trigger));
     m_triggers.clear();
 }
 

@@ -42,7 +42,9 @@ protected slots:
 protected:
     /// One row without a name of its own: the encrypted file.
     static void addOfflineFile();
-    /// The database behind ODBC that is a file.
+    /// The databases behind ODBC.
+    static void addOnlinePlaces();
+    /// The one of them that is a file.
     static void addSqlite();
 
     /// anna (Admin), bert (Nurse), the group CLINIC\NURSES (Nurse), the Windows user CLINIC\CARLA (Doctor).
@@ -58,7 +60,7 @@ protected:
     void leaveView();
     void comeBack();
     /// Lets the database refuse a statement ("INSERT" or "UPDATE") on the rows of a table where a condition
-    /// on the new row holds, until the end of the test. Files only.
+    /// on the new row holds, until the end of the test.
     bool refuse(const QString &statement, const QString &table, const QString &condition);
     /// Ends all refusals.
     void allowAll();
