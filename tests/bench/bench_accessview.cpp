@@ -1,5 +1,6 @@
 // The management view of users, roles, organisations and departments: the time to fill its tables anew from
-// an online database, beside a bare QTableWidget with as many buttons, and how it grows with the users.
+// an online database, beside a bare QTableWidget with as many buttons, and how it grows with the users; and
+// the time to read the same from the encrypted file of a single workstation.
 
 #include "CommunicationAndData/settings/odbcconnection.h"
 #include "CommunicationAndData/settings/settingshandler.h"
@@ -11,11 +12,13 @@
 #include "support/workstation.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSettings>
 #include <QSqlQuery>
 #include <QTableWidget>
+#include <QTimer>
 
 #include <algorithm>
 #include <cstdio>
@@ -92,6 +95,27 @@ void writeParameters(const Workstation &workstation, const QVariantMap &paramete
     OdbcConnection::writeParameters(*cache, parameters);
 }
 
+/// Chooses a new encrypted file in the dialog of the connection's options.
+void openOfflineFile(SupportConnectionHandler &handler, const QString &folder)
+{
+    handler.setOfflineAllowed(true);
+    QTimer::singleShot(0, &handler, [&handler, &folder] {
+        handler.findChild<QComboBox *>(QStringLiteral("online_mode_combo"))->setCurrentIndex(1);
+        handler.findChild<QLineEdit *>(QStringLiteral("offline_location_edit"))->setText(folder);
+        handler.findChild<QPushButton *>(QStringLiteral("connect_button"))->click();
+    });
+    handler.connectionOptions();
+}
+
+void readAll(SupportConnectionHandler &handler)
+{
+    QMap<UuidString, QString> organizations;
+    QMultiMap<UuidString, QString> departments;
+    handler.getRoles();
+    handler.getOperators();
+    handler.getOrganizationInfo(organizations, departments);
+}
+
 void settle()
 {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -128,7 +152,20 @@ struct Times
     double store;
     double bare;
     double hiddenBare;
+    double offlineStore;
 };
+
+/// Milliseconds to read everything from the encrypted file.
+double measureOffline(int users)
+{
+    const Workstation workstation;
+    SupportConnectionHandler handler(workstation.dataDirectory(), nullptr);
+    openOfflineFile(handler, workstation.path(QStringLiteral("offline")));
+    if (!handler.isConnected())
+        qFatal("The encrypted file is not open");
+    makeRows(*handler.database(), users);
+    return best([&handler] { readAll(handler); });
+}
 
 Times measure(int users)
 {
@@ -154,18 +191,13 @@ Times measure(int users)
         view.resetTables();
         settle();
     });
-    times.store = best([&handler] {
-        QMap<UuidString, QString> organizations;
-        QMultiMap<UuidString, QString> departments;
-        handler.getRoles();
-        handler.getOperators();
-        handler.getOrganizationInfo(organizations, departments);
-    });
+    times.store = best([&handler] { readAll(handler); });
     const int widgets =
         view.findChildren<QAbstractButton *>().size() + view.findChildren<QLineEdit *>().size();
     const int others = widgets - users * (kRoles + 1);
     times.bare = users <= kMostShown ? fillBareTable(users, others, true) : 0;
     times.hiddenBare = fillBareTable(users, others, false);
+    times.offlineStore = measureOffline(users);
     return times;
 }
 
@@ -179,14 +211,16 @@ int main(int argc, char *argv[])
     Times former{};
     for (int users : kUsers) {
         const Times times = measure(users);
-        std::printf(
-            "%d users: view %.0f ms, of that the database %.0f ms; bare table %.0f ms, hidden %.0f ms\n",
-            users, times.fill, times.store, times.bare, times.hiddenBare);
+        std::printf("%d users: view %.0f ms, of that the database %.0f ms, the encrypted file %.0f ms; bare "
+                    "table %.0f ms, hidden %.0f ms\n",
+                    users, times.fill, times.store, times.offlineStore, times.bare, times.hiddenBare);
         const std::string name = std::to_string(users) + " users: ";
         Ratios::print(name + "view / bare table of as many buttons", times.fill, times.bare, "at most 1.5");
         Ratios::print(name + "view / bare table that is not shown", times.fill, times.hiddenBare, "");
         Ratios::print(name + "view / view of half as many", times.fill, former.fill, "at most 2.2");
         Ratios::print(name + "database / database of half as many", times.store, former.store, "");
+        Ratios::print(name + "encrypted file / file of half as many", times.offlineStore, former.offlineStore,
+                      "at most 2.2");
         former = times;
     }
     return 0;

@@ -101,7 +101,10 @@ bool AccessControlOffline::openOfflineDatabase(QString location, QString &errorM
         return false;
     }
     unlock();
-    return createMissingTables(errorMessage);
+    if (!createMissingTables(errorMessage))
+        return false;
+    createIndex();
+    return true;
 }
 
 void AccessControlOffline::closeOfflineDatabase()
@@ -194,6 +197,14 @@ bool AccessControlOffline::createRoles(QString &errorMessage)
     else if (!kept)
         errorMessage = QStringLiteral("Failed to add default roles to offline access control table");
     return kept;
+}
+
+// The links of each operator are asked for one by one, which without an index takes the square of their
+// number. A file that can't be written is read without one.
+void AccessControlOffline::createIndex()
+{
+    run({QStringLiteral(
+        "CREATE INDEX IF NOT EXISTS operator_roles_operator ON operator_roles (operator_id)")});
 }
 
 bool AccessControlOffline::run(const QStringList &statements)

@@ -23,8 +23,8 @@ public:
     /// Closes the database.
     ~AccessControlOffline() override;
 
-    /// Opens the file in a directory, which is made when it is missing, and creates the missing tables. Data,
-    /// further columns and further tables of an existing file stay as they are.
+    /// Opens the file in a directory, which is made when it is missing, and creates the missing tables and
+    /// an index. Data, further columns and further tables of an existing file stay as they are.
     ///
     /// \param location      the directory; empty for `defaultOfflineLocation()`
     /// \param errorMessage  set to the reason of a failure, else left alone
@@ -47,6 +47,7 @@ private:
     void unlock();
     bool createMissingTables(QString &errorMessage);
     bool createRoles(QString &errorMessage);
+    void createIndex();
     bool run(const QStringList &statements);
 
     QSqlDatabase m_database;

@@ -4,6 +4,15 @@
 #include <QFile>
 #include <QSqlQuery>
 
+namespace {
+
+const QString kIndex = QStringLiteral("operator_roles_operator");
+const QString kAddLink = QStringLiteral("INSERT INTO operator_roles (operator_id, role_id) VALUES (%1)");
+const QString kRolesOfA = QStringLiteral("FROM operator_roles INNER JOIN roles on roles.role_id = "
+                                         "operator_roles.role_id WHERE operator_id ='a'");
+
+}  // namespace
+
 /// The encrypted file of a single workstation: what a first open makes, what a later one completes, and
 /// where.
 class TestAccessControlOffline : public OfflineFixture
@@ -30,6 +39,8 @@ private slots:
     void anEmptyFileBecomesADatabase();
     void aNewerSchemaStaysAsItIs();
     void longAndForeignNamesComeBack();
+    void theLinksOfAnOperatorAreFoundByAnIndexInTheOrderOfTheirRows();
+    void anExistingFileGetsTheIndexAndKeepsItsLinks();
 };
 
 void TestAccessControlOffline::aFirstOpenInAnEmptyDirectoryLeavesFiveTablesAndThreeRoles()
@@ -285,6 +296,34 @@ void TestAccessControlOffline::longAndForeignNamesComeBack()
     QCOMPARE(
         rows(m_offline->database(), QStringLiteral("SELECT username FROM operator ORDER BY operator_id")),
         names);
+}
+
+void TestAccessControlOffline::theLinksOfAnOperatorAreFoundByAnIndexInTheOrderOfTheirRows()
+{
+    QVERIFY(open(folder()));
+    for (const char *link : {"'a', 3", "'b', 1", "'a', 1", "'b', 3", "'a', 2"})
+        rows(m_offline->database(), kAddLink.arg(QLatin1String(link)));
+    QCOMPARE(rows(m_offline->database(), QStringLiteral("SELECT operator_roles.role_id ") + kRolesOfA),
+             (QStringList{QStringLiteral("3"), QStringLiteral("1"), QStringLiteral("2")}));
+    const QString plan =
+        rows(m_offline->database(), QStringLiteral("EXPLAIN QUERY PLAN SELECT * ") + kRolesOfA)
+            .join(QLatin1Char('\n'));
+    QVERIFY2(plan.contains(kIndex), qPrintable(plan));
+}
+
+void TestAccessControlOffline::anExistingFileGetsTheIndexAndKeepsItsLinks()
+{
+    const QString location = folder();
+    QVERIFY(open(location));
+    rows(m_offline->database(), kAddLink.arg(QStringLiteral("'a', 2")));
+    rows(m_offline->database(), QStringLiteral("DROP INDEX ") + kIndex);
+    QVERIFY2(open(location), qPrintable(m_error));
+    QCOMPARE(rows(m_offline->database(),
+                  QStringLiteral("SELECT tbl_name FROM sqlite_master WHERE type = 'index' AND name = '%1'")
+                      .arg(kIndex)),
+             QStringList{QStringLiteral("operator_roles")});
+    QCOMPARE(rows(m_offline->database(), QStringLiteral("SELECT operator_id, role_id FROM operator_roles")),
+             QStringList{QStringLiteral("a|2")});
 }
 
 QTEST_MAIN(TestAccessControlOffline)

@@ -113,6 +113,7 @@ void TestOfflineFaults::aReadOnlyFileCanBeReadAndIsNotChanged()
 {
     const QString location = folder();
     QVERIFY(open(location));
+    rows(m_offline->database(), QStringLiteral("DROP INDEX operator_roles_operator"));
     m_offline->closeOfflineDatabase();
     const QByteArray before = readFile(fileIn(location));
     QFile::setPermissions(m_workstation.path(QString()), QFile::Permissions(0x7755));
