@@ -11,6 +11,11 @@ constexpr quint32 kNullLength = 0xffffffff;
 constexpr quint32 kFirstMovedType = 128;
 constexpr quint32 kMovedBy = 97;
 
+// Before version 5 this was a number of another type, and key sequences had the next one.
+constexpr quint32 kKeySequenceLater = QMetaType::QKeySequence;
+constexpr quint32 kMostKeys = 4;  // of a sequence
+constexpr quint32 kNoType = ~0U;
+
 // Types that were not yet of the core were streamed by their names.
 constexpr quint32 kNamedType = 127;
 const QByteArray kNameOfIds("QUuid", 6);
@@ -34,8 +39,8 @@ public:
         quint32 type = 0;
         if (depth > kDeepest || !number(type))
             return false;
-        if (m_version < QDataStream::Qt_5_0 && type >= kFirstMovedType)
-            type -= kMovedBy;
+        if (m_version < QDataStream::Qt_5_0)
+            type = typeOfOld(type);
         const bool hasNullFlag = m_version >= QDataStream::Qt_4_2;
         if (hasNullFlag && !skip(1))
             return false;
@@ -59,6 +64,15 @@ public:
     }
 
 private:
+    static quint32 typeOfOld(quint32 type)
+    {
+        if (type >= kFirstMovedType)
+            return type - kMovedBy;
+        if (type == kKeySequenceLater)
+            return kNoType;
+        return type == kKeySequenceLater + 1 ? kKeySequenceLater : type;
+    }
+
     bool content(quint32 type, int depth)
     {
         switch (type) {
@@ -70,12 +84,17 @@ private:
         case QMetaType::QStringList:
             return texts();
         case QMetaType::QString:
+        case QMetaType::QLocale:
             return text();
         case QMetaType::QByteArray:
         case QMetaType::QUrl:
             return bytes();
         case QMetaType::QDateTime:
             return dateTime();
+        case QMetaType::QFont:
+            return font();
+        case QMetaType::QKeySequence:
+            return keySequence();
         default:
             const int size = fixedSize(type);
             return size > 0 && skip(size);
@@ -149,6 +168,32 @@ private:
         if (old)
             return true;
         return spec == Qt::OffsetFromUTC ? skip(4) : spec == Qt::LocalTime || spec == Qt::UTC;
+    }
+
+    bool font()
+    {
+        // Sizes in points and pixels; hint, strategy, character set, weight and flags.
+        int rest = 8 + 4 + 5;
+        if (m_version >= QDataStream::Qt_4_3)
+            rest += 2;  // stretch
+        if (m_version >= QDataStream::Qt_4_4)
+            rest += 1;  // more flags
+        if (m_version >= QDataStream::Qt_4_5)
+            rest += 8;  // spacing of letters and words
+        if (m_version >= QDataStream::Qt_5_4)
+            rest += 2;  // a wider strategy, hinting
+        if (m_version >= QDataStream::Qt_5_6)
+            rest += 1;  // capitals
+        const bool hasStyle = m_version >= QDataStream::Qt_5_4;
+        const bool hasFamilies = m_version >= QDataStream::Qt_5_13;
+        return text() && (!hasStyle || text()) && skip(static_cast<quint32>(rest)) &&
+               (!hasFamilies || texts());
+    }
+
+    bool keySequence()
+    {
+        quint32 count = 0;
+        return number(count) && count <= kMostKeys && skip(count * 4);
     }
 
     bool texts()

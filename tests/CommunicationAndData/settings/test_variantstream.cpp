@@ -2,6 +2,9 @@
 #include "CommunicationAndData/settings/variantstream.h"
 
 #include <QDateTime>
+#include <QFont>
+#include <QKeySequence>
+#include <QLocale>
 #include <QRect>
 #include <QTest>
 #include <QUrl>
@@ -70,6 +73,9 @@ void TestVariantStream::whatWasStreamedIsSound_data()
     QTest::newRow("a size of fractions") << QVariant(QSizeF(1, 2));
     QTest::newRow("an address") << QVariant(QUrl(QStringLiteral("file:///a")));
     QTest::newRow("an id") << QVariant(QUuid::createUuid());
+    QTest::newRow("a language") << QVariant(QLocale(QStringLiteral("fi_FI")));
+    QTest::newRow("a font") << QVariant(QFont(QStringLiteral("Sans"), 12, QFont::Bold, true));
+    QTest::newRow("keys") << QVariant(QKeySequence(Qt::CTRL | Qt::Key_K, Qt::Key_S));
     QTest::newRow("a sensible depth") << nested(20);
 }
 
@@ -81,6 +87,9 @@ void TestVariantStream::whatWasStreamedIsSound()
         QVERIFY2(VariantStream::isSound(bytes, version), qPrintable(QString::number(version)));
         for (int i = 0; i < bytes.size(); ++i)
             QVERIFY(!VariantStream::isSound(bytes.left(i), version));
+        const QByteArray map = QByteArray::fromHex("00000001 00000002 0061") + bytes;
+        const auto read = VariantStream::readMap(map, version);
+        QVERIFY(read && read->value(QStringLiteral("a")).userType() == value.userType());
     }
 }
 
@@ -106,6 +115,10 @@ void TestVariantStream::bytesThatDoHarmAreNot_data()
     QTest::newRow("a pointer") << QByteArray::fromHex("0000001f") + flag + QByteArray(8, '\x7f');
     QTest::newRow("an unknown type") << QByteArray::fromHex("7fffffff") + flag + QByteArray(64, '\0');
     QTest::newRow("a regular expression") << QByteArray::fromHex("0000001b") + flag + QByteArray(64, '\0');
+    QTest::newRow("keys that claim two thousand million keys")
+        << QByteArray::fromHex("0000004b") + flag + many + QByteArray(64, '\0');
+    QTest::newRow("a font that claims two thousand million families")
+        << streamed(QFont(), QDataStream::Qt_5_15).chopped(4) + many;
     QTest::newRow("no bytes") << QByteArray();
 }
 
@@ -128,5 +141,5 @@ void TestVariantStream::anImageMustBeWhole()
         QVERIFY(!readStashImage(image.left(i)));
 }
 
-QTEST_GUILESS_MAIN(TestVariantStream)
+QTEST_MAIN(TestVariantStream)
 #include "test_variantstream.moc"

@@ -2,13 +2,20 @@
 #include "settingstest.h"
 #include "support/messageboxes.h"
 
+#include <QColor>
 #include <QComboBox>
+#include <QDateTime>
 #include <QDir>
+#include <QFileInfo>
+#include <QFont>
+#include <QKeySequence>
 #include <QLabel>
 #include <QLayout>
 #include <QLineEdit>
+#include <QLocale>
 #include <QMenuBar>
 #include <QPlainTextEdit>
+#include <QRect>
 #include <QTabWidget>
 #include <QTest>
 
@@ -79,6 +86,7 @@ private slots:
     void anInvalidValueIsSkippedInTheSnapshotAndLogged();
     void loadingALocalFileThatIsNotThereGivesEmptySettings();
     void savingCopiesEverythingAndKeepsForeignKeys();
+    void valuesOfEveryKindThatAnotherProgramKeepsSurvive();
     void workstationKeysNeverReachTheLocalApplication();
     void staleParametersAreRemovedFromTheLocalSettingsToo();
     void missingRightsAreNoted_data();
@@ -332,6 +340,30 @@ void TestSettingsView::savingCopiesEverythingAndKeepsForeignKeys()
     for (const QString &key : m_files.workingKeys())
         QCOMPARE(m_files.localValue(qPrintable(key)), store()->generalSettings()->value(key));
     QVERIFY(m_files.localKeys().contains("accesscontrol/method"));
+}
+
+void TestSettingsView::valuesOfEveryKindThatAnotherProgramKeepsSurvive()
+{
+    const QMap<QString, QVariant> values = {
+        {"other/font", QFont("Sans", 12, QFont::Bold, true)},
+        {"other/keys", QKeySequence(Qt::CTRL | Qt::Key_K, Qt::Key_S)},
+        {"other/color", QColor(1, 2, 3)},
+        {"other/language", QLocale("fi_FI")},
+        {"other/place", QRect(1, 2, 3, 4)},
+        {"other/time", QDateTime(QDate(2024, 2, 29), QTime(8, 15), Qt::UTC)}};
+    m_files.setLocal(values);
+    SettingsBench bench(m_workstation, kAllRights);
+    bench.choose("local_menu", "load_action");
+    bench.seeChanges([](DiffView &dialog) { QVERIFY(!leftPane(dialog).contains("other/")); });
+    MessageBoxes boxes;
+    bench.choose("local_menu", "save_action");
+    QCOMPARE(boxes.seen().value(0).text, QStringLiteral("Saving succeeded."));
+    for (auto value = values.cbegin(); value != values.cend(); ++value) {
+        QCOMPARE(m_files.localValue(qPrintable(value.key())), *value);
+        QCOMPARE(m_files.workingValue(qPrintable(value.key())), *value);
+    }
+    const QFileInfo local(m_files.local());
+    QCOMPARE(local.dir().entryList({"*.kept"}), QStringList());
 }
 
 void TestSettingsView::workstationKeysNeverReachTheLocalApplication()
