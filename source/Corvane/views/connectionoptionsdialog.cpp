@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QFileDialog>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -222,6 +223,18 @@ void ConnectionOptionsDialog::handleCancelClicked()
 }
 
 void ConnectionOptionsDialog::handleToolClicked() {}
+
+// Save stays the default button wherever the focus is. Return on another button presses that one all the
+// same.
+void ConnectionOptionsDialog::keyPressEvent(QKeyEvent *event)
+{
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    auto *button = qobject_cast<QPushButton *>(focusWidget());
+    if (!isReturn || !button)
+        QDialog::keyPressEvent(event);
+    else if (!event->isAutoRepeat())
+        button->click();
+}
 
 void ConnectionOptionsDialog::toggleDatabaseLocation(int index)
 {

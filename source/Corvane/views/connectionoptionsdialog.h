@@ -55,6 +55,9 @@ public slots:
     void handleBrowseOfflineLocation();
     void handleSaveButtonState();
 
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+
 private:
     /// A column of line edits, and the layout that they stand in.
     struct LineList

@@ -46,6 +46,10 @@ private slots:
     void offlineSavesTheLocationAndKeepsTheParameters();
     void browsingFillsTheLocation();
     void cancelChangesNothing();
+    void returnOnCancelCancels_data();
+    void returnOnCancelCancels();
+    void returnOnBrowseBrowses();
+    void returnInALineSaves();
 
 private:
     void open();
@@ -313,6 +317,56 @@ void TestConnectionOptionsDialog::cancelChangesNothing()
                       Qt::LeftButton);
     QCOMPARE(m_dialog->result(), int(QDialog::Rejected));
     QCOMPARE(m_online, onlineMap());
+}
+
+void TestConnectionOptionsDialog::returnOnCancelCancels_data()
+{
+    QTest::addColumn<Qt::Key>("key");
+    QTest::addColumn<bool>("isChanged");
+    QTest::newRow("Return before anything was changed") << Qt::Key_Return << false;
+    QTest::newRow("Return after a change") << Qt::Key_Return << true;
+    QTest::newRow("Enter after a change") << Qt::Key_Enter << true;
+}
+
+void TestConnectionOptionsDialog::returnOnCancelCancels()
+{
+    QFETCH(Qt::Key, key);
+    QFETCH(bool, isChanged);
+    open();
+    auto *cancel = m_dialog->findChild<QPushButton *>(QStringLiteral("audit_connection_cancel"));
+    if (isChanged) {
+        type(edit("audit_username"), QStringLiteral("someone"));
+        QVERIFY(save()->isEnabled());
+        cancel->setFocus();
+    }
+    QTest::keyClick(cancel, key);
+    QVERIFY(!m_dialog->isVisible());
+    QCOMPARE(m_dialog->result(), int(QDialog::Rejected));
+    QCOMPARE(m_online, onlineMap());
+}
+
+void TestConnectionOptionsDialog::returnOnBrowseBrowses()
+{
+    m_online.insert(ConnectionOptions::kOnlineMode, false);
+    open();
+    type(edit("audit_location"), QStringLiteral("/typed.db"));
+    QVERIFY(save()->isEnabled());
+    auto *browse = m_dialog->findChild<QPushButton *>(QStringLiteral("audit_browse"));
+    browse->setFocus();
+    const FileDialogs dialogs({QString()});
+    QTest::keyClick(browse, Qt::Key_Return);
+    QCOMPARE(dialogs.seen().size(), 1);
+    QVERIFY(m_dialog->isVisible());
+    QCOMPARE(edit("audit_location")->text(), QStringLiteral("/typed.db"));
+}
+
+void TestConnectionOptionsDialog::returnInALineSaves()
+{
+    open();
+    type(edit("audit_username"), QStringLiteral("someone"));
+    QTest::keyClick(edit("audit_username"), Qt::Key_Return);
+    QCOMPARE(m_dialog->result(), int(QDialog::Accepted));
+    QCOMPARE(m_online.value(ConnectionOptions::kUsername).toString(), QStringLiteral("someone"));
 }
 
 int main(int argc, char *argv[])
