@@ -8,6 +8,7 @@
 
 #include <QComboBox>
 #include <QFileDialog>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -368,6 +369,21 @@ void DatabaseGroupSettings::offlineClicked()
     if (createNew)
         chosen += QLatin1Char('/') + QLatin1String(kOfflineFile);
     m_locationEdit->setText(nativePath(chosen));
+}
+
+// The dialog around the editor would press its default button instead.
+void DatabaseGroupSettings::keyPressEvent(QKeyEvent *event)
+{
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    for (QPushButton *button : {m_browseButton, m_createButton}) {
+        if (!isReturn || focusWidget() != button)
+            continue;
+        event->accept();
+        if (!event->isAutoRepeat())
+            button->click();
+        return;
+    }
+    BaseView::keyPressEvent(event);
 }
 
 void DatabaseGroupSettings::adjustParent()

@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QPushButton>
 #include <QSettings>
+#include <QSignalSpy>
 
 /// The offline mode and its file dialogs.
 class TestDatabaseGroupOffline : public DatabaseGroupFixture
@@ -22,6 +23,8 @@ private slots:
     void creatingPutsTheFileNameBehindTheDirectory();
     void theFileDialogStartsAtTheStoredLocation();
     void aCancelledFileDialogLeavesTheLocation();
+    void returnOnAButtonPressesItAndNotTheDialogsDefault_data();
+    void returnOnAButtonPressesItAndNotTheDialogsDefault();
 };
 
 void TestDatabaseGroupOffline::theOfflineModeShowsTheLocationAlone()
@@ -204,6 +207,41 @@ void TestDatabaseGroupOffline::aCancelledFileDialogLeavesTheLocation()
         QCOMPARE(dialogs.seen().size(), 1);
         QCOMPARE(editor->offlineLocation(), text("/srv/offline.access.db"));
     }
+}
+
+void TestDatabaseGroupOffline::returnOnAButtonPressesItAndNotTheDialogsDefault_data()
+{
+    QTest::addColumn<QString>("button");
+    QTest::addColumn<QString>("title");
+    QTest::newRow("browse") << text("browse_offline_button") << text("Select offline database location");
+    QTest::newRow("create") << text("create_offline_button")
+                            << text("Select offline database location directory");
+}
+
+void TestDatabaseGroupOffline::returnOnAButtonPressesItAndNotTheDialogsDefault()
+{
+    QFETCH(QString, button);
+    QFETCH(QString, title);
+    QVariantMap map{{text("supportdb/online_mode"), false}};
+    show(Support, kEditable, false, kOnlineModeShown, &map);
+    QPushButton connectButton(m_window.get());
+    connectButton.setDefault(true);
+    connectButton.show();
+    const QSignalSpy connecting(&connectButton, &QPushButton::clicked);
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+        const FileDialogs dialogs;
+        auto *pressed = m_window->findChild<QPushButton *>(button);
+        pressed->setFocus();
+        QTest::keyClick(pressed, key);
+        QCOMPARE(dialogs.seen().size(), 1);
+        QCOMPARE(dialogs.seen().first().title, title);
+    }
+    QVERIFY(connecting.isEmpty());
+    // In the line it stays the default.
+    auto *location = find<QLineEdit>("offline_location_edit");
+    location->setFocus();
+    QTest::keyClick(location, Qt::Key_Return);
+    QCOMPARE(connecting.count(), 1);
 }
 
 int main(int argc, char **argv)
