@@ -109,6 +109,9 @@ void SettingsView::replaceByLocalSettings(bool silent)
     SettingsParking parking(m_dataPath);
     parking.park();
     parking.unpark();
+    // Also where the former file could not be moved aside; the write that fills it is the one that empties
+    // it.
+    SettingsHandler::getInstance()->generalSettings()->clear();
     const bool complete = copyFromLocalSettings();
     if (complete) {
         reloadPages();

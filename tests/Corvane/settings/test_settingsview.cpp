@@ -81,6 +81,7 @@ private slots:
     void staleParametersAreRemoved();
     void loadingReplacesTheWorkingSettingsAndShowsTheTabs();
     void loadingIsWholesaleAlsoOnDisk();
+    void loadingIsWholesaleWhereTheFormerFileCannotBeMovedAside();
     void aStuckTemporaryFileGetsAFreshName();
     void notAllSettingsLoadedIsToldAndTheTabsAreShown();
     void anInvalidValueIsSkippedInTheSnapshotAndLogged();
@@ -253,6 +254,19 @@ void TestSettingsView::loadingIsWholesaleAlsoOnDisk()
     store()->generalSettings()->sync();
     QCOMPARE(openSettingsFile(m_files.working())->allKeys(), QStringList{"application/language"});
     QVERIFY(!QDir(m_files.temporaryDirectory()).exists());
+}
+
+void TestSettingsView::loadingIsWholesaleWhereTheFormerFileCannotBeMovedAside()
+{
+    setStored("site/own", "old");
+    store()->generalSettings()->sync();
+    QVERIFY(writeFile(m_files.temporaryDirectory(), "no directory"));
+    m_files.setLocal({{"application/language", "sv"}});
+    SettingsBench bench(m_workstation, kAllRights);
+    bench.choose("local_menu", "load_action");
+    QCOMPARE(m_files.workingKeys(), QStringList{"application/language"});
+    store()->generalSettings()->sync();
+    QCOMPARE(openSettingsFile(m_files.working())->allKeys(), QStringList{"application/language"});
 }
 
 void TestSettingsView::aStuckTemporaryFileGetsAFreshName()
