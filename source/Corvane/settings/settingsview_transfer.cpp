@@ -142,12 +142,19 @@ bool SettingsView::importFrom(const QString &source, QString &message)
 bool SettingsView::replaceWorkingFile(const QString &source)
 {
     const WaitCursor cursor;
+    SettingsHandler *handler = SettingsHandler::getInstance();
+    const bool areInFile = handler->flushSettingsFile();
+    if (!areInFile)
+        handler->store();
     SettingsParking parking(m_dataPath);
     parking.park();
     const bool replaced = parking.place(source);
     if (!replaced)
         parking.recover();
     parking.unpark();
+    // The former file does not hold what is in memory alone.
+    if (!replaced && !areInFile)
+        handler->restore();
     parking.clear();
     return replaced;
 }

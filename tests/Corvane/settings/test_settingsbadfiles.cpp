@@ -79,6 +79,7 @@ private slots:
     void aFileThatMayNotBeReadIsNotImported();
     void aFileThatCannotBeReadIsNotImported();
     void withoutRoomForACopyTheFormerSettingsStay();
+    void whatCouldNotBeWrittenStaysWhenAnImportFails();
     void withoutAPlaceForTheFormerSettingsTheyStay();
     void aLinkToTheWorkingFileChangesNoFile_data();
     void aLinkToTheWorkingFileChangesNoFile();
@@ -245,6 +246,27 @@ void TestSettingsBadFiles::withoutRoomForACopyTheFormerSettingsStay()
              [&disk](const QString &) { disk = std::make_unique<FullDisk>(kNoRoom); });
     disk.reset();
     checkNotImported(bench);
+}
+
+void TestSettingsBadFiles::whatCouldNotBeWrittenStaysWhenAnImportFails()
+{
+    SettingsBench bench(m_workstation, kAllRights);
+    begin(bench);
+    QVERIFY(QFile::setPermissions(m_workstation.path(QString()), QFile::Permissions(0x7777)));
+    QVERIFY(QFile::setPermissions(m_workstation.dataDirectory(), QFile::Permissions(0x5555)));
+    {
+        const OrdinaryUser user;
+        setStored("site/own", "in memory");
+        setStored("ui/measurement_units", 1);
+        transfer(bench, "import_action");
+    }
+    QVERIFY(QFile::setPermissions(m_workstation.dataDirectory(), QFile::Permissions(0x7755)));
+    QVERIFY(m_boxes->seen().value(0).text.contains("did not succeed"));
+    QCOMPARE(stored("site/own").toString(), QStringLiteral("in memory"));
+    QCOMPARE(child<QComboBox>(bench.view(), "measurement_units")->currentIndex(), 1);
+    QCOMPARE(readFile(m_files.working()), m_before);
+    store()->generalSettings()->sync();
+    QVERIFY(readFile(m_files.working()).contains("own=in memory"));
 }
 
 void TestSettingsBadFiles::withoutAPlaceForTheFormerSettingsTheyStay()
