@@ -22,6 +22,13 @@ QString iniFilter()
     return SettingsView::tr("INI (*.ini)");
 }
 
+/// Not every system minds a file's own protection when the file is removed.
+bool removeUnprotected(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly) && file.remove();
+}
+
 }  // namespace
 
 void SettingsView::exportSettings()
@@ -79,7 +86,7 @@ bool SettingsView::copyWorkingFile(const QString &workingFile, const QString &ta
     if (QFileInfo(workingFile) == QFileInfo(target))
         return true;
     bool exported = true;
-    if (QFile::exists(target) && !QFile::remove(target)) {
+    if (QFile::exists(target) && !removeUnprotected(target)) {
         message = tr("File existed and could not be overwritten!");
         exported = false;
     }

@@ -93,6 +93,7 @@ private slots:
     void withoutRoomAnExportFailsAndLeavesNothing();
     void aFolderInTheTargetsPlaceFailsWithBothSentences();
     void aFolderInWhichNothingMayBeMadeFails();
+    void aProtectedFileFailsWithBothSentences();
 
 private:
     void begin(SettingsBench &bench);
@@ -449,6 +450,23 @@ void TestSettingsBadFiles::aFolderInWhichNothingMayBeMadeFails()
     for (const QString &path : {m_workstation.path(QString()), m_workstation.dataDirectory()})
         QVERIFY(QFile::setPermissions(path, QFile::Permissions(0x7777)));
     QVERIFY(QFile::setPermissions(m_files.working(), QFile::Permissions(0x6666)));
+    {
+        const OrdinaryUser user;
+        transfer(bench, "export_action");
+    }
+    checkNotExported(bench,
+                     QStringLiteral("File existed and could not be overwritten! File copying failed!"));
+    QCOMPARE(readFile(m_file), QByteArray("[site]\nnew=1\n"));
+}
+
+void TestSettingsBadFiles::aProtectedFileFailsWithBothSentences()
+{
+    SettingsBench bench(m_workstation, kAllRights);
+    begin(bench);
+    for (const QString &path : {m_workstation.path(QString()), m_workstation.dataDirectory(), m_folder})
+        QVERIFY(QFile::setPermissions(path, QFile::Permissions(0x7777)));
+    QVERIFY(QFile::setPermissions(m_files.working(), QFile::Permissions(0x6666)));
+    QVERIFY(QFile::setPermissions(m_file, QFile::Permissions(0x4444)));
     {
         const OrdinaryUser user;
         transfer(bench, "export_action");
