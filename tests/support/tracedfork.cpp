@@ -87,8 +87,10 @@ public:
                 ptrace(PTRACE_SETOPTIONS, m_process, nullptr,
                        reinterpret_cast<void *>(PTRACE_O_TRACESYSGOOD));
             }
-            ptrace(m_result.hasBegun ? PTRACE_SYSCALL : PTRACE_CONT, m_process, nullptr,
-                   reinterpret_cast<void *>(static_cast<long>(signal)));
+            const auto request = m_result.hasBegun ? PTRACE_SYSCALL : PTRACE_CONT;
+            // One that cannot be told to go on would be waited for without end.
+            if (ptrace(request, m_process, nullptr, reinterpret_cast<void *>(static_cast<long>(signal))) != 0)
+                kill(m_process, SIGKILL);
         }
         takeEnd(status, m_result);
         return m_result;
