@@ -17,20 +17,6 @@ QStringList headers()
     return texts;
 }
 
-QStringList shownTexts(const QSqlQuery &row)
-{
-    static const QVector<AuditTrailQueryModel::Words> words = [] {
-        QVector<AuditTrailQueryModel::Words> list;
-        for (const QString &column : AuditTrailQueryString::columns())
-            list.append(AuditTrailQueryModel::wordsOf(column));
-        return list;
-    }();
-    QStringList texts;
-    for (int column = 0; column < words.size(); ++column)
-        texts.append(AuditTrailQueryModel::shownValue(words.at(column), row.value(column)).toString());
-    return texts;
-}
-
 bool writeRecord(QSaveFile &file, const QStringList &fields)
 {
     const QByteArray bytes = CsvText::record(fields).toUtf8();
@@ -52,8 +38,9 @@ AuditTrailReader::End AuditTrailExport::save(const QString &file, const QString 
         return End::Refused;
     }
     const End end =
-        m_reader.read(statement, expected, tr("Saving the audit trail"),
-                      [&target](const QSqlQuery &row) { return writeRecord(target, shownTexts(row)); });
+        m_reader.read(statement, expected, tr("Saving the audit trail"), [&target](const QSqlQuery &row) {
+            return writeRecord(target, AuditTrailQueryModel::shownTexts(row));
+        });
     if (end == End::Complete && target.commit())
         return end;
     m_errorText = end == End::Failed ? m_reader.errorText() : target.errorString();

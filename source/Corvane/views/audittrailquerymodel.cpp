@@ -1,5 +1,6 @@
 #include "Corvane/views/audittrailquerymodel.h"
 
+#include "Corvane/views/audittrailquerystring.h"
 #include "ZephanShared/toolkit/actions.h"
 #include "ZephanShared/widgets/dateformathelper.h"
 
@@ -124,6 +125,20 @@ QVariant AuditTrailQueryModel::shownValue(const Words &words, const QVariant &va
         return isNumber ? QVariant(words.nameOf(inVocabulary(number))) : value;
     }
     return words.isTime ? QVariant(timeText(value)) : value;
+}
+
+QStringList AuditTrailQueryModel::shownTexts(const QSqlQuery &row)
+{
+    static const QVector<Words> words = [] {
+        QVector<Words> list;
+        for (const QString &column : AuditTrailQueryString::columns())
+            list.append(wordsOf(column));
+        return list;
+    }();
+    QStringList texts;
+    for (int column = 0; column < words.size(); ++column)
+        texts.append(shownValue(words.at(column), row.value(column)).toString());
+    return texts;
 }
 
 QDateTime AuditTrailQueryModel::timeOf(const QVariant &value)

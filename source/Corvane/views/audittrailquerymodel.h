@@ -28,6 +28,9 @@ public:
     /// What the table shows for a stored value.
     static QVariant shownValue(const Words &words, const QVariant &value);
 
+    /// What the table shows for the present row of a query for all columns of the log.
+    static QStringList shownTexts(const QSqlQuery &row);
+
     /// The stored time of an event, in UTC; invalid when the value is none.
     static QDateTime timeOf(const QVariant &value);
 

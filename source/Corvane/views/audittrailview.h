@@ -106,6 +106,8 @@ private:
 
     // Work with the rows
     qint64 countRows();
+    void copyAllRows();
+    void tellReadingFailure(const QString &cause);
     void logExport(const QString &file, qint64 rows, const QString &statement);
 
     // Connection

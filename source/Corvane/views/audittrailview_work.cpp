@@ -10,12 +10,16 @@
 #include <QAction>
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QSqlQuery>
 #include <QTableView>
 
 #include <algorithm>
 
 namespace {
+
+constexpr int kMostCopied = 200 * 1000 * 1000;  // characters; no program takes more from the clipboard
 
 QStringList textsOfRow(const QAbstractItemModel &model, int row)
 {
@@ -83,13 +87,36 @@ void AuditTrailView::copyRowsWithHeaders()
 {
     if (!m_model || !m_table->selectionModel()->hasSelection())
         return;
-    const WaitCursor wait;
     QModelIndexList rows = m_table->selectionModel()->selectedRows();
+    if (m_model->canFetchMore() && rows.size() == m_model->rowCount())
+        return copyAllRows();
+    const WaitCursor wait;
     std::sort(rows.begin(), rows.end());
     QString text = CsvText::tabbedLine(headersOf(*m_model));
     for (const QModelIndex &row : qAsConst(rows))
         text += CsvText::tabbedLine(textsOfRow(*m_model, row.row()));
     QGuiApplication::clipboard()->setText(text);
+}
+
+/// All rows are selected, and the log holds more of them than the table has fetched.
+void AuditTrailView::copyAllRows()
+{
+    const QString statement = AuditTrailQueryString::statement(m_filters, m_sort);
+    const qint64 expected = countRows();
+    logSearch(statement);
+    QString text = CsvText::tabbedLine(headersOf(*m_model));
+    AuditTrailReader reader(m_database, this);
+    const AuditTrailReader::End end =
+        reader.read(statement, expected, tr("Copying the audit trail"), [&text](const QSqlQuery &row) {
+            text += CsvText::tabbedLine(AuditTrailQueryModel::shownTexts(row));
+            return text.size() < kMostCopied;
+        });
+    if (end == AuditTrailReader::End::Complete)
+        QGuiApplication::clipboard()->setText(text);
+    else if (end == AuditTrailReader::End::Failed)
+        tellReadingFailure(reader.errorText());
+    else if (end == AuditTrailReader::End::Refused)
+        tellReadingFailure(tr("These are too many rows for the clipboard. Save them as CSV instead."));
 }
 
 void AuditTrailView::copyCell()
@@ -136,12 +163,25 @@ void AuditTrailView::showChart()
         });
     if (end == AuditTrailReader::End::Cancelled)
         return;
-    // A statement that the database refuses gives an empty chart, as it gives an empty table.
+    // A part of the events must not be taken for all of them.
+    if (end == AuditTrailReader::End::Failed)
+        return tellReadingFailure(reader.errorText());
     AuditTrailChartDialog dialog(timeline, this);
     connect(&dialog, &AuditTrailChartDialog::pictureSaved, this,
             [&](const QString &file) { logExport(file, reader.rows(), statement); });
     connect(&dialog, &AuditTrailChartDialog::savingFailed, this, &AuditTrailView::logExportFailure);
     dialog.exec();
+}
+
+void AuditTrailView::tellReadingFailure(const QString &cause)
+{
+    QMessageBox box(QMessageBox::Warning, tr("Reading failed"),
+                    tr("The audit trail could not be read to its end."), QMessageBox::Ok, this);
+    box.setObjectName(QStringLiteral("reading_failure"));
+    box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(cause);
+    box.button(QMessageBox::Ok)->setText(tr("Ok"));
+    box.exec();
 }
 
 /// \return  below 0 when the database refuses the question

@@ -4,6 +4,7 @@
 #include "CommunicationAndData/settings/settingskeys.h"
 #include "CommunicationAndData/sqlcipher/databasekey.h"
 
+#include <QFile>
 #include <QLineEdit>
 #include <QMenu>
 #include <QSettings>
@@ -168,6 +169,17 @@ void makeEncryptedLog(const QString &path)
 {
     LogMaker maker(QLatin1String(kEncryptedDriver), path);
     QVERIFY(maker.makeEvents());
+}
+
+void damagePages(const QString &path)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadWrite | QIODevice::Unbuffered));
+    const qint64 half = file.size() / 2;
+    QVERIFY(file.seek(half));
+    constexpr int damaged = 1 << 20;
+    QVERIFY(half > damaged);
+    QCOMPARE(file.write(QByteArray(damaged, 'x')), qint64(damaged));
 }
 
 void makeOdbcLog(const QString &path)

@@ -92,6 +92,8 @@ private:
 };
 
 void makeEncryptedLog(const QString &path);
+/// Overwrites the middle of a large log, as a bad disk does.
+void damagePages(const QString &path);
 void makeOdbcLog(const QString &path);
 
 /// Answers the next dialog of a kind from the event loop.

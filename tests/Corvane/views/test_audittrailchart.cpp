@@ -38,6 +38,7 @@ private slots:
     void pictureIsSavedAndRecorded();
     void pictureThatCannotBeSavedIsTold();
     void cancelledReadingShowsNoChart();
+    void aLogThatCannotBeReadToItsEndIsToldAndShowsNoChart();
 
 private:
     void openChart(const std::function<void(QDialog *)> &look);
@@ -262,6 +263,22 @@ void TestAuditTrailChart::cancelledReadingShowsNoChart()
     timer.start(10);
     m_bench->find<QAction>("audit_chart")->trigger();
     QVERIFY(!opened);
+}
+
+void TestAuditTrailChart::aLogThatCannotBeReadToItsEndIsToldAndShowsNoChart()
+{
+    {
+        LogMaker maker(QLatin1String(kEncryptedDriver), m_bench->log());
+        QVERIFY(maker.makeManyEvents(60000));
+    }
+    m_bench->openView();
+    m_bench->clickConnect();
+    damagePages(m_bench->log());
+    MessageBoxes boxes;
+    m_bench->find<QAction>("audit_chart")->trigger();
+    QCOMPARE(boxes.seen().size(), 1);
+    QCOMPARE(boxes.seen().first().text, QStringLiteral("The audit trail could not be read to its end."));
+    QVERIFY(!boxes.seen().first().informativeText.isEmpty());
 }
 
 QTEST_MAIN(TestAuditTrailChart)

@@ -58,6 +58,9 @@ private slots:
     void workNeedsAConnection();
     void contextMenuOffersTheWork();
     void rowsAreCopiedWithHeaders();
+    void allRowsAreCopiedAlsoThoseThatTheTableHasNotFetched();
+    void cancelledCopyingLeavesTheClipboard();
+    void copyOfALogThatCannotBeReadToItsEndIsTold();
     void oneCellIsCopied();
     void nothingSelectedLeavesTheClipboard();
     void csvHoldsWhatTheTableShows();
@@ -175,6 +178,58 @@ void TestAuditTrailWork::rowsAreCopiedWithHeaders()
                        "01.01.2016 10:00:00\tAccess\tHigh\tLogin\tHuman\tid-1\tanna\tWS1\tk1\tin\t\t\n"
                        "04.01.2016 10:00:00\tSystem\tLow\tStarted\tAutomatic\tid-2\tbert\tWS2\tk4\tstart"
                        "\t\t\n"));
+}
+
+void TestAuditTrailWork::allRowsAreCopiedAlsoThoseThatTheTableHasNotFetched()
+{
+    connectToManyEvents();
+    auto *table = m_bench->table();
+    table->setFocus();
+    QTest::keySequence(table, QKeySequence::SelectAll);
+    QVERIFY(m_bench->rows() < kManyEvents);
+    m_bench->actions().clear();
+    QTest::keySequence(table, QKeySequence::Copy);
+    const QStringList lines = clipboardText().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    QCOMPARE(lines.size(), kManyEvents + 1);
+    QVERIFY(lines.first().startsWith(QStringLiteral("Time (UTC)\tCategory\t")));
+    QVERIFY(lines.at(1).contains(m_bench->cell(0, 0) + QLatin1Char('\t') + m_bench->cell(0, 1)));
+    QVERIFY(lines.last().contains(QStringLiteral("59999")) != lines.at(1).contains(QStringLiteral("59999")));
+    QCOMPARE(m_bench->actions().count(), 2);  // the count and the reading
+    for (const QList<QVariant> &event : m_bench->actions())
+        QCOMPARE(event.at(0).value<Actions::Action>(), Actions::SearchAuditTrail);
+}
+
+void TestAuditTrailWork::cancelledCopyingLeavesTheClipboard()
+{
+    connectToManyEvents();
+    QApplication::clipboard()->setText(QStringLiteral("before"));
+    m_bench->table()->setFocus();
+    QTest::keySequence(m_bench->table(), QKeySequence::SelectAll);
+    QString label;
+    answerNext<QProgressDialog>([&label](QProgressDialog *progress) {
+        label = progress->labelText();
+        QTest::mouseClick(progress->findChild<QPushButton *>(), Qt::LeftButton);
+    });
+    QTest::keySequence(m_bench->table(), QKeySequence::Copy);
+    QVERIFY2(label.startsWith(QStringLiteral("Copying the audit trail: ")), qPrintable(label));
+    QCOMPARE(clipboardText(), QStringLiteral("before"));
+}
+
+void TestAuditTrailWork::copyOfALogThatCannotBeReadToItsEndIsTold()
+{
+    connectToManyEvents();
+    damagePages(m_bench->log());
+    QApplication::clipboard()->setText(QStringLiteral("before"));
+    m_bench->table()->setFocus();
+    QTest::keySequence(m_bench->table(), QKeySequence::SelectAll);
+    MessageBoxes boxes;
+    QTest::keySequence(m_bench->table(), QKeySequence::Copy);
+    QCOMPARE(boxes.seen().size(), 1);
+    QCOMPARE(boxes.seen().first().title, QStringLiteral("Reading failed"));
+    QCOMPARE(boxes.seen().first().text, QStringLiteral("The audit trail could not be read to its end."));
+    QVERIFY(!boxes.seen().first().informativeText.isEmpty());
+    QCOMPARE(boxes.seen().first().buttons, QStringList(QStringLiteral("Ok")));
+    QCOMPARE(clipboardText(), QStringLiteral("before"));
 }
 
 void TestAuditTrailWork::oneCellIsCopied()
