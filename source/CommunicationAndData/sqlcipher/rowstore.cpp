@@ -14,9 +14,11 @@ constexpr quint64 kInteger = 3;     // + number of bytes, 1 to 8
 constexpr quint64 kFirstText = 12;  // + 2 x length; a blob has the odd number after it
 constexpr quint64 kTagBits = 7;     // of a tag in each of its bytes; the top bit says that more follow
 constexpr quint64 kMoreFollows = 1u << kTagBits;
+constexpr size_t kLongestTag = 10;  // bytes of a 64 bit tag
 
 // A row starts below this in its chunk, so that its start fits in 16 bits.
 constexpr size_t kChunkSize = 1u << 16;
+constexpr size_t kFirstCapacity = kChunkSize;  // of which a small result touches little
 
 int bytesNeeded(qint64 value)
 {
@@ -25,6 +27,16 @@ int bytesNeeded(qint64 value)
     while (bytes < 8 && (magnitude >> (8 * bytes - 1)) != 0)
         ++bytes;
     return bytes;
+}
+
+char *writeTag(char *position, quint64 tag)
+{
+    while (tag >= kMoreFollows) {
+        *position++ = static_cast<char>(tag | kMoreFollows);
+        tag >>= kTagBits;
+    }
+    *position++ = static_cast<char>(tag);
+    return position;
 }
 
 quint64 readTag(const char *&position)
@@ -65,7 +77,7 @@ void RowStore::reset(int columns)
     m_sealedSize = 0;
     m_chunks.clear();
     m_openFirstRow = 0;
-    m_openCells.clear();
+    m_openSize = 0;
     m_openRowStarts.clear();
     m_openRow = 0;
     m_locatedRow = -1;
@@ -78,55 +90,47 @@ int RowStore::count() const
 
 qint64 RowStore::size() const
 {
-    return m_sealedSize + static_cast<qint64>(m_openCells.size() + m_openRowStarts.size() * sizeof(quint16));
+    return m_sealedSize + static_cast<qint64>(m_openSize + m_openRowStarts.size() * sizeof(quint16));
 }
 
 void RowStore::addNull()
 {
-    addTag(kNull);
+    addCell(kNull, nullptr, 0);
 }
 
 void RowStore::addInteger(qint64 value)
 {
-    if (value == 0 || value == 1) {
-        addTag(value == 0 ? kZero : kOne);
-        return;
-    }
+    if (value == 0 || value == 1)
+        return addCell(value == 0 ? kZero : kOne, nullptr, 0);
     const int length = bytesNeeded(value);
     char bytes[8];
     for (int i = 0; i < length; ++i)
         bytes[i] = static_cast<char>(static_cast<quint64>(value) >> (8 * i));
-    addTag(kInteger + static_cast<quint64>(length));
-    addBytes(bytes, length);
+    addCell(kInteger + static_cast<quint64>(length), bytes, static_cast<size_t>(length));
 }
 
 void RowStore::addReal(double value)
 {
-    char bytes[sizeof value];
-    std::memcpy(bytes, &value, sizeof value);
-    addTag(kReal);
-    addBytes(bytes, sizeof value);
+    addCell(kReal, &value, sizeof value);
 }
 
 void RowStore::addText(const char *utf8, int length)
 {
-    addTag(kFirstText + 2 * static_cast<quint64>(length));
-    addBytes(utf8, length);
+    addCell(kFirstText + 2 * static_cast<quint64>(length), utf8, static_cast<size_t>(length));
 }
 
 void RowStore::addBlob(const char *bytes, int length)
 {
-    addTag(kFirstText + 2 * static_cast<quint64>(length) + 1);
-    addBytes(bytes, length);
+    addCell(kFirstText + 2 * static_cast<quint64>(length) + 1, bytes, static_cast<size_t>(length));
 }
 
 void RowStore::endRow()
 {
     m_openRowStarts.push_back(static_cast<quint16>(m_openRow));
-    m_openRow = m_openCells.size();
+    m_openRow = m_openSize;
     m_locatedRow = -1;
     ++m_count;
-    if (m_openCells.size() >= kChunkSize)
+    if (m_openSize >= kChunkSize)
         sealChunk();
 }
 
@@ -152,36 +156,47 @@ RowStore::Cell RowStore::cell(int row, int column) const
     return cell;
 }
 
-void RowStore::addTag(quint64 tag)
+/// The end of the open chunk, where so many bytes may be written.
+char *RowStore::room(size_t bytes)
 {
-    while (tag >= kMoreFollows) {
-        m_openCells.push_back(static_cast<char>(tag | kMoreFollows));
-        tag >>= kTagBits;
-    }
-    m_openCells.push_back(static_cast<char>(tag));
+    if (m_openCapacity - m_openSize < bytes)
+        growOpenChunk(bytes);
+    return m_openCells.get() + m_openSize;
 }
 
-void RowStore::addBytes(const char *bytes, int length)
+void RowStore::growOpenChunk(size_t bytes)
 {
+    m_openCapacity = std::max({2 * m_openCapacity, m_openSize + bytes, kFirstCapacity});
+    std::unique_ptr<char[]> cells(new char[m_openCapacity]);
+    std::copy_n(m_openCells.get(), m_openSize, cells.get());
+    m_openCells = std::move(cells);
+}
+
+void RowStore::addCell(quint64 tag, const void *bytes, size_t length)
+{
+    char *const begin = room(kLongestTag + length);
+    char *end = writeTag(begin, tag);
     if (length > 0)
-        m_openCells.insert(m_openCells.end(), bytes, bytes + length);
+        std::memcpy(end, bytes, length);
+    m_openSize += static_cast<size_t>(end - begin) + length;
 }
 
 /// Moves the open chunk into memory of just its size and begins the next one.
 void RowStore::sealChunk()
 {
-    Chunk chunk{m_openFirstRow, std::unique_ptr<char[]>(new char[m_openCells.size()]),
+    Chunk chunk{m_openFirstRow, std::unique_ptr<char[]>(new char[m_openSize]),
                 std::unique_ptr<quint16[]>(new quint16[m_openRowStarts.size()])};
-    std::copy(m_openCells.begin(), m_openCells.end(), chunk.cells.get());
+    std::copy_n(m_openCells.get(), m_openSize, chunk.cells.get());
     std::copy(m_openRowStarts.begin(), m_openRowStarts.end(), chunk.rowStarts.get());
-    m_sealedSize +=
-        static_cast<qint64>(m_openCells.size() + m_openRowStarts.size() * sizeof(quint16) + sizeof chunk);
+    m_sealedSize += static_cast<qint64>(m_openSize + m_openRowStarts.size() * sizeof(quint16) + sizeof chunk);
     m_chunks.push_back(std::move(chunk));
 
     m_openFirstRow = m_count;
-    m_openCells.clear();
-    if (m_openCells.capacity() > 4 * kChunkSize)
-        m_openCells.shrink_to_fit();
+    m_openSize = 0;
+    if (m_openCapacity > 4 * kChunkSize) {
+        m_openCells.reset();
+        m_openCapacity = 0;
+    }
     m_openRowStarts.clear();
     m_openRow = 0;
 }
@@ -189,7 +204,7 @@ void RowStore::sealChunk()
 const char *RowStore::rowBegin(int row) const
 {
     if (row >= m_openFirstRow)
-        return m_openCells.data() + m_openRowStarts[static_cast<size_t>(row - m_openFirstRow)];
+        return m_openCells.get() + m_openRowStarts[static_cast<size_t>(row - m_openFirstRow)];
     const auto next = std::upper_bound(m_chunks.begin(), m_chunks.end(), row,
                                        [](int value, const Chunk &chunk) { return value < chunk.firstRow; });
     const Chunk &chunk = *std::prev(next);

@@ -51,8 +51,9 @@ private:
         std::unique_ptr<quint16[]> rowStarts;
     };
 
-    void addTag(quint64 tag);
-    void addBytes(const char *bytes, int length);
+    char *room(size_t bytes);
+    void growOpenChunk(size_t bytes);
+    void addCell(quint64 tag, const void *bytes, size_t length);
     void sealChunk();
     const char *rowBegin(int row) const;
     void locateCells(int row) const;
@@ -62,7 +63,9 @@ private:
     qint64 m_sealedSize = 0;
     std::vector<Chunk> m_chunks;
     int m_openFirstRow = 0;
-    std::vector<char> m_openCells;
+    std::unique_ptr<char[]> m_openCells;
+    size_t m_openSize = 0;
+    size_t m_openCapacity = 0;
     std::vector<quint16> m_openRowStarts;
     size_t m_openRow = 0;
     mutable int m_locatedRow = -1;
