@@ -906,6 +906,26 @@ Jetzt speichern?</translation>
         <source>Reading the audit trail</source>
         <translation>Audit-Trail wird gelesen</translation>
     </message>
+    <message>
+        <source>Copying the audit trail</source>
+        <translation>Audit-Trail wird kopiert</translation>
+    </message>
+    <message>
+        <source>These are too many rows for the clipboard. Save them as CSV instead.</source>
+        <translation>Das sind zu viele Zeilen für die Zwischenablage. Speichern Sie sie stattdessen als CSV.</translation>
+    </message>
+    <message>
+        <source>Reading failed</source>
+        <translation>Lesen fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>The audit trail could not be read to its end.</source>
+        <translation>Der Audit-Trail konnte nicht bis zum Ende gelesen werden.</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
 </context>
 <context>
     <name>CentralElement</name>
@@ -1319,7 +1339,7 @@ Jetzt speichern?</translation>
     </message>
     <message>
         <source>Switch to compare to initially loaded settings</source>
-        <translation>Mit den ursprünglich geladenen Einstellungen vergleichen</translation>
+        <translation>Mit zuerst geladenen vergleichen</translation>
     </message>
     <message>
         <source>Previously loaded settings:</source>
@@ -1327,7 +1347,7 @@ Jetzt speichern?</translation>
     </message>
     <message>
         <source>Switch to compare to previously loaded settings</source>
-        <translation>Mit den zuvor geladenen Einstellungen vergleichen</translation>
+        <translation>Mit zuvor geladenen vergleichen</translation>
     </message>
 </context>
 <context>

@@ -906,6 +906,26 @@ Save now?</translation>
         <source>Reading the audit trail</source>
         <translation>Reading the audit trail</translation>
     </message>
+    <message>
+        <source>Copying the audit trail</source>
+        <translation>Copying the audit trail</translation>
+    </message>
+    <message>
+        <source>These are too many rows for the clipboard. Save them as CSV instead.</source>
+        <translation>These are too many rows for the clipboard. Save them as CSV instead.</translation>
+    </message>
+    <message>
+        <source>Reading failed</source>
+        <translation>Reading failed</translation>
+    </message>
+    <message>
+        <source>The audit trail could not be read to its end.</source>
+        <translation>The audit trail could not be read to its end.</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>Ok</translation>
+    </message>
 </context>
 <context>
     <name>CentralElement</name>

@@ -904,6 +904,26 @@ Save now?</source>
         <source>Reading the audit trail</source>
         <translation>監査証跡を読み込んでいます</translation>
     </message>
+    <message>
+        <source>Copying the audit trail</source>
+        <translation>監査証跡をコピーしています</translation>
+    </message>
+    <message>
+        <source>These are too many rows for the clipboard. Save them as CSV instead.</source>
+        <translation>クリップボードには行数が多すぎます。代わりに CSV として保存してください。</translation>
+    </message>
+    <message>
+        <source>Reading failed</source>
+        <translation>読み取りに失敗しました</translation>
+    </message>
+    <message>
+        <source>The audit trail could not be read to its end.</source>
+        <translation>監査証跡を最後まで読み取ることができませんでした。</translation>
+    </message>
+    <message>
+        <source>Ok</source>
+        <translation>OK</translation>
+    </message>
 </context>
 <context>
     <name>CentralElement</name>
