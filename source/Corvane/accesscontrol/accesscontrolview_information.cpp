@@ -129,6 +129,7 @@ void AccesscontrolView::newInfoRow()
         putInfoEdit(new ColumnLineEdit(QString(), UuidString(), m_infoTable->viewport()), row, AddressColumn);
     }
     putDeleteButton(row);
+    m_infoTable->cellWidget(row, DeleteColumn)->setEnabled(false);  // the other list may have enabled it
     m_infoTable->setRowHidden(row, false);
     updateButtonStates();
     m_infoTable->focusCell(row, column);
@@ -139,14 +140,15 @@ void AccesscontrolView::newInfoRow()
 void AccesscontrolView::updateInfoButtons()
 {
     bool changed = false;
-    for (int row = 1; row <= infoRows() && !changed; ++row) {
+    for (int row = 1; row <= infoRows(); ++row) {
         const ColumnLineEdit *name = infoEdit(row, nameColumn());
-        if (!name)
+        QWidget *button = m_infoTable->cellWidget(row, DeleteColumn);
+        if (!name || !button)
             continue;
-        if (QWidget *button = m_infoTable->cellWidget(row, DeleteColumn)) {
-            button->setEnabled(!name->text().isEmpty());
-            button->setAccessibleDescription(name->text());
-        }
+        button->setAccessibleDescription(name->text());
+        if (changed)
+            continue;
+        button->setEnabled(!name->text().isEmpty());
         changed = isInfoRowChanged(row);
     }
     m_saveButton->setEnabled(changed);

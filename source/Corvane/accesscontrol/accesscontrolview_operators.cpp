@@ -119,6 +119,8 @@ void AccesscontrolView::deleteUser(AccessUser *user, const QString &name)
     }
     if (deleted) {
         removeUserRow(user);
+        if (!m_userTable->focusNeighbour(user->row(), 0, Qt::Vertical))
+            m_addButton->setFocus();
     } else {
         user->oper()->setUsername(name);
         showFailure(tr("Delete failed"), tr("Could not delete."));

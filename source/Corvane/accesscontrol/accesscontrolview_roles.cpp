@@ -6,6 +6,7 @@
 #include "ZephanShared/widgets/waitcursor.h"
 
 #include <QDialog>
+#include <QPushButton>
 
 void AccesscontrolView::newRole()
 {
@@ -75,10 +76,13 @@ void AccesscontrolView::deleteRoleColumn(AccessRole *button)
         const WaitCursor cursor;
         deleted = m_handler->deleteRole(button->role());
     }
-    if (deleted)
+    if (deleted) {
         removeRoleColumn(button->column());
-    else
+        if (!m_roleTable->focusNeighbour(0, button->column(), Qt::Horizontal))
+            m_addButton->setFocus();
+    } else {
         showFailure(tr("Delete failed"), tr("Could not delete."));
+    }
     updateButtonStates();
 }
 

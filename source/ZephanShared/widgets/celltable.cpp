@@ -114,6 +114,14 @@ void CellTable::focusCell(int row, int column)
     cellWidget(row, column)->setFocus(Qt::OtherFocusReason);
 }
 
+bool CellTable::focusNeighbour(int row, int column, Qt::Orientation direction)
+{
+    const int rowStep = direction == Qt::Vertical ? 1 : 0;
+    const int columnStep = 1 - rowStep;
+    return step(row + rowStep, column + columnStep, rowStep, columnStep) ||
+           step(row - rowStep, column - columnStep, -rowStep, -columnStep);
+}
+
 bool CellTable::eventFilter(QObject *watched, QEvent *event)
 {
     auto *cell = qobject_cast<QWidget *>(watched);

@@ -28,6 +28,11 @@ public:
     void setCell(int row, int column, QWidget *widget);
     /// Gives a cell's widget the focus and scrolls to it.
     void focusCell(int row, int column);
+    /// Gives the focus to the next widget along a cell's row or column, or else to the one before.
+    ///
+    /// \param direction  along the row or the column
+    /// \return           false when there is none
+    bool focusNeighbour(int row, int column, Qt::Orientation direction);
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 

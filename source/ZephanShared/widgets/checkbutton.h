@@ -4,7 +4,7 @@
 #include <QPushButton>
 
 /// A checkable push button without text that shows a tick while it is checked. Its tool tip is its accessible
-/// name: what it stands for may have been scrolled away.
+/// name: what it stands for may have been scrolled away. What toggles it for a person clicks it.
 class CheckButton : public QPushButton
 {
     Q_OBJECT

@@ -30,6 +30,8 @@ private slots:
     void anEmptiedNameIsNotSavedAndCannotBeDeleted();
     void theButtonsAfterAChangedRowWaitForTheSave_data();
     void theButtonsAfterAChangedRowWaitForTheSave();
+    void aBlankRowCannotBeDeletedThoughTheOtherListHasItsRow_data();
+    void aBlankRowCannotBeDeletedThoughTheOtherListHasItsRow();
     void anEmptiedAddressIsSavedWithItsName_data();
     void anEmptiedAddressIsSavedWithItsName();
     void aRestoredTextCountsAsAChange_data();
@@ -244,6 +246,27 @@ void TestAccesscontrolViewInformation::theButtonsAfterAChangedRowWaitForTheSave(
     QVERIFY(deleteButton(1)->isEnabled());
     QVERIFY(!deleteButton(2)->isEnabled());
     QCOMPARE(storedNames("organization"), (QStringList{text("East"), text("West Clinic")}));
+}
+
+void TestAccesscontrolViewInformation::aBlankRowCannotBeDeletedThoughTheOtherListHasItsRow_data()
+{
+    addOfflineFile();
+}
+
+void TestAccesscontrolViewInformation::aBlankRowCannotBeDeletedThoughTheOtherListHasItsRow()
+{
+    QVERIFY(addPlacesOfWork());
+    QVERIFY(addDepartment(3, text("Radiology"), text("Building 3")));
+    showView();
+    chooseView(Departments);
+    QVERIFY(deleteButton(3)->isEnabled());
+    chooseView(Organisations);
+    type(1, 0, text("East"));
+    QCOMPARE(deleteButton(2)->accessibleDescription(), text("West Clinic"));
+    click(addButton());
+    QCOMPARE(shownRows(), (QStringList{text("East"), text("West Clinic"), QString()}));
+    QVERIFY(!deleteButton(3)->isEnabled());
+    QCOMPARE(deleteButton(3)->accessibleDescription(), QString());
 }
 
 void TestAccesscontrolViewInformation::anEmptiedAddressIsSavedWithItsName_data()

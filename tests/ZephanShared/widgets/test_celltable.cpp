@@ -1,6 +1,7 @@
 #include "ZephanShared/widgets/celltable.h"
 #include "ZephanShared/widgets/checkbutton.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QLineEdit>
 #include <QSignalSpy>
@@ -91,6 +92,7 @@ private slots:
     void aClickMakesACellCurrent();
     void anEmptyTableTakesTheFocusItself();
     void aCheckButtonTellsItsNameAsATip();
+    void aCheckButtonThatIsToggledForAPersonIsClicked();
 };
 
 void TestCellTable::keysGoFromCellToCell_data()
@@ -264,6 +266,31 @@ void TestCellTable::aCheckButtonTellsItsNameAsATip()
     QHelpEvent asked(QEvent::ToolTip, QPoint(5, 5), button.mapToGlobal(QPoint(5, 5)));
     QApplication::sendEvent(&button, &asked);
     QCOMPARE(QToolTip::text(), QStringLiteral("<p>anna: &lt;Admin&gt;</p>"));
+}
+
+void TestCellTable::aCheckButtonThatIsToggledForAPersonIsClicked()
+{
+    CheckButton button(nullptr);
+    button.setAccessibleName(QStringLiteral("anna: Admin"));
+    const QSignalSpy clicks(&button, SIGNAL(clicked()));
+    const QString toggle = QAccessibleActionInterface::toggleAction();
+    QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(&button);
+    QVERIFY(accessible && accessible->actionInterface());
+    QCOMPARE(accessible->role(), QAccessible::CheckBox);
+    QCOMPARE(accessible->text(QAccessible::Name), QStringLiteral("anna: Admin"));
+    for (const bool checked : {true, false}) {
+        accessible->actionInterface()->doAction(toggle);
+        QCOMPARE(button.isChecked(), checked);
+        QVERIFY(accessible->state().checkable);
+        QCOMPARE(bool(accessible->state().checked), checked);
+    }
+    QCOMPARE(clicks.size(), 2);
+    QVERIFY(accessible->actionInterface()->actionNames().contains(toggle));
+    button.setEnabled(false);
+    QVERIFY(!accessible->actionInterface()->actionNames().contains(toggle));
+    accessible->actionInterface()->doAction(toggle);
+    QVERIFY(!button.isChecked());
+    QCOMPARE(clicks.size(), 2);
 }
 
 QTEST_MAIN(TestCellTable)

@@ -1,0 +1,119 @@
+#include "Corvane/accesscontrol/viewfixture.h"
+
+#include <QAccessible>
+
+namespace {
+
+/// Does what a screen reader or a switch does with a widget that can be checked.
+void toggle(QWidget *widget)
+{
+    QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(widget);
+    QVERIFY(accessible && accessible->actionInterface());
+    QVERIFY(
+        accessible->actionInterface()->actionNames().contains(QAccessibleActionInterface::toggleAction()));
+    accessible->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+}
+
+}  // namespace
+
+/// The tables in the hands of persons who use neither the mouse nor, some of them, the keys.
+class TestAccesscontrolViewAssisted : public ViewFixture
+{
+    Q_OBJECT
+
+private slots:
+    void aRoleThatIsToggledForAUserCanBeSaved_data();
+    void aRoleThatIsToggledForAUserCanBeSaved();
+    void aRightThatIsToggledBringsItsDependentRights_data();
+    void aRightThatIsToggledBringsItsDependentRights();
+    void afterADeletionTheKeyboardGoesOnFromTheNextUser_data();
+    void afterADeletionTheKeyboardGoesOnFromTheNextUser();
+    void afterADeletionTheKeyboardGoesOnFromTheNextRole_data();
+    void afterADeletionTheKeyboardGoesOnFromTheNextRole();
+};
+
+void TestAccesscontrolViewAssisted::aRoleThatIsToggledForAUserCanBeSaved_data()
+{
+    addOfflineFile();
+}
+
+void TestAccesscontrolViewAssisted::aRoleThatIsToggledForAUserCanBeSaved()
+{
+    QVERIFY(addUsers());
+    showView();
+    toggle(userCheck(text("bert"), text("Doctor")));
+    QVERIFY(canSave());
+    save();
+    QCOMPARE(storedRoles(text("bert")), (QStringList{text("Nurse"), text("Doctor")}));
+}
+
+void TestAccesscontrolViewAssisted::aRightThatIsToggledBringsItsDependentRights_data()
+{
+    addOfflineFile();
+}
+
+void TestAccesscontrolViewAssisted::aRightThatIsToggledBringsItsDependentRights()
+{
+    showView();
+    chooseView(Roles);
+    const QString doctor = text("Doctor");
+    toggle(rightCheck(doctor, text("Delete person")));
+    for (const char *right : {"Delete person", "Create person", "Delete study"})
+        QVERIFY2(rightCheck(doctor, text(right))->isChecked(), right);
+    QVERIFY(canSave());
+    toggle(rightCheck(doctor, text("Read study")));
+    for (const char *right : {"Delete person", "Read study", "Create study", "Delete study"})
+        QVERIFY2(!rightCheck(doctor, text(right))->isChecked(), right);
+    QVERIFY(rightCheck(doctor, text("Create person"))->isChecked());
+}
+
+void TestAccesscontrolViewAssisted::afterADeletionTheKeyboardGoesOnFromTheNextUser_data()
+{
+    QTest::addColumn<Place>("place");
+    QTest::addColumn<QString>("deleted");
+    QTest::addColumn<QString>("next");
+    QTest::newRow("below the deleted one") << Place::OfflineFile << text("anna") << text("bert");
+    QTest::newRow("above the last one") << Place::OfflineFile << text("bert") << text("anna");
+}
+
+void TestAccesscontrolViewAssisted::afterADeletionTheKeyboardGoesOnFromTheNextUser()
+{
+    QFETCH(const QString, deleted);
+    QFETCH(const QString, next);
+    QVERIFY(addUsers());
+    showView();
+    table("user_table")->focusCell(userRow(deleted), 0);
+    EditorSteps steps({press("remove_button")});
+    const MessageBoxes boxes({text("Ok")});
+    QTest::keyClick(m_stack->focusWidget(), Qt::Key_Return);
+    QVERIFY(steps.areDone());
+    QCOMPARE(shownUsers(), QStringList{next});
+    QCOMPARE(m_stack->focusWidget(), user(next));
+}
+
+void TestAccesscontrolViewAssisted::afterADeletionTheKeyboardGoesOnFromTheNextRole_data()
+{
+    QTest::addColumn<Place>("place");
+    QTest::addColumn<QString>("deleted");
+    QTest::addColumn<QString>("next");
+    QTest::newRow("behind the deleted one") << Place::OfflineFile << text("Doctor") << text("Admin");
+    QTest::newRow("before the last one") << Place::OfflineFile << text("Admin") << text("Doctor");
+}
+
+void TestAccesscontrolViewAssisted::afterADeletionTheKeyboardGoesOnFromTheNextRole()
+{
+    QFETCH(const QString, deleted);
+    QFETCH(const QString, next);
+    showView();
+    chooseView(Roles);
+    table("role_table")->focusCell(0, roleColumn(deleted));
+    EditorSteps steps({press("delete_button")});
+    const MessageBoxes boxes({text("Ok")});
+    QTest::keyClick(m_stack->focusWidget(), Qt::Key_Return);
+    QVERIFY(steps.areDone());
+    QVERIFY(!shownRoles().contains(deleted));
+    QCOMPARE(m_stack->focusWidget(), role(next));
+}
+
+QTEST_MAIN(TestAccesscontrolViewAssisted)
+#include "test_accesscontrolview_assisted.moc"
