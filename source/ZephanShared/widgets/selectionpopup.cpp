@@ -22,7 +22,15 @@ SelectionPopup::SelectionPopup(QPushButton *button, QWidget *parent)
     setAttribute(Qt::WA_NoMouseReplay);
     setSelectionMode(QAbstractItemView::MultiSelection);
     m_button->setCheckable(true);
+    // Assistive technology checks the button without a click. After a click there is nothing left to do.
+    connect(m_button, &QPushButton::toggled, this, &SelectionPopup::followButton, Qt::QueuedConnection);
     hide();
+}
+
+void SelectionPopup::followButton()
+{
+    if (m_button->isChecked() == isHidden())
+        showOrHide();
 }
 
 void SelectionPopup::showOrHide()

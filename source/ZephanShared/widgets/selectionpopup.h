@@ -28,6 +28,7 @@ protected:
     void hideEvent(QHideEvent *event) override;
 
 private:
+    void followButton();
     void fitToContents();
 
     QPushButton *m_button;

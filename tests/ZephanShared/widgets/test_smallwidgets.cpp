@@ -2,9 +2,11 @@
 #include "ZephanShared/widgets/combowithuuid.h"
 #include "ZephanShared/widgets/logindialog.h"
 #include "ZephanShared/widgets/removebutton.h"
+#include "ZephanShared/widgets/selectionpopup.h"
 #include "ZephanShared/widgets/styleprinter.h"
 #include "support/messageboxes.h"
 
+#include <QAccessible>
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QPushButton>
@@ -89,6 +91,8 @@ private slots:
     void loginDialogHasNoCloseButton();
     void loginDialogAnswers_data();
     void loginDialogAnswers();
+
+    void selectionListOpensAndClosesWithoutAClick();
 };
 
 void TestSmallWidgets::initTestCase()
@@ -338,6 +342,32 @@ void TestSmallWidgets::loginDialogAnswers()
     QCOMPARE(dialog.result(), result);
     QCOMPARE(dialog.username(), QStringLiteral("ben"));
     QCOMPARE(dialog.password(), QStringLiteral("x y"));
+}
+
+void TestSmallWidgets::selectionListOpensAndClosesWithoutAClick()
+{
+    QPushButton button;
+    SelectionPopup list(&button, &button);
+    list.addItem(QStringLiteral("one"));
+    connect(&button, &QPushButton::clicked, &list, &SelectionPopup::showOrHide);
+    button.show();
+    QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(&button);
+    QVERIFY(accessible && accessible->actionInterface());
+    const auto toggle = [accessible] {
+        accessible->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    };
+    toggle();
+    QTRY_VERIFY(list.isVisible());
+    toggle();
+    QTRY_VERIFY(!list.isVisible());
+    QVERIFY(!button.isChecked());
+    // What a click has opened stays open, and what it has closed stays closed.
+    button.click();
+    QCoreApplication::processEvents();
+    QVERIFY(list.isVisible());
+    button.click();
+    QCoreApplication::processEvents();
+    QVERIFY(!list.isVisible());
 }
 
 QTEST_MAIN(TestSmallWidgets)
