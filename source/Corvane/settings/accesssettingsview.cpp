@@ -66,11 +66,27 @@ void removeKeys(const char *const (&keys)[size])
         store()->generalSettings()->remove(QLatin1String(key));
 }
 
-/// A box that shows a state and never changes it by itself.
+/// A box that shows a state and never changes it by itself. Only `setCheckState` does.
 class StateBox : public WrappingCheckBox
 {
+public:
+    StateBox()
+    {
+        connect(this, &QCheckBox::stateChanged, this,
+                [this](int state) { m_shown = static_cast<Qt::CheckState>(state); });
+    }
+
 protected:
     void nextCheckState() override {}
+    // Assistive technology toggles a box without pressing it.
+    void checkStateSet() override
+    {
+        setCheckState(m_shown);
+        QMetaObject::invokeMethod(this, "click", Qt::QueuedConnection);
+    }
+
+private:
+    Qt::CheckState m_shown = Qt::Unchecked;
 };
 
 }  // namespace
@@ -189,6 +205,7 @@ void AccessSettingsView::updateOnlineText()
     m_onlineAudit->setText(m_onlineAudit->checkState() == Qt::PartiallyChecked
                                ? tr("Unknown. Click to read state from database.")
                                : tr("Enabled"));
+    m_onlineAudit->setAccessibleDescription(m_onlineAudit->text());
 }
 
 void AccessSettingsView::reloadSettings()

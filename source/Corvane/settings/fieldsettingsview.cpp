@@ -408,11 +408,33 @@ void FieldSettingsView::cleanAddedFields(bool clear)
     for (CustomPersonField *row : m_rows.values()) {
         if (!clear && !row->isRemoved())
             continue;
-        if (!clear)
+        if (!clear) {
             m_summary->removeCustomName(positionOf(row->id()));
+            passFocusOn(row);
+        }
         removeRow(row);
     }
     m_summary->setCustomNames(customNames());
+}
+
+void FieldSettingsView::passFocusOn(const CustomPersonField *row)
+{
+    if (!row->isAncestorOf(focusWidget()))
+        return;
+    const auto here = m_rows.constFind(row->id());
+    const auto next = std::next(here);
+    CustomPersonField *neighbour = nullptr;
+    if (next != m_rows.cend())
+        neighbour = *next;
+    else if (here != m_rows.cbegin())
+        neighbour = *std::prev(here);
+    if (!neighbour) {
+        m_addButton->setFocus(Qt::OtherFocusReason);
+        return;
+    }
+    buildRow(neighbour);
+    neighbour->tabStops().last()->setFocus(Qt::OtherFocusReason);
+    bringIntoSight(neighbour);
 }
 
 void FieldSettingsView::refreshCustomFieldsInBoxes()

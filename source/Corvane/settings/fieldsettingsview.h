@@ -78,6 +78,8 @@ private:
     void buildRow(CustomPersonField *row);
     void buildAround(const CustomPersonField *row);
     void placeInTabOrder(CustomPersonField *row);
+    /// The keyboard goes on in the row after one that is to be removed, or else before it.
+    void passFocusOn(const CustomPersonField *row);
     void removeRow(CustomPersonField *row);
     void moveRow(CustomPersonField *row, int step);
     void bringIntoSight(CustomPersonField *row);

@@ -89,3 +89,9 @@ void SelectionPopup::hideEvent(QHideEvent *event)
     m_button->setChecked(false);
     QListWidget::hideEvent(event);
 }
+
+QItemSelectionModel::SelectionFlags SelectionPopup::selectionCommand(const QModelIndex &index,
+                                                                     const QEvent *event) const
+{
+    return event ? QListWidget::selectionCommand(index, event) : QItemSelectionModel::NoUpdate;
+}

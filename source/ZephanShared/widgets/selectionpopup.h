@@ -1,6 +1,7 @@
 #ifndef SELECTIONPOPUP_H
 #define SELECTIONPOPUP_H
 
+#include <QItemSelectionModel>
 #include <QListWidget>
 
 class QPushButton;
@@ -26,6 +27,9 @@ protected:
     bool event(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void hideEvent(QHideEvent *event) override;
+    /// Only a press or a key picks an item; one that typing finds becomes the current one and no more.
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex &index,
+                                                         const QEvent *event = nullptr) const override;
 
 private:
     void followButton();

@@ -84,6 +84,7 @@ private slots:
     void aRemovedFieldLeavesTheSummaryAndTheSettings();
     void ofTwoFieldsWithOneNameTheRightOneIsRemoved();
     void aRemovedFieldNoLongerReports();
+    void afterARemovalTheKeyboardGoesOnAtTheNextField();
     void movesSwapTheNumbersOfNeighbours_data();
     void movesSwapTheNumbersOfNeighbours();
     void aMovedFieldKeepsTheKeyboardAndItsPlaceInTheSummary();
@@ -367,6 +368,23 @@ void TestCustomFieldRows::aRemovedFieldNoLongerReports()
     emit row->nameChange();
     emit row->refresh();
     QVERIFY(updated.isEmpty());
+}
+
+void TestCustomFieldRows::afterARemovalTheKeyboardGoesOnAtTheNextField()
+{
+    setStored(kCustom, kThreeFields);
+    FieldSettingsView page;
+    show(page);
+    const MessageBoxes boxes({QStringLiteral("Ok"), QStringLiteral("Ok"), QStringLiteral("Ok")});
+    rowPart(page, 1, kRowRemove)->setFocus();
+    for (const QStringList &left : {QStringList{"A", "C"}, QStringList{"A"}}) {
+        QTest::keyClick(page.focusWidget(), Qt::Key_Space);
+        QCOMPARE(rowNames(page), left);
+        QCOMPARE(page.focusWidget(), rowPart(page, left.size() - 1, kRowRemove));
+    }
+    QTest::keyClick(page.focusWidget(), Qt::Key_Space);
+    QVERIFY(rows(page).isEmpty());
+    QCOMPARE(page.focusWidget(), child<QPushButton>(page, "add_custom_field"));
 }
 
 void TestCustomFieldRows::movesSwapTheNumbersOfNeighbours_data()

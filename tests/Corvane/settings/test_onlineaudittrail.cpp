@@ -3,6 +3,7 @@
 #include "siteconnection.h"
 #include "support/messageboxes.h"
 
+#include <QAccessible>
 #include <QComboBox>
 #include <QDialog>
 #include <QFile>
@@ -49,9 +50,17 @@ private slots:
     void aConnectionOfAnotherVisitCutsThePagesOwnSignals_data();
     void aConnectionOfAnotherVisitCutsThePagesOwnSignals();
     void theKeyboardReadsToo();
+    void assistiveTechnologyReadsToo();
+    void assistiveTechnologyChangesAReadState();
     void theDialogHasItsSizesAndTexts();
 
 private:
+    /// As assistive technology does, which needs no press.
+    void toggleOnline() const
+    {
+        QAccessible::queryAccessibleInterface(online())->actionInterface()->doAction(
+            QAccessibleActionInterface::toggleAction());
+    }
     QString auditDatabase(const QString &name, const QString &hash = kHash) const;
     void rememberDatabase(const QString &file) const
     {
@@ -412,6 +421,47 @@ void TestOnlineAuditTrail::theKeyboardReadsToo()
     online()->click();  // as assistive technology does
     QCOMPARE(dialogs.count(), 3);
     QCOMPARE(online()->checkState(), Qt::Checked);
+}
+
+void TestOnlineAuditTrail::assistiveTechnologyReadsToo()
+{
+    rememberDatabase(auditDatabase("assisted"));
+    store()->enableAuditTrailSetting(kHash);
+    show();
+    MessageBoxes boxes;
+    ConnectionDialogs dialogs({[](QDialog &dialog) { dialog.reject(); }, connectAs("reader")});
+    QCOMPARE(online()->accessibleDescription(), kUnknownText);
+    toggleOnline();
+    QTRY_COMPARE(dialogs.count(), 1);
+    QCOMPARE(online()->checkState(), Qt::PartiallyChecked);
+    QCOMPARE(online()->text(), kUnknownText);
+    toggleOnline();
+    QTRY_COMPARE(boxes.seen().size(), 1);
+    QCOMPARE(boxes.seen().first().title, QStringLiteral("Setting read"));
+    QTRY_VERIFY(!online()->isDown());
+    QCOMPARE(online()->checkState(), Qt::Checked);
+    QCOMPARE(dialogs.count(), 2);
+}
+
+void TestOnlineAuditTrail::assistiveTechnologyChangesAReadState()
+{
+    rememberDatabase(auditDatabase("assisted"));
+    show();
+    MessageBoxes boxes;
+    ConnectionDialogs dialogs({connectAs("reader"), connectAs("reader"), connectAs("reader")});
+    for (const Qt::CheckState state : {Qt::Unchecked, Qt::Checked, Qt::Unchecked}) {
+        const int count = boxes.seen().size();
+        toggleOnline();
+        QTRY_COMPARE(boxes.seen().size(), count + 1);
+        QTRY_VERIFY(!online()->isDown());
+        QCOMPARE(online()->checkState(), state);
+        QCOMPARE(store()->isAuditTrailSettingEnabled(kHash), state == Qt::Checked);
+    }
+    // Cancelled, it stays as it was read.
+    toggleOnline();
+    QTRY_COMPARE(dialogs.count(), 4);
+    QTRY_VERIFY(!online()->isDown());
+    QCOMPARE(online()->checkState(), Qt::Unchecked);
 }
 
 void TestOnlineAuditTrail::theDialogHasItsSizesAndTexts()

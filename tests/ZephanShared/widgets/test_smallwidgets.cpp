@@ -93,6 +93,7 @@ private slots:
     void loginDialogAnswers();
 
     void selectionListOpensAndClosesWithoutAClick();
+    void typingInASelectionListFindsAnItemAndPicksNothing();
 };
 
 void TestSmallWidgets::initTestCase()
@@ -368,6 +369,25 @@ void TestSmallWidgets::selectionListOpensAndClosesWithoutAClick()
     button.click();
     QCoreApplication::processEvents();
     QVERIFY(!list.isVisible());
+}
+
+void TestSmallWidgets::typingInASelectionListFindsAnItemAndPicksNothing()
+{
+    QPushButton button;
+    SelectionPopup list(&button, &button);
+    list.addItems({QStringLiteral("Alpha"), QStringLiteral("Beta"), QStringLiteral("Gamma")});
+    list.item(2)->setSelected(true);
+    connect(&button, &QPushButton::clicked, &list, &SelectionPopup::showOrHide);
+    button.show();
+    button.click();
+    QVERIFY(QTest::qWaitForWindowExposed(&list));
+    QTest::keyClicks(&list, QStringLiteral("b"));
+    QCOMPARE(list.currentRow(), 1);
+    QCOMPARE(list.selectedItems(), QList<QListWidgetItem *>{list.item(2)});
+    QTest::keyClick(&list, Qt::Key_Space);
+    QVERIFY(list.item(1)->isSelected());
+    QTest::keyClick(&list, Qt::Key_Down);
+    QCOMPARE(list.selectedItems().size(), 2);
 }
 
 QTEST_MAIN(TestSmallWidgets)
