@@ -5,12 +5,14 @@
 #include <QThread>
 #include <QTimer>
 
+#include <utility>
+
 namespace {
 
 constexpr char kConnectionName[] = "settings.online";
 
 // Longer than any operation takes at a server that answers, trying again for a while included.
-constexpr int kLongestAnswer = 30000;  // milliseconds
+constexpr std::chrono::milliseconds kLongestAnswer(30000);
 
 // The window stands still while a configuration is fetched.
 constexpr std::chrono::milliseconds kLongestWait(15000);
@@ -52,6 +54,14 @@ struct OnlineThread::Crew
         home = nullptr;
     }
 };
+
+OnlineThread::OnlineThread()
+    : OnlineThread(kLongestAnswer)
+{}
+
+OnlineThread::OnlineThread(std::chrono::milliseconds longestAnswer)
+    : m_longestAnswer(longestAnswer)
+{}
 
 OnlineThread::~OnlineThread()
 {
@@ -96,7 +106,7 @@ void OnlineThread::put(const std::function<Telling(OnlineWorker &)> &question, c
     m_open.insert(number, {unanswered, m_round});
     start();
     post([crew = m_crew, question, number](OnlineWorker &worker) { crew->tell(number, question(worker)); });
-    QTimer::singleShot(kLongestAnswer, this, [this, number] { giveUpIfOpen(number); });
+    QTimer::singleShot(m_longestAnswer, this, [this, number] { giveUpIfOpen(number); });
 }
 
 void OnlineThread::post(const std::function<void(OnlineWorker &)> &task)
@@ -108,7 +118,13 @@ void OnlineThread::post(const std::function<void(OnlineWorker &)> &task)
 
 void OnlineThread::deliver(int number, const Telling &answer)
 {
-    if (m_open.contains(number) && m_open.take(number).round == m_round)
+    if (m_open.contains(number))
+        tell(m_open.take(number).round, answer);
+}
+
+void OnlineThread::tell(int round, const Telling &answer) const
+{
+    if (round == m_round)
         answer();
 }
 
@@ -127,10 +143,11 @@ void OnlineThread::giveUp()
     m_crew->thread->quit();
     m_crew.reset();
     ++m_crews;
-    for (auto question = m_open.constBegin(); question != m_open.constEnd(); ++question) {
-        const int number = question.key();
-        const Telling unanswered = question->unanswered;
+    // They are closed at once: questions that were put together run out of time together, and the next worker
+    // is not to be given up for them.
+    const QMap<int, Open> unanswered = std::exchange(m_open, {});
+    for (const Open &question : unanswered) {
         QMetaObject::invokeMethod(
-            this, [this, number, unanswered] { deliver(number, unanswered); }, Qt::QueuedConnection);
+            this, [this, question] { tell(question.round, question.unanswered); }, Qt::QueuedConnection);
     }
 }

@@ -24,7 +24,9 @@ class OnlineThread : public QObject
     Q_OBJECT
 
 public:
-    OnlineThread() = default;
+    OnlineThread();
+    /// \param longestAnswer  how long a question may stay open before the worker is given up
+    explicit OnlineThread(std::chrono::milliseconds longestAnswer);
     ~OnlineThread() override;
 
     void start();
@@ -57,9 +59,11 @@ private:
     void put(const std::function<Telling(OnlineWorker &)> &question, const Telling &unanswered);
     void post(const std::function<void(OnlineWorker &)> &task);
     void deliver(int number, const Telling &answer);
+    void tell(int round, const Telling &answer) const;
     void giveUpIfOpen(int number);
     void giveUp();
 
+    const std::chrono::milliseconds m_longestAnswer;
     std::shared_ptr<Crew> m_crew;
     int m_crews = 0;
     QMap<int, Open> m_open;
