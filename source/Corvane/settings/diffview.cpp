@@ -10,6 +10,8 @@
 #include <QPushButton>
 #include <QSet>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int kPaneMinimumWidth = 300;
@@ -45,6 +47,19 @@ QString joined(const QStringList &lines)
     return lines.join(QLatin1Char('\n'));
 }
 
+/// The window to stay in front of. None is active for the moment in which a dialog has closed and its window
+/// has not been told yet that it is its turn.
+QWidget *windowBehind()
+{
+    if (QWidget *active = QApplication::activeWindow())
+        return active;
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto main = std::find_if(windows.cbegin(), windows.cend(), [](const QWidget *window) {
+        return window->isVisible() && window->windowType() == Qt::Window;
+    });
+    return main == windows.cend() ? nullptr : *main;
+}
+
 }  // namespace
 
 bool DiffView::showDiff(const QStringList &initial, const QStringList &previous, const QStringList &current,
@@ -55,7 +70,7 @@ bool DiffView::showDiff(const QStringList &initial, const QStringList &previous,
 
 DiffView::DiffView(const QStringList &initial, const QStringList &previous, const QStringList &current,
                    QString tag, bool hideToggle, bool withCancel)
-    : QDialog(QApplication::activeWindow())
+    : QDialog(windowBehind())
     , m_currentLessInitial(current)
     , m_initialLessCurrent(initial)
     , m_tag(std::move(tag))

@@ -99,6 +99,7 @@ private slots:
     void thereIsACancelOnlyWhenAskedFor();
     void duplicatesVanishAndTheResultsAreSortedAndDisjoint();
     void aLongTagWidensBothPanes();
+    void itStaysInFrontOfTheProgramWhileNoWindowIsActive();
     void theArgumentsStayAsTheyWere();
     void panesAreReadOnlyAndDoNotWrap();
     void thousandsOfLinesArePutIntoThePanesOnce_data();
@@ -330,6 +331,19 @@ void TestDiffView::aLongTagWidensBothPanes()
         QCOMPARE(child<QPlainTextEdit>(dialog, "right_pane")->minimumWidth(), width);
         QVERIFY(dialog.minimumWidth() > 2 * width);
     });
+}
+
+void TestDiffView::itStaysInFrontOfTheProgramWhileNoWindowIsActive()
+{
+    QWidget program;
+    program.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&program));
+    // A dialog that has just closed leaves it so.
+    QApplication::setActiveWindow(nullptr);
+    const QWidget *behind = nullptr;
+    showDiff({kInitial, kPrevious, kCurrent, {}},
+             [&behind](DiffView &dialog) { behind = dialog.parentWidget(); });
+    QCOMPARE(behind, &program);
 }
 
 void TestDiffView::theArgumentsStayAsTheyWere()
