@@ -187,6 +187,7 @@ void ConfManagementDialog::handleToolClicked()
 {
     SettingsHandler::getInstance()->callOnlineInit();
     m_sinceRequest.invalidate();
+    restFocus({m_list, m_notes, m_loadButton, m_deleteButton});
     setListEnabled(false);
     m_notes->clear();
     setChoiceEnabled(false);
@@ -199,6 +200,7 @@ void ConfManagementDialog::handleToolClicked()
 void ConfManagementDialog::showConnecting(const QString &text)
 {
     m_connected = false;
+    restFocus({m_connectButton});
     m_connectButton->setEnabled(false);
     m_connectButton->setText(text);
 }
@@ -212,6 +214,7 @@ void ConfManagementDialog::reconnected(bool ok)
     m_connected = ok;
     m_connectButton->setEnabled(true);
     updateTexts();
+    returnFocus();
 }
 
 // A database without configurations is asked until it has some, in a measured way.
@@ -238,8 +241,10 @@ void ConfManagementDialog::showList(bool listReadable)
     m_connectButton->setEnabled(true);
     m_connected = true;
     updateTexts();
-    if (m_list->isEnabled() || !listReadable)
+    if (m_list->isEnabled() || !listReadable) {
+        returnFocus();
         return;
+    }
     if (SettingsHandler::getInstance()->getOnlineNotesList().isEmpty()) {
         saveConnection();
         sendIdRequest();
@@ -249,6 +254,7 @@ void ConfManagementDialog::showList(bool listReadable)
         fillList();
     setListEnabled(true);
     setChoiceEnabled(true);
+    returnFocus();
 }
 
 void ConfManagementDialog::fillList()
@@ -312,6 +318,9 @@ int ConfManagementDialog::currentId() const
 
 void ConfManagementDialog::handleLoadClicked()
 {
+    // A second click that was on its way: loading twice would leave nothing to go back to.
+    if (isClosed())
+        return;
     saveConnection();
     emit loadTag(m_list->currentText());
     bool isLoaded = false;
@@ -333,8 +342,12 @@ void ConfManagementDialog::handleDeleteClicked()
     box.setTextFormat(Qt::PlainText);
     box.button(QMessageBox::Ok)->setText(tr("OK"));
     box.button(QMessageBox::Cancel)->setText(tr("Cancel"));
+    const int id = currentId();
     if (box.exec() != QMessageBox::Ok)
         return;
+    // The mark of the active configuration may have come meanwhile and moved the choice.
+    m_list->setCurrentIndex(m_list->findData(id));
+    restFocus({m_loadButton, m_deleteButton});
     setChoiceEnabled(false);
     emit requestDelete(currentId());
 }
@@ -344,6 +357,7 @@ void ConfManagementDialog::deleteDone(int id, OnlineSettings::QueryError error)
     if (isClosed())
         return;
     setChoiceEnabled(true);
+    returnFocus();
     if (error == OnlineSettings::Success && id == currentId()) {
         removeCurrent();
         return;

@@ -209,6 +209,11 @@ void DistributionView::proceed()
 
 void DistributionView::setButtonsEnabled(bool enabled)
 {
-    for (QPushButton *button : {m_distributeButton, m_saveButton, m_cancelButton})
+    const QWidgetList buttons{m_distributeButton, m_saveButton, m_cancelButton};
+    if (!enabled)
+        restFocus(buttons);
+    for (QWidget *button : buttons)
         button->setEnabled(enabled);
+    if (enabled)
+        returnFocus();
 }

@@ -74,6 +74,20 @@ const QMap<QString, QVariant> &SettingsDatabaseDialog::connectionSettings() cons
     return m_connectionSettings;
 }
 
+void SettingsDatabaseDialog::restFocus(const QWidgetList &disabled)
+{
+    if (!disabled.contains(focusWidget()))
+        return;
+    m_resting = focusWidget();
+    setFocus(Qt::OtherFocusReason);
+}
+
+void SettingsDatabaseDialog::returnFocus()
+{
+    if (focusWidget() == this && m_resting && m_resting->isEnabled())
+        m_resting->setFocus(Qt::OtherFocusReason);
+}
+
 bool SettingsDatabaseDialog::isClosed() const
 {
     return m_closed;

@@ -7,6 +7,7 @@
 
 #include <QDialog>
 #include <QMap>
+#include <QPointer>
 #include <QVariant>
 
 class ConnectionArea;
@@ -47,6 +48,11 @@ protected:
     /// Remembers what is edited: user name and password for this run, the rest in `local_cache`.
     void rememberConnection();
     const QMap<QString, QVariant> &connectionSettings() const;
+    /// To be called before these are disabled: the focus rests on the dialog then. Disabling would hand it on
+    /// to whatever comes next, where a key pressed twice does something else.
+    void restFocus(const QWidgetList &disabled);
+    /// Gives the focus back to what had it, unless a person has moved it meanwhile.
+    void returnFocus();
     /// The dialog has closed, and answers that are still on their way don't count any more.
     bool isClosed() const;
 
@@ -60,6 +66,7 @@ private:
     ConnectionArea *m_area = nullptr;
     QString *m_username;
     QString *m_password;
+    QPointer<QWidget> m_resting;  ///< what gets the focus back
     bool m_closed = false;
 };
 

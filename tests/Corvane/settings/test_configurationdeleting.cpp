@@ -4,14 +4,18 @@
 #include "siteconnection.h"
 #include "support/messageboxes.h"
 
+#include <QApplication>
+#include <QMessageBox>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTimer>
 
 using namespace SettingsTest;
 
 namespace {
 
-constexpr int kQuietTime = 300;  // milliseconds
+constexpr int kQuietTime = 300;    // milliseconds
+constexpr int kPollInterval = 10;  // milliseconds
 const QString kMark = QStringLiteral(" - Active in database");
 const QString kFailure = QStringLiteral("Deleting settings configuration from database was unsuccessful.\n");
 
@@ -36,6 +40,8 @@ class TestConfigurationDeleting : public ConfManagementFixture
 private slots:
     void deletingAsksFirst();
     void deletingRemovesTheItem();
+    void deletingLeavesTheFocusOnItsButton();
+    void whatWasConfirmedIsDeletedWhereverTheMarkMovesTheChoice();
     void deletingTheLastOneLeavesNothingToChoose();
     void deletingTheActiveConfigurationLeavesTheListAndDoesNotReconnect();
     void aLateAnswerIsNoneToTheNextDialog();
@@ -81,6 +87,44 @@ void TestConfigurationDeleting::deletingRemovesTheItem()
     }
     QCOMPARE(items(list()), QStringList{createdBy(1) + kMark});
     QCOMPARE(SiteConnection::run(m_site, {"SELECT id FROM configurations"}), QStringList{"1"});
+}
+
+void TestConfigurationDeleting::deletingLeavesTheFocusOnItsButton()
+{
+    addConfigurations(2, 0);
+    openConnected();
+    auto *button = child<QAbstractButton>(*m_dialog, "delete_button");
+    button->setFocus();
+    MessageBoxes boxes({"OK"});
+    QTest::keyClick(button, Qt::Key_Space);
+    QVERIFY(!button->isEnabled());
+    // Another press of the key must not reach the button beside it, which closes the dialog.
+    QCOMPARE(m_dialog->focusWidget(), m_dialog.data());
+    QTRY_COMPARE_WITH_TIMEOUT(list()->count(), 1, kAnswerTime);
+    QCOMPARE(m_dialog->focusWidget(), button);
+}
+
+void TestConfigurationDeleting::whatWasConfirmedIsDeletedWhereverTheMarkMovesTheChoice()
+{
+    addConfigurations(3, 0);
+    openConnected();
+    choose(3);
+    QTimer timer;
+    connect(&timer, &QTimer::timeout, this, [this, &timer] {
+        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+        if (!box || !box->isVisible())
+            return;
+        timer.stop();
+        // The active configuration becomes known while the question stands.
+        QMetaObject::invokeMethod(m_dialog, "markActive", Q_ARG(int, 1));
+        QTest::mouseClick(box->button(QMessageBox::Ok), Qt::LeftButton);
+    });
+    timer.start(kPollInterval);
+    press("delete_button");
+    QTRY_COMPARE_WITH_TIMEOUT(list()->count(), 2, kAnswerTime);
+    QCOMPARE(list()->findData(3), -1);
+    QCOMPARE(SiteConnection::run(m_site, {"SELECT id FROM configurations ORDER BY id"}),
+             QStringList({"1", "2"}));
 }
 
 void TestConfigurationDeleting::deletingTheLastOneLeavesNothingToChoose()

@@ -36,6 +36,7 @@ private slots:
     void loadingClosesTheDialogAndShowsThePages();
     void aFirstOnlineLoadShowsNoComparisonAndALaterOneDoes();
     void refusingTheComparisonUndoesTheLoad();
+    void aSecondClickLoadsNothingMore();
     void aTagWithAnActiveMarkIsShownAsItStands();
     void aConfigurationThatCannotBeLoadedIsTold();
     void cancelAfterALoadIsImpossible();
@@ -127,6 +128,25 @@ void TestConfigurationLoading::refusingTheComparisonUndoesTheLoad()
     QTRY_COMPARE(answers.count(), 1);
     QTRY_COMPARE(stored("site/number").toInt(), 77);
     QCOMPARE(child<QComboBox>(bench.view(), "language")->currentData().toString(), QStringLiteral("fi"));
+}
+
+void TestConfigurationLoading::aSecondClickLoadsNothingMore()
+{
+    addConfigurations(1, 0);
+    m_files.setLocal({{"site/number", 77}});
+    SettingsBench bench(m_workstation, kAllRights);
+    bench.choose("local_menu", "load_action");
+    const DiffAnswers answers([](DiffView &) {}, false);
+    connectFromMenu(bench);
+    QSignalSpy received(store(), &SettingsHandler::onlineSettingsReady);
+    auto *load = child<QAbstractButton>(*m_dialog, "load_button");
+    load->click();
+    // The click that was on its way when the first one closed the dialog.
+    load->click();
+    waitForTheEnd();
+    QTRY_COMPARE(answers.count(), 1);
+    QCOMPARE(received.count(), 1);
+    QCOMPARE(stored("site/number").toInt(), 77);
 }
 
 void TestConfigurationLoading::aTagWithAnActiveMarkIsShownAsItStands()

@@ -43,6 +43,9 @@ private slots:
     void returnInALineStartsNothing();
     void returnOnAButtonPressesThatButtonAndNoOther_data();
     void returnOnAButtonPressesThatButtonAndNoOther();
+    void theConnectButtonHasTheFocusAgainOnceThereIsAnAnswer_data();
+    void theConnectButtonHasTheFocusAgainOnceThereIsAnAnswer();
+    void aFocusThatWasMovedMeanwhileStays();
     void withUserAndPasswordRememberedTheDialogConnectsAtOnce();
     void withoutThemItWaitsForTheConnectButton_data();
     void withoutThemItWaitsForTheConnectButton();
@@ -189,6 +192,48 @@ void TestConfManagementDialog::returnOnAButtonPressesThatButtonAndNoOther()
     QCOMPARE(stored("site/own").toString(), QStringLiteral("opened"));
     QCOMPARE(child<QScrollArea>(*m_dialog, "connection_area")->isVisible(), onOptions);
     QCOMPARE(requests.count(), onOptions ? 0 : 1);
+}
+
+void TestConfManagementDialog::theConnectButtonHasTheFocusAgainOnceThereIsAnAnswer_data()
+{
+    QTest::addColumn<bool>("isThere");
+    QTest::newRow("the list of the database") << true;
+    QTest::newRow("no connection") << false;
+}
+
+void TestConfManagementDialog::theConnectButtonHasTheFocusAgainOnceThereIsAnAnswer()
+{
+    QFETCH(bool, isThere);
+    addConfigurations(1, 0);
+    if (isThere)
+        rememberSite();
+    m_username.clear();
+    open();
+    auto *button = child<QToolButton>(*m_dialog, "connect_button");
+    button->setFocus();
+    QTest::keyClick(button, Qt::Key_Space);
+    QVERIFY(!button->isEnabled());
+    // The next keys press nothing that the focus would have moved on to.
+    QCOMPARE(m_dialog->focusWidget(), m_dialog.data());
+    QTest::keyClick(m_dialog, Qt::Key_Space);
+    QVERIFY(child<QScrollArea>(*m_dialog, "connection_area")->isHidden());
+    QTRY_VERIFY_WITH_TIMEOUT(isThere ? canChoose() : button->isEnabled(), kAnswerTime);
+    QCOMPARE(m_dialog->focusWidget(), button);
+}
+
+void TestConfManagementDialog::aFocusThatWasMovedMeanwhileStays()
+{
+    addConfigurations(1, 0);
+    rememberSite();
+    m_username.clear();
+    open();
+    auto *button = child<QToolButton>(*m_dialog, "connect_button");
+    button->setFocus();
+    QTest::keyClick(button, Qt::Key_Space);
+    auto *options = child<QToolButton>(*m_dialog, "options_button");
+    options->setFocus();
+    QTRY_VERIFY_WITH_TIMEOUT(canChoose(), kAnswerTime);
+    QCOMPARE(m_dialog->focusWidget(), options);
 }
 
 void TestConfManagementDialog::withUserAndPasswordRememberedTheDialogConnectsAtOnce()

@@ -56,6 +56,7 @@ class TestDistributionFailures : public DistributionFixture
 private slots:
     void buttonsAreDisabledWhileAnAnswerIsAwaited();
     void aConnectionFailureIsToldAndKeepsWhatWasEntered();
+    void aFailedAttemptGivesTheButtonTheFocusBack();
     void aConnectionFailureLeavesTheDistributeFlagClear();
     void aFailedAttemptFollowedByASuccessfulOneSendsTheSameWorkingSettings();
     void failedStoring_data();
@@ -106,6 +107,20 @@ void TestDistributionFailures::aConnectionFailureIsToldAndKeepsWhatWasEntered()
     QCOMPARE(SiteConnection::userOf(*m_dialog), QStringLiteral("reader"));
     QCOMPARE(SiteConnection::passwordOf(*m_dialog), QStringLiteral("secret"));
     QCOMPARE(remembered(), cache);
+}
+
+void TestDistributionFailures::aFailedAttemptGivesTheButtonTheFocusBack()
+{
+    open();
+    child<QLineEdit>(*m_dialog, "connection_setting_1")
+        ->setText("Driver=SQLite3;Database=" + m_workstation.path("nowhere/site.db"));
+    auto *button = child<QPushButton>(*m_dialog, "distribute_button");
+    button->setFocus();
+    QTest::keyClick(button, Qt::Key_Space);
+    QCOMPARE(buttons(*m_dialog), kAllDisabled);
+    QCOMPARE(m_dialog->focusWidget(), m_dialog.data());
+    QTRY_COMPARE_WITH_TIMEOUT(buttons(*m_dialog), kAllEnabled, kAnswerTime);
+    QCOMPARE(m_dialog->focusWidget(), button);
 }
 
 void TestDistributionFailures::aConnectionFailureLeavesTheDistributeFlagClear()
