@@ -18,6 +18,9 @@ constexpr int kButtonSize = 24;
 constexpr int kEditStretch = 2;
 constexpr int kButtonStretch = 1;
 constexpr int kTimeSpacing = 4;
+// The calendar measures the names of its days without the room around their letters, and cuts the widest.
+constexpr int kCalendarColumns = 8;  // the week's number and seven days
+constexpr int kSpareOfColumn = 2;    // pixels
 
 /// A calendar keeps its own look in a form whose style sheet frames the widgets within it: its letters are
 /// white, and without their background nobody could read the month.
@@ -105,6 +108,7 @@ void DateEdit::connectEdits()
     connect(m_calendar, &QCalendarWidget::clicked, this, &DateEdit::setDate);
     connect(m_calendar, &QCalendarWidget::clicked, this, &DateEdit::contentChanged);
     connect(m_calendar, &QCalendarWidget::clicked, this, &DateEdit::toggleCalendar);
+    connect(m_calendar, &QCalendarWidget::activated, this, &DateEdit::takeActivatedDate);
     connect(m_lineEdit, &QLineEdit::textEdited, this, &DateEdit::validate);
     connect(m_lineEdit, &QLineEdit::textEdited, this, &DateEdit::contentChanged);
     connect(m_lineEdit, &QLineEdit::editingFinished, this, &DateEdit::validate);
@@ -219,11 +223,25 @@ void DateEdit::toggleCalendar()
         return;
     }
     m_calendar->setSelectedDate(dateOfText());
+    m_calendar->setMinimumWidth(m_calendar->sizeHint().width() + kCalendarColumns * kSpareOfColumn);
     m_calendar->adjustSize();
     QPoint place = m_calendarButton->mapToGlobal(QPoint(0, 0)) - QPoint(m_calendar->width(), 0);
     place.setX(qMax(place.x(), m_calendarButton->screen()->availableGeometry().left()));
     m_calendar->move(place);
     m_calendar->show();
+    // The arrow keys are for the days. The text isn't left by this: it may go on being typed.
+    m_calendar->setFocus(Qt::PopupFocusReason);
+}
+
+/// The Return key chooses a day. Where a single click activates what it is made on, it has chosen the day
+/// already.
+void DateEdit::takeActivatedDate(const QDate &date)
+{
+    if (m_calendar->isHidden())
+        return;
+    setDate(date);
+    emit contentChanged();
+    toggleCalendar();
 }
 
 void DateEdit::validate()

@@ -57,6 +57,7 @@ public slots:
 private:
     void buildTimeEdit();
     void connectEdits();
+    void takeActivatedDate(const QDate &date);
     void completeDateText();
     QDate dateOfText() const;
     QTime timePart() const;

@@ -12,13 +12,30 @@ constexpr int kMostRows = 4;
 constexpr int kFrameHeight = 3;  // pixels above and below the rows
 
 /// The keys with which a person chooses from the list; all others are for the text.
-bool isForList(int key)
+bool isForList(int key, bool hasCurrentItem)
 {
     switch (key) {
     case Qt::Key_Up:
     case Qt::Key_Down:
     case Qt::Key_PageUp:
     case Qt::Key_PageDown:
+        return true;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return hasCurrentItem;
+    default:
+        return false;
+    }
+}
+
+/// The keys that end the choice without one. Escape is for the list alone; with the others the person is done
+/// with the text, and the list would be in the way.
+bool leavesList(int key)
+{
+    switch (key) {
+    case Qt::Key_Escape:
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
     case Qt::Key_Return:
     case Qt::Key_Enter:
         return true;
@@ -44,7 +61,7 @@ SuggestionBox::SuggestionBox(QLineEdit *lineEdit)
     m_popup->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_popup->installEventFilter(this);
     connect(m_popup, &QTreeWidget::itemClicked, this, &SuggestionBox::itemClicked);
-    connect(m_popup, &QTreeWidget::itemActivated, this, &SuggestionBox::itemClicked);
+    connect(m_popup, &QTreeWidget::itemActivated, this, &SuggestionBox::takeActivatedItem);
 }
 
 SuggestionBox::~SuggestionBox()
@@ -94,16 +111,23 @@ void SuggestionBox::itemClicked()
     emit suggestionSelected(m_popup->indexOfTopLevelItem(item));
 }
 
+/// Where a single click activates what it is made on, it has chosen the item already.
+void SuggestionBox::takeActivatedItem()
+{
+    if (m_popup->isVisible())
+        itemClicked();
+}
+
 bool SuggestionBox::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched != m_popup || event->type() != QEvent::KeyPress)
         return QObject::eventFilter(watched, event);
     const int key = static_cast<QKeyEvent *>(event)->key();
-    if (key == Qt::Key_Escape)
-        m_popup->hide();
-    else if (isForList(key))
+    if (isForList(key, m_popup->currentItem()))
         return false;
-    else
+    if (leavesList(key))
+        m_popup->hide();
+    if (key != Qt::Key_Escape)
         QCoreApplication::sendEvent(m_lineEdit, event);
     return true;
 }

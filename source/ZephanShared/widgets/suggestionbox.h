@@ -34,6 +34,8 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    void takeActivatedItem();
+
     QLineEdit *m_lineEdit;
     QTreeWidget *m_popup;
 };

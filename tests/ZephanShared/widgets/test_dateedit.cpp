@@ -2,64 +2,14 @@
 #include "CommunicationAndData/settings/settingskeys.h"
 #include "ZephanShared/widgets/dateedit.h"
 #include "ZephanShared/widgets/styleprinter.h"
+#include "dateform.h"
 #include "support/workstation.h"
 
-#include <QApplication>
-#include <QCalendarWidget>
-#include <QClipboard>
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimeEdit>
 #include <QToolButton>
-#include <QVBoxLayout>
-
-namespace {
-
-/// A window with a date field and another field to leave it for.
-class Form : public QWidget
-{
-public:
-    explicit Form(bool withTime = false)
-    {
-        auto *layout = new QVBoxLayout(this);
-        date = new DateEdit(withTime);
-        layout->addLayout(date);
-        other = new QLineEdit;
-        layout->addWidget(other);
-        show();
-        QApplication::setActiveWindow(this);
-        date->lineEdit()->setFocus();
-    }
-
-    void type(const QString &keys) const
-    {
-        QTest::keyClicks(date->lineEdit(), keys);
-    }
-    void leave() const
-    {
-        other->setFocus();
-    }
-    QString text() const
-    {
-        return date->lineEdit()->text();
-    }
-
-    DateEdit *date;
-    QLineEdit *other;
-};
-
-void chooseFormat(int format, int separator = 0, bool ampm = false)
-{
-    SettingsHandler *store = SettingsHandler::getInstance();
-    store->setValue(QLatin1String(SettingsKeys::kDateFormat), format);
-    store->setValue(QLatin1String(SettingsKeys::kDateSeparator), separator);
-    store->setValue(QLatin1String(SettingsKeys::kTimeAmPm), ampm);
-}
-
-constexpr char kSeparators[] = {'.', '-', '/'};
-
-}  // namespace
 
 class TestDateEdit : public QObject
 {
@@ -72,6 +22,7 @@ private slots:
     void typing();
     void leaving_data();
     void leaving();
+    void deletingAtTheEndNeverAddsAnythingBack_data();
     void deletingAtTheEndNeverAddsAnythingBack();
     void typingInsideTheTextIsLeftAlone();
     void aDayThatIsNoneTurnsTheFieldPink();
@@ -80,9 +31,6 @@ private slots:
     void limits();
     void limitsWithATimePartCountTheTime();
     void setDateShowsAndStores();
-    void calendarFillsTheField();
-    void calendarShowsTheDayOfADateThatIsNotPadded();
-    void calendarStaysOnTheScreen();
     void toolTipTellsTheFormat_data();
     void toolTipTellsTheFormat();
     void withoutALabelTheFieldBeginsAtTheEdge();
@@ -106,7 +54,7 @@ void TestDateEdit::initTestCase()
 
 void TestDateEdit::init()
 {
-    chooseFormat(0);
+    DateForm::chooseFormat(0);
 }
 
 void TestDateEdit::typing_data()
@@ -151,11 +99,10 @@ void TestDateEdit::typing()
     QFETCH(QString, keys);
     QFETCH(QString, shown);
     for (int separator = 0; separator < 3; ++separator) {
-        chooseFormat(format, separator);
-        const Form form;
-        const QChar sign = QLatin1Char(kSeparators[separator]);
-        form.type(QString(keys).replace(QLatin1Char('.'), sign));
-        QCOMPARE(form.text(), QString(shown).replace(QLatin1Char('.'), sign));
+        DateForm::chooseFormat(format, separator);
+        const DateForm form;
+        form.type(DateForm::withSeparator(keys, separator));
+        QCOMPARE(form.text(), DateForm::withSeparator(shown, separator));
     }
 }
 
@@ -185,30 +132,59 @@ void TestDateEdit::leaving()
     QFETCH(QString, text);
     QFETCH(QString, shown);
     QFETCH(bool, valid);
-    chooseFormat(format);
-    const Form form;
-    form.date->lineEdit()->setText(text);
-    form.leave();
-    QTRY_COMPARE(form.text(), shown);
-    QCOMPARE(form.date->isValid(), valid);
+    for (int separator = 0; separator < 3; ++separator) {
+        DateForm::chooseFormat(format, separator);
+        const DateForm form;
+        form.date->lineEdit()->setText(DateForm::withSeparator(text, separator));
+        form.leave();
+        QTRY_COMPARE(form.text(), DateForm::withSeparator(shown, separator));
+        QCOMPARE(form.date->isValid(), valid);
+    }
+}
+
+void TestDateEdit::deletingAtTheEndNeverAddsAnythingBack_data()
+{
+    QTest::addColumn<int>("format");
+    QTest::addColumn<QString>("keys");
+    QTest::addColumn<QString>("typed");
+    QTest::newRow("from a padded day alone") << 0 << "4"
+                                             << "04.";
+    QTest::newRow("DD.MM.YYYY") << 0 << "572016"
+                                << "05.07.2016";
+    QTest::newRow("D.M.YYYY") << 1 << "572016"
+                              << "5.7.2016";
+    QTest::newRow("YYYY.MM.DD") << 2 << "2016507"
+                                << "2016.05.07";
+    QTest::newRow("YYYY.M.D") << 3 << "201657"
+                              << "2016.5.7";
+    QTest::newRow("MM.DD.YYYY") << 4 << "752016"
+                                << "07.05.2016";
+    QTest::newRow("M.D.YYYY") << 5 << "752016"
+                              << "7.5.2016";
 }
 
 void TestDateEdit::deletingAtTheEndNeverAddsAnythingBack()
 {
-    const Form form;
-    form.type(QStringLiteral("4"));
-    QCOMPARE(form.text(), QStringLiteral("04."));
-    QTest::keyClick(form.date->lineEdit(), Qt::Key_Backspace);
-    QCOMPARE(form.text(), QStringLiteral("04"));
-    QTest::keyClick(form.date->lineEdit(), Qt::Key_Backspace);
-    QCOMPARE(form.text(), QStringLiteral("0"));
-    QTest::keyClick(form.date->lineEdit(), Qt::Key_Backspace);
-    QCOMPARE(form.text(), QString());
+    QFETCH(int, format);
+    QFETCH(QString, keys);
+    QFETCH(QString, typed);
+    for (int separator = 0; separator < 3; ++separator) {
+        DateForm::chooseFormat(format, separator);
+        const DateForm form;
+        form.type(keys);
+        QString left = DateForm::withSeparator(typed, separator);
+        QCOMPARE(form.text(), left);
+        while (!left.isEmpty()) {
+            QTest::keyClick(form.date->lineEdit(), Qt::Key_Backspace);
+            left.chop(1);
+            QCOMPARE(form.text(), left);
+        }
+    }
 }
 
 void TestDateEdit::typingInsideTheTextIsLeftAlone()
 {
-    const Form form;
+    const DateForm form;
     form.date->lineEdit()->setText(QStringLiteral("1.05.2016"));
     form.date->lineEdit()->setCursorPosition(0);
     form.type(QStringLiteral("2"));
@@ -217,7 +193,7 @@ void TestDateEdit::typingInsideTheTextIsLeftAlone()
 
 void TestDateEdit::aDayThatIsNoneTurnsTheFieldPink()
 {
-    const Form form;
+    const DateForm form;
     form.type(QStringLiteral("31022016"));
     QCOMPARE(form.text(), QStringLiteral("31.02.2016"));
     QVERIFY(!form.date->isValid());
@@ -228,7 +204,7 @@ void TestDateEdit::aDayThatIsNoneTurnsTheFieldPink()
 
 void TestDateEdit::anEmptyFieldIsShownAsValid()
 {
-    const Form form;
+    const DateForm form;
     form.date->validate();
     QCOMPARE(form.date->lineEdit()->styleSheet(), StylePrinter::lineEditStyle(true, false, false));
     QCOMPARE(form.date->lineEdit()->toolTip(), QStringLiteral("DD.MM.YYYY"));
@@ -251,7 +227,7 @@ void TestDateEdit::limits()
 {
     QFETCH(QString, text);
     QFETCH(bool, valid);
-    const Form form;
+    const DateForm form;
     form.date->setMinimum(QDateTime(QDate(2016, 3, 10), QTime(12, 0)));
     form.date->setMaximum(QDateTime(QDate(2016, 3, 20), QTime(12, 0)));
     form.date->lineEdit()->setText(text);
@@ -261,7 +237,7 @@ void TestDateEdit::limits()
 
 void TestDateEdit::limitsWithATimePartCountTheTime()
 {
-    const Form form(true);
+    const DateForm form(true);
     form.date->setMinimum(QDateTime(QDate(2016, 3, 10), QTime(12, 0)));
     form.date->setDate(QDate(2016, 3, 10));
     QVERIFY(!form.date->isValid());
@@ -271,7 +247,7 @@ void TestDateEdit::limitsWithATimePartCountTheTime()
 
 void TestDateEdit::setDateShowsAndStores()
 {
-    const Form form;
+    const DateForm form;
     form.date->setDate(QDate(2016, 2, 1));
     QCOMPARE(form.text(), QStringLiteral("01.02.2016"));
     QCOMPARE(form.date->dateTime(false), QDateTime(QDate(2016, 2, 1), QTime(0, 0)));
@@ -282,42 +258,6 @@ void TestDateEdit::setDateShowsAndStores()
     QCOMPARE(form.text(), QStringLiteral("03.02.2016"));
     form.date->setDateTime(QDateTime());
     QCOMPARE(form.text(), QString());
-}
-
-void TestDateEdit::calendarFillsTheField()
-{
-    Form form;
-    form.move(400, 100);
-    form.date->lineEdit()->setText(QStringLiteral("15.06.2016"));
-    auto *calendar = form.findChild<QCalendarWidget *>();
-    QTest::mouseClick(form.date->calendarButton(), Qt::LeftButton);
-    QTRY_VERIFY(calendar->isVisible());
-    QCOMPARE(calendar->selectedDate(), QDate(2016, 6, 15));
-    const QPoint button = form.date->calendarButton()->mapToGlobal(QPoint(0, 0));
-    // The platform of the tests adds a frame of two pixels to every window.
-    const QPoint place(button.x() - calendar->width(), button.y());
-    QVERIFY2((calendar->pos() - place).manhattanLength() <= 4,
-             "its right edge lies at the button's left edge");
-
-    QSignalSpy changed(form.date, &DateEdit::contentChanged);
-    emit calendar->clicked(QDate(2016, 6, 20));
-    QCOMPARE(form.text(), QStringLiteral("20.06.2016"));
-    QCOMPARE(changed.count(), 1);
-    QVERIFY(calendar->isHidden());
-}
-
-void TestDateEdit::calendarShowsTheDayOfADateThatIsNotPadded()
-{
-    const Form form;
-    QApplication::clipboard()->setText(QStringLiteral("1.6.2016"));
-    form.date->lineEdit()->paste();
-    QCOMPARE(form.text(), QStringLiteral("1.6.2016"));
-    QVERIFY(form.date->isValid());
-    auto *calendar = form.findChild<QCalendarWidget *>();
-    form.date->toggleCalendar();
-    QTRY_VERIFY(calendar->isVisible());
-    QCOMPARE(calendar->selectedDate(), QDate(2016, 6, 1));
-    form.date->toggleCalendar();
 }
 
 void TestDateEdit::toolTipTellsTheFormat_data()
@@ -335,10 +275,10 @@ void TestDateEdit::toolTipTellsTheFormat()
     QFETCH(int, format);
     QFETCH(QString, hint);
     for (int separator = 0; separator < 3; ++separator) {
-        chooseFormat(format, separator);
-        const Form form;
+        DateForm::chooseFormat(format, separator);
+        const DateForm form;
         const QLineEdit *edit = form.date->lineEdit();
-        const QString expected = QString(hint).replace(QLatin1Char('.'), QLatin1Char(kSeparators[separator]));
+        const QString expected = DateForm::withSeparator(hint, separator);
         QCOMPARE(edit->toolTip(), expected);
         form.date->lineEdit()->setText(QStringLiteral("1"));
         form.date->validate();
@@ -350,7 +290,7 @@ void TestDateEdit::toolTipTellsTheFormat()
 
 void TestDateEdit::withoutALabelTheFieldBeginsAtTheEdge()
 {
-    const Form form;
+    const DateForm form;
     const QLineEdit *edit = form.date->lineEdit();
     QCOMPARE(edit->x(), form.other->x());
     form.date->setLabelText(QStringLiteral("Born"));
@@ -359,21 +299,9 @@ void TestDateEdit::withoutALabelTheFieldBeginsAtTheEdge()
     QTRY_COMPARE(edit->x(), form.other->x());
 }
 
-void TestDateEdit::calendarStaysOnTheScreen()
-{
-    Form form;
-    form.move(0, 0);
-    auto *calendar = form.findChild<QCalendarWidget *>();
-    form.date->toggleCalendar();
-    QTRY_VERIFY(calendar->isVisible());
-    QVERIFY(calendar->x() >= 0);
-    form.date->toggleCalendar();
-    QVERIFY(calendar->isHidden());
-}
-
 void TestDateEdit::autofilledEndsWithTheFirstEdit()
 {
-    const Form form;
+    const DateForm form;
     form.date->setDate(QDate(2016, 2, 1));
     form.date->setAutofilled(true);
     QCOMPARE(form.date->lineEdit()->styleSheet(), StylePrinter::lineEditStyle(true, true, false));
@@ -384,7 +312,7 @@ void TestDateEdit::autofilledEndsWithTheFirstEdit()
 
 void TestDateEdit::disabledFieldIsNeverAutofilled()
 {
-    const Form form;
+    const DateForm form;
     form.date->setFieldEnabled(false);
     form.date->setAutofilled(true);
     QCOMPARE(form.date->lineEdit()->styleSheet(), StylePrinter::lineEditStyle(true, false, false));
@@ -392,7 +320,7 @@ void TestDateEdit::disabledFieldIsNeverAutofilled()
 
 void TestDateEdit::timePartIsStored()
 {
-    const Form form(true);
+    const DateForm form(true);
     auto *time = form.findChild<QTimeEdit *>();
     QCOMPARE(time->time(), QTime(0, 0));
     QCOMPARE(time->displayFormat(), QStringLiteral("hh:mm"));
@@ -415,8 +343,8 @@ void TestDateEdit::timePartIsStored()
 
 void TestDateEdit::englishWordsStandInWhereALanguageHasNoAmAndPm()
 {
-    chooseFormat(0, 0, true);
-    const Form form(true);
+    DateForm::chooseFormat(0, 0, true);
+    const DateForm form(true);
     auto *time = form.findChild<QTimeEdit *>();
     QCOMPARE(time->displayFormat(), QStringLiteral("hh:mm AP"));
     QVERIFY(!time->sectionText(QDateTimeEdit::AmPmSection).isEmpty());
@@ -424,7 +352,7 @@ void TestDateEdit::englishWordsStandInWhereALanguageHasNoAmAndPm()
 
 void TestDateEdit::contentChangedComesWithEachKey()
 {
-    const Form form;
+    const DateForm form;
     QSignalSpy changed(form.date, &DateEdit::contentChanged);
     form.type(QStringLiteral("12"));
     QCOMPARE(changed.count(), 2);
@@ -432,14 +360,14 @@ void TestDateEdit::contentChangedComesWithEachKey()
 
 void TestDateEdit::currentTimeStandsInForAnEmptyField()
 {
-    const Form form;
+    const DateForm form;
     QVERIFY(qAbs(form.date->dateTime(true).secsTo(QDateTime::currentDateTime())) < 60);
     QVERIFY(!form.date->dateTime(false).isValid());
 }
 
 void TestDateEdit::whatAPersonCanUseHasNames()
 {
-    const Form form(true);
+    const DateForm form(true);
     for (const char *name : {"calendar_button", "calendar", "time"}) {
         const auto *widget = form.findChild<QWidget *>(QLatin1String(name));
         QVERIFY2(widget, name);

@@ -3,6 +3,7 @@
 #include "ZephanShared/widgets/lineedit.h"
 #include "ZephanShared/widgets/suggestionbox.h"
 #include "ZephanShared/widgets/textedit.h"
+#include "singleclickstyle.h"
 #include "support/workstation.h"
 
 #include <QApplication>
@@ -13,6 +14,7 @@
 #include <QTextEdit>
 #include <QTextLayout>
 #include <QTreeWidget>
+#include <QWindow>
 
 namespace {
 
@@ -101,6 +103,9 @@ private slots:
     void detailsCanBeSwitchedOff();
     void choosingASuggestionSelectsThePerson();
     void typingGoesOnWhileTheSuggestionsAreShown();
+    void keysThatLeaveTheTextCloseTheSuggestions_data();
+    void keysThatLeaveTheTextCloseTheSuggestions();
+    void aClickThatAlsoActivatesSelectsThePersonOnce();
     void emptyTextHidesTheSuggestions();
     void withoutTheSearchFlagNothingIsSearched();
     void textOfEachKey_data();
@@ -205,6 +210,53 @@ void TestPersonFields::typingGoesOnWhileTheSuggestionsAreShown()
     QTest::keyClick(field.popup(), Qt::Key_Escape);
     QVERIFY(!field.popup()->isVisible());
     QCOMPARE(field.edit->value(), QStringLiteral("a"));
+}
+
+void TestPersonFields::keysThatLeaveTheTextCloseTheSuggestions_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("returns");
+    QTest::addColumn<bool>("isLeft");
+    QTest::newRow("Tab goes on to the next field") << int(Qt::Key_Tab) << 0 << true;
+    QTest::newRow("Backtab goes back to the field before") << int(Qt::Key_Backtab) << 0 << true;
+    QTest::newRow("Return without a chosen row is for the text") << int(Qt::Key_Return) << 1 << false;
+    QTest::newRow("Enter without a chosen row is for the text") << int(Qt::Key_Enter) << 1 << false;
+}
+
+void TestPersonFields::keysThatLeaveTheTextCloseTheSuggestions()
+{
+    QFETCH(int, key);
+    QFETCH(int, returns);
+    QFETCH(bool, isLeft);
+    const Field field(SearchModelData::FirstName);
+    auto *other = new QLineEdit;
+    field.edit->addWidget(other);
+    other->show();
+    QSignalSpy returned(field.edit->lineEdit(), &QLineEdit::returnPressed);
+    field.edit->lineEdit()->setFocus();
+    field.type(QStringLiteral("a"));
+    QVERIFY(field.popup()->isVisible());
+    QTest::keyClick(field.popup()->windowHandle(), Qt::Key(key));
+    QVERIFY(!field.popup()->isVisible());
+    QCOMPARE(other->hasFocus(), isLeft);
+    QCOMPARE(returned.count(), returns);
+    QCOMPARE(field.edit->value(), QStringLiteral("a"));
+}
+
+void TestPersonFields::aClickThatAlsoActivatesSelectsThePersonOnce()
+{
+    const Field field(SearchModelData::FirstName);
+    SingleClickStyle style;
+    field.popup()->setStyle(&style);
+    QSignalSpy activated(field.popup(), &QTreeWidget::activated);
+    QSignalSpy selected(field.edit, &LineEdit::personSelected);
+    field.type(QStringLiteral("a"));
+    QTest::mouseClick(field.popup()->viewport(), Qt::LeftButton, Qt::NoModifier,
+                      field.popup()->visualItemRect(field.popup()->topLevelItem(1)).center());
+    QCOMPARE(activated.count(), 1);
+    QCOMPARE(selected.count(), 1);
+    QCOMPARE(field.edit->value(), QStringLiteral("Aatos"));
+    field.popup()->setStyle(nullptr);
 }
 
 void TestPersonFields::emptyTextHidesTheSuggestions()
