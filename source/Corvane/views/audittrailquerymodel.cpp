@@ -151,7 +151,7 @@ QDateTime AuditTrailQueryModel::timeOf(const QVariant &value)
 QString AuditTrailQueryModel::actionName(int value)
 {
     const QString name = Actions::name(value);
-    return name.isEmpty() ? tr("Unknown") : name;
+    return name.isEmpty() ? QStringLiteral("Unknown") : name;
 }
 
 QString AuditTrailQueryModel::categoryName(int value)

@@ -34,8 +34,7 @@ public:
     /// The stored time of an event, in UTC; invalid when the value is none.
     static QDateTime timeOf(const QVariant &value);
 
-    /// The fixed identifier of an action, which is not translated; the translated "Unknown" for other
-    /// numbers.
+    /// The fixed identifier of an action, "Unknown" for other numbers; neither is translated.
     static QString actionName(int value);
     static QString categoryName(int value);
     static QString levelName(int value);

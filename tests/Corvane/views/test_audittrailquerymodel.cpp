@@ -40,6 +40,8 @@ private slots:
     void words_data();
     void words();
     void timesFollowTheDateFormatWithoutANewQuery();
+    void timesAreShownInEachDateFormat_data();
+    void timesAreShownInEachDateFormat();
     void timesStandAsTheyAreStored_data();
     void timesStandAsTheyAreStored();
     void otherRolesAndColumnsAreLeftAlone();
@@ -102,6 +104,11 @@ void TestAuditTrailQueryModel::words_data()
     row("automatic", "action_type", "0", "Automatic");
     row("human", "action_type", "1", "Human");
     row("action type 2 is unknown", "action_type", "2", "Unknown");
+    row("a number of more than 32 bits is not cut to a known one", "category", "4294971392", "Unknown");
+    row("a negative number is unknown", "action_type", "-1", "Unknown");
+    row("a category that is no number stands as it is", "category", "'4096 or so'", "4096 or so");
+    row("a level that is no number stands as it is", "action_level", "'low'", "low");
+    row("a type that is no number stands as it is", "action_type", "''", "");
 }
 
 void TestAuditTrailQueryModel::words()
@@ -124,6 +131,36 @@ void TestAuditTrailQueryModel::timesFollowTheDateFormatWithoutANewQuery()
     store->setValue(QLatin1String(SettingsKeys::kDateFormat), 5);
     store->setValue(QLatin1String(SettingsKeys::kDateSeparator), 2);
     QCOMPARE(model.data(model.index(0, 0)).toString(), QStringLiteral("3/1/2016 22:15:30"));
+}
+
+void TestAuditTrailQueryModel::timesAreShownInEachDateFormat_data()
+{
+    QTest::addColumn<int>("format");
+    QTest::addColumn<QString>("expected");
+
+    QTest::newRow("DD.MM.YYYY") << 0 << "01.03.2016 00:05:09";
+    QTest::newRow("D.M.YYYY") << 1 << "1.3.2016 00:05:09";
+    QTest::newRow("YYYY.MM.DD") << 2 << "2016.03.01 00:05:09";
+    QTest::newRow("YYYY.M.D") << 3 << "2016.3.1 00:05:09";
+    QTest::newRow("MM.DD.YYYY") << 4 << "03.01.2016 00:05:09";
+    QTest::newRow("M.D.YYYY") << 5 << "3.1.2016 00:05:09";
+}
+
+void TestAuditTrailQueryModel::timesAreShownInEachDateFormat()
+{
+    QFETCH(int, format);
+    QFETCH(QString, expected);
+    SettingsHandler *store = SettingsHandler::getInstance();
+    store->setValue(QLatin1String(SettingsKeys::kDateFormat), format);
+    for (const bool twelveHours : {false, true}) {
+        store->setValue(QLatin1String(SettingsKeys::kTimeAmPm), twelveHours);
+        for (int separator = 0; separator < 3; ++separator) {
+            store->setValue(QLatin1String(SettingsKeys::kDateSeparator), separator);
+            const QChar sign = QLatin1Char(".-/"[separator]);
+            QCOMPARE(shown(QStringLiteral("timestamp_action"), QStringLiteral("'2016-03-01 00:05:09'")),
+                     QString(expected).replace(QLatin1Char('.'), sign));
+        }
+    }
 }
 
 void TestAuditTrailQueryModel::timesStandAsTheyAreStored_data()
@@ -180,12 +217,14 @@ void TestAuditTrailQueryModel::languageChangesWordsButNeverActionNames()
     QCoreApplication::installTranslator(&translator);
     const QString level = AuditTrailQueryModel::levelName(256);
     const QString action = AuditTrailQueryModel::actionName(4864);
-    const QString unknown = AuditTrailQueryModel::actionName(1);
+    const QString unknownAction = AuditTrailQueryModel::actionName(1);
+    const QString unknownType = AuditTrailQueryModel::typeName(2);
     const QString header = AuditTrailQueryString::headerText(0);
     QCoreApplication::removeTranslator(&translator);
     QCOMPARE(level, QStringLiteral("LOW"));
     QCOMPARE(action, QStringLiteral("Login"));
-    QCOMPARE(unknown, QStringLiteral("UNKNOWN"));
+    QCOMPARE(unknownAction, QStringLiteral("Unknown"));
+    QCOMPARE(unknownType, QStringLiteral("UNKNOWN"));
     QCOMPARE(header, QStringLiteral("TIME (UTC)"));
 }
 
