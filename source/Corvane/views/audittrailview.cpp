@@ -60,6 +60,14 @@ void fillWithActions(QListWidget *list)
     }
 }
 
+/// Moves a widget in the tab order, over a detour: where nothing but the window stands between two widgets of
+/// the ring, they count as neighbours and stay where they are.
+void moveBehind(QWidget *first, QWidget *second, QWidget *detour)
+{
+    QWidget::setTabOrder(detour, second);
+    QWidget::setTabOrder(first, second);
+}
+
 }  // namespace
 
 AuditTrailView::AuditTrailView(QString dataPath, QWidget *parent)
@@ -136,6 +144,7 @@ void AuditTrailView::buildTable()
     m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_table->setAlternatingRowColors(true);
     m_table->setWordWrap(false);
+    m_table->setTabKeyNavigation(false);  // the way to the button would lead through every cell
     m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() + kPanelSpacing);
     m_table->horizontalHeader()->setSortIndicator(m_sort.first, m_sort.second);
     m_table->setSortingEnabled(true);
@@ -180,10 +189,13 @@ void AuditTrailView::buildFilterPanel()
     texts->addLayout(
         buildFilter(AuditFilterKey::System, buildTextFilter(AuditFilterKey::System, SLOT(setHostFilter()),
                                                             SLOT(setHostFilterTimer()))));
-    texts->addLayout(buildFilter(
-        AuditFilterKey::DatabaseKey,
-        buildTextFilter(AuditFilterKey::DatabaseKey, SLOT(setIdFilter()), SLOT(setIdFilterTimer()))));
+    QLineEdit *lastFilter =
+        buildTextFilter(AuditFilterKey::DatabaseKey, SLOT(setIdFilter()), SLOT(setIdFilterTimer()));
+    texts->addLayout(buildFilter(AuditFilterKey::DatabaseKey, lastFilter));
     panel->addLayout(texts, 1);
+    // The filters are younger than what stands below them.
+    moveBehind(lastFilter, m_table, m_fromEdit->lineEdit());
+    moveBehind(m_table, m_connectButton, m_fromEdit->lineEdit());
 }
 
 QWidget *AuditTrailView::buildDateFilters()

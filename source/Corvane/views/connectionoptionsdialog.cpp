@@ -174,6 +174,7 @@ QScrollArea *ConnectionOptionsDialog::makeArea(QWidget *content)
     auto *area = new QScrollArea(this);
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area->setMinimumHeight(kAreaHeight);
+    area->setFocusPolicy(Qt::NoFocus);
     area->setWidgetResizable(true);
     area->setWidget(content);
     return area;

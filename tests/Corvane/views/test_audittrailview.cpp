@@ -25,6 +25,7 @@ private slots:
     void init();
     void cleanup();
     void theScreenFromTopToBottom();
+    void tabGoesFromTheFiltersToTheTableAndTheButton();
     void withoutAConnectionFiltersRaiseNoQueryAndNoEvent();
     void filters_data();
     void filters();
@@ -88,6 +89,26 @@ void TestAuditTrailView::theScreenFromTopToBottom()
     QCOMPARE(button->menu()->actions().first()->text(), QStringLiteral("Connection options"));
     QCOMPARE(m_bench->disconnectAction()->text(), QStringLiteral("Disconnect"));
     QVERIFY(!m_bench->disconnectAction()->isEnabled());
+}
+
+void TestAuditTrailView::tabGoesFromTheFiltersToTheTableAndTheButton()
+{
+    m_bench->connectOffline();
+    m_bench->table()->selectRow(0);
+    m_bench->view()->focusWidget()->clearFocus();
+    QStringList visited;
+    for (int i = 0; i < 13; ++i) {
+        QWidget *focused = m_bench->view()->focusWidget();
+        QTest::keyClick(focused ? focused : m_bench->view(), Qt::Key_Tab);
+        visited.append(m_bench->view()->focusWidget()->objectName());
+    }
+    QCOMPARE(visited, QStringList({QStringLiteral("audit_date_from"), QStringLiteral("calendar_button"),
+                                   QStringLiteral("audit_date_to"), QStringLiteral("calendar_button"),
+                                   QStringLiteral("audit_type"), QStringLiteral("audit_category"),
+                                   QStringLiteral("audit_level"), QStringLiteral("audit_action"),
+                                   QStringLiteral("audit_text_4"), QStringLiteral("audit_text_5"),
+                                   QStringLiteral("audit_text_8"), QStringLiteral("audit_table"),
+                                   QStringLiteral("audit_connect_button")}));
 }
 
 void TestAuditTrailView::withoutAConnectionFiltersRaiseNoQueryAndNoEvent()

@@ -39,6 +39,7 @@ private slots:
     void whatEnablesSave();
     void oneEmptySettingKeepsSaveDisabledWhateverElseChanged();
     void changingTheModeAloneEnablesSave();
+    void changingToOnlineWithoutSettingsKeepsSaveDisabled();
     void blanksAreTrimmedWhenALineIsFinished();
     void finishingALineBringsTheNextOneWithTheFocus();
     void anEmptiedNameLeavesTheStoredOne();
@@ -50,6 +51,8 @@ private slots:
     void returnOnCancelCancels();
     void returnOnBrowseBrowses();
     void returnInALineSaves();
+    void tabGoesFromFieldToField_data();
+    void tabGoesFromFieldToField();
 
 private:
     void open();
@@ -240,6 +243,17 @@ void TestConnectionOptionsDialog::changingTheModeAloneEnablesSave()
     QVERIFY(!save()->isEnabled());
 }
 
+void TestConnectionOptionsDialog::changingToOnlineWithoutSettingsKeepsSaveDisabled()
+{
+    m_online.insert(ConnectionOptions::kOnlineMode, false);
+    m_online.insert(ConnectionOptions::kParams, QVariantMap());
+    open();
+    mode()->setCurrentIndex(0);
+    QVERIFY(!save()->isEnabled());
+    type(lines("audit_setting").first(), QStringLiteral("Driver=SQLite3"));
+    QVERIFY(save()->isEnabled());
+}
+
 void TestConnectionOptionsDialog::blanksAreTrimmedWhenALineIsFinished()
 {
     open();
@@ -367,6 +381,36 @@ void TestConnectionOptionsDialog::returnInALineSaves()
     QTest::keyClick(edit("audit_username"), Qt::Key_Return);
     QCOMPARE(m_dialog->result(), int(QDialog::Accepted));
     QCOMPARE(m_online.value(ConnectionOptions::kUsername).toString(), QStringLiteral("someone"));
+}
+
+void TestConnectionOptionsDialog::tabGoesFromFieldToField_data()
+{
+    QTest::addColumn<bool>("online");
+    QTest::addColumn<QStringList>("fields");
+    QTest::newRow("through the lines of the online connection")
+        << true << QStringList{QStringLiteral("audit_username"),  QStringLiteral("audit_password"),
+                               QStringLiteral("audit_setting"),   QStringLiteral("audit_setting"),
+                               QStringLiteral("audit_setting"),   QStringLiteral("audit_parameter"),
+                               QStringLiteral("audit_parameter"), QStringLiteral("audit_connection_cancel")};
+    QTest::newRow("through the offline file")
+        << false
+        << QStringList{QStringLiteral("audit_location"), QStringLiteral("audit_browse"),
+                       QStringLiteral("audit_connection_cancel")};
+}
+
+void TestConnectionOptionsDialog::tabGoesFromFieldToField()
+{
+    QFETCH(bool, online);
+    QFETCH(QStringList, fields);
+    m_online.insert(ConnectionOptions::kOnlineMode, online);
+    open();
+    mode()->setFocus();
+    QStringList visited;
+    for (int i = 0; i < fields.size(); ++i) {
+        QTest::keyClick(m_dialog->focusWidget(), Qt::Key_Tab);
+        visited.append(m_dialog->focusWidget()->objectName());
+    }
+    QCOMPARE(visited, fields);
 }
 
 int main(int argc, char *argv[])
