@@ -3,6 +3,7 @@
 #include "Corvane/views/audittrailquerystring.h"
 #include "ZephanShared/toolkit/actions.h"
 #include "ZephanShared/widgets/dateformathelper.h"
+#include "ZephanShared/widgets/waitcursor.h"
 
 #include <QDateTime>
 #include <QSqlQuery>
@@ -110,6 +111,12 @@ QVariant AuditTrailQueryModel::storedValue(int row, int column) const
         return QVariant();
     QSqlQuery rows = query();
     return rows.seek(row) ? rows.value(column) : QVariant();
+}
+
+void AuditTrailQueryModel::fetchMore(const QModelIndex &parent)
+{
+    const WaitCursor wait;
+    QSqlQueryModel::fetchMore(parent);
 }
 
 AuditTrailQueryModel::Words AuditTrailQueryModel::wordsOf(const QString &column)

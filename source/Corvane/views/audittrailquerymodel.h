@@ -17,6 +17,9 @@ public:
 
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
 
+    /// Fetches the next rows. Where few rows pass the filter, the database reads long for them.
+    void fetchMore(const QModelIndex &parent = QModelIndex()) override;
+
     /// How the values of a column become words.
     struct Words
     {

@@ -67,6 +67,8 @@ public slots:
 
 private slots:
     void enableTableActions();
+    void noteSelectionOfAll();
+    void extendSelectionOfAll();
     void copyRowsWithHeaders();
     void copyCell();
     void saveAsCsv();
@@ -149,6 +151,7 @@ private:
     QAction *m_saveAction;
     QAction *m_chartAction;
     AuditTrailQueryModel *m_model = nullptr;
+    bool m_allSelected = false;   ///< before rows are fetched
     QVector<int> m_columnWidths;  ///< of the last result; empty until there was one with rows
 
     // Made anew with the filter panel.

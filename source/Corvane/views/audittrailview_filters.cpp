@@ -170,6 +170,9 @@ void AuditTrailView::refreshResults()
         connect(m_model, SIGNAL(modelReset()), this, SLOT(resetCountLabel()));
         connect(m_model, SIGNAL(rowsInserted(QModelIndex, int, int)), this, SLOT(resetCountLabel()));
         connect(m_model, SIGNAL(rowsRemoved(QModelIndex, int, int)), this, SLOT(resetCountLabel()));
+        connect(m_model, &QAbstractItemModel::rowsAboutToBeInserted, this,
+                &AuditTrailView::noteSelectionOfAll);
+        connect(m_model, &QAbstractItemModel::rowsInserted, this, &AuditTrailView::extendSelectionOfAll);
     }
     const QString statement = AuditTrailQueryString::statement(m_filters, m_sort);
     logSearch(statement);

@@ -83,6 +83,19 @@ void AuditTrailView::enableTableActions()
         action->setEnabled(hasLog);
 }
 
+void AuditTrailView::noteSelectionOfAll()
+{
+    const QItemSelection selection = m_table->selectionModel()->selection();
+    m_allSelected = selection.size() == 1 && selection.first().height() == m_model->rowCount();
+}
+
+/// Who selected all rows and scrolls on means those too that the table fetches now.
+void AuditTrailView::extendSelectionOfAll()
+{
+    if (m_allSelected)
+        m_table->selectAll();
+}
+
 void AuditTrailView::copyRowsWithHeaders()
 {
     if (!m_model || !m_table->selectionModel()->hasSelection())

@@ -23,6 +23,7 @@
 namespace {
 
 constexpr int kManyEvents = 60000;
+constexpr int kSomePages = 2000;  // events; the table fetches 255 or 256 at a time
 
 QString clipboardText()
 {
@@ -59,8 +60,11 @@ private slots:
     void contextMenuOffersTheWork();
     void rowsAreCopiedWithHeaders();
     void allRowsAreCopiedAlsoThoseThatTheTableHasNotFetched();
+    void rowsThatAreFetchedLaterBelongToASelectionOfAllRows();
+    void rowsThatAreFetchedLaterDoNotBelongToASelectionOfSome();
     void cancelledCopyingLeavesTheClipboard();
     void copyOfALogThatCannotBeReadToItsEndIsTold();
+    void furtherRowsAreFetchedUnderTheWaitCursor();
     void oneCellIsCopied();
     void nothingSelectedLeavesTheClipboard();
     void csvHoldsWhatTheTableShows();
@@ -78,7 +82,7 @@ private slots:
 
 private:
     void saveTo(const QString &file);
-    void connectToManyEvents();
+    void connectToManyEvents(int count = kManyEvents);
     QAction *action(const char *name) const
     {
         return m_bench->find<QAction>(name);
@@ -112,11 +116,11 @@ void TestAuditTrailWork::saveTo(const QString &file)
     QCOMPARE(dialogs.seen().first().nameFilters, QStringList(QStringLiteral("CSV (*.csv)")));
 }
 
-void TestAuditTrailWork::connectToManyEvents()
+void TestAuditTrailWork::connectToManyEvents(int count)
 {
     {
         LogMaker maker(QLatin1String(kEncryptedDriver), m_bench->log());
-        QVERIFY(maker.makeManyEvents(kManyEvents));
+        QVERIFY(maker.makeManyEvents(count));
     }
     m_bench->openView();
     m_bench->clickConnect();
@@ -199,6 +203,33 @@ void TestAuditTrailWork::allRowsAreCopiedAlsoThoseThatTheTableHasNotFetched()
         QCOMPARE(event.at(0).value<Actions::Action>(), Actions::SearchAuditTrail);
 }
 
+void TestAuditTrailWork::rowsThatAreFetchedLaterBelongToASelectionOfAllRows()
+{
+    connectToManyEvents(kSomePages);
+    auto *table = m_bench->table();
+    table->setFocus();
+    QTest::keySequence(table, QKeySequence::SelectAll);
+    const int before = m_bench->rows();
+    table->scrollToBottom();
+    QTRY_VERIFY(m_bench->rows() > before);
+    QCOMPARE(table->selectionModel()->selectedRows().size(), m_bench->rows());
+    QTest::keySequence(table, QKeySequence::Copy);
+    QCOMPARE(clipboardText().count(QLatin1Char('\n')), kSomePages + 1);
+}
+
+void TestAuditTrailWork::rowsThatAreFetchedLaterDoNotBelongToASelectionOfSome()
+{
+    connectToManyEvents(kSomePages);
+    auto *table = m_bench->table();
+    table->setFocus();
+    table->selectRow(1);
+    table->scrollToBottom();
+    table->model()->fetchMore({});
+    QCOMPARE(table->selectionModel()->selectedRows().size(), 1);
+    QTest::keySequence(table, QKeySequence::Copy);
+    QCOMPARE(clipboardText().count(QLatin1Char('\n')), 2);
+}
+
 void TestAuditTrailWork::cancelledCopyingLeavesTheClipboard()
 {
     connectToManyEvents();
@@ -230,6 +261,19 @@ void TestAuditTrailWork::copyOfALogThatCannotBeReadToItsEndIsTold()
     QVERIFY(!boxes.seen().first().informativeText.isEmpty());
     QCOMPARE(boxes.seen().first().buttons, QStringList(QStringLiteral("Ok")));
     QCOMPARE(clipboardText(), QStringLiteral("before"));
+}
+
+void TestAuditTrailWork::furtherRowsAreFetchedUnderTheWaitCursor()
+{
+    connectToManyEvents(kSomePages);
+    bool waited = false;
+    connect(m_bench->table()->model(), &QAbstractItemModel::rowsAboutToBeInserted, this, [&waited] {
+        const QCursor *cursor = QApplication::overrideCursor();
+        waited = cursor && cursor->shape() == Qt::WaitCursor;
+    });
+    m_bench->table()->scrollToBottom();
+    QTRY_VERIFY(waited);
+    QVERIFY(!QApplication::overrideCursor());
 }
 
 void TestAuditTrailWork::oneCellIsCopied()
