@@ -347,7 +347,8 @@ void ConfManagementDialog::handleDeleteClicked()
         return;
     // The mark of the active configuration may have come meanwhile and moved the choice.
     m_list->setCurrentIndex(m_list->findData(id));
-    restFocus({m_loadButton, m_deleteButton});
+    // Not the button, where a key that is held down would delete one configuration after the other.
+    restFocus({m_loadButton, m_deleteButton}, m_list);
     setChoiceEnabled(false);
     emit requestDelete(currentId());
 }

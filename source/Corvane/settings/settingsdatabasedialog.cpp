@@ -74,11 +74,11 @@ const QMap<QString, QVariant> &SettingsDatabaseDialog::connectionSettings() cons
     return m_connectionSettings;
 }
 
-void SettingsDatabaseDialog::restFocus(const QWidgetList &disabled)
+void SettingsDatabaseDialog::restFocus(const QWidgetList &disabled, QWidget *heir)
 {
     if (!disabled.contains(focusWidget()))
         return;
-    m_resting = focusWidget();
+    m_resting = heir ? heir : focusWidget();
     setFocus(Qt::OtherFocusReason);
 }
 

@@ -50,8 +50,10 @@ protected:
     const QMap<QString, QVariant> &connectionSettings() const;
     /// To be called before these are disabled: the focus rests on the dialog then. Disabling would hand it on
     /// to whatever comes next, where a key pressed twice does something else.
-    void restFocus(const QWidgetList &disabled);
-    /// Gives the focus back to what had it, unless a person has moved it meanwhile.
+    ///
+    /// \param heir  gets the focus afterwards; null for the one that had it
+    void restFocus(const QWidgetList &disabled, QWidget *heir = nullptr);
+    /// Gives the focus to where it belongs after a rest, unless a person has moved it meanwhile.
     void returnFocus();
     /// The dialog has closed, and answers that are still on their way don't count any more.
     bool isClosed() const;
@@ -66,7 +68,7 @@ private:
     ConnectionArea *m_area = nullptr;
     QString *m_username;
     QString *m_password;
-    QPointer<QWidget> m_resting;  ///< what gets the focus back
+    QPointer<QWidget> m_resting;  ///< what gets the focus after a rest
     bool m_closed = false;
 };
 
