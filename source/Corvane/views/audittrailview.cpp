@@ -14,6 +14,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QSettings>
+#include <QShortcut>
 #include <QStandardItemModel>
 #include <QTableView>
 #include <QToolButton>
@@ -161,6 +162,10 @@ void AuditTrailView::buildConnectionButton()
     m_disconnectAction = menu->addAction(QString(), this, &AuditTrailView::disconnectFromDatabase);
     m_disconnectAction->setEnabled(false);
     m_connectButton->setMenu(menu);
+    // As of a combo box: by itself a tool button opens its menu for the mouse alone.
+    auto *openMenu = new QShortcut(Qt::ALT + Qt::Key_Down, m_connectButton);
+    openMenu->setContext(Qt::WidgetShortcut);
+    connect(openMenu, &QShortcut::activated, m_connectButton, &QToolButton::showMenu);
     connect(m_connectButton, &QToolButton::clicked, this, &AuditTrailView::connectToDatabase);
 }
 

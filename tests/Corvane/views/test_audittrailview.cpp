@@ -26,6 +26,7 @@ private slots:
     void cleanup();
     void theScreenFromTopToBottom();
     void tabGoesFromTheFiltersToTheTableAndTheButton();
+    void theConnectionMenuOpensByTheKeyboard();
     void withoutAConnectionFiltersRaiseNoQueryAndNoEvent();
     void filters_data();
     void filters();
@@ -109,6 +110,25 @@ void TestAuditTrailView::tabGoesFromTheFiltersToTheTableAndTheButton()
                                    QStringLiteral("audit_text_4"), QStringLiteral("audit_text_5"),
                                    QStringLiteral("audit_text_8"), QStringLiteral("audit_table"),
                                    QStringLiteral("audit_connect_button")}));
+}
+
+void TestAuditTrailView::theConnectionMenuOpensByTheKeyboard()
+{
+    m_bench->connectOffline();
+    auto *button = m_bench->find<QToolButton>("audit_connect_button");
+    button->setFocus();
+    QTimer timer;
+    connect(&timer, &QTimer::timeout, this, [] {
+        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        if (!menu)
+            return;
+        QTest::keyClick(menu, Qt::Key_Up);  // the last entry
+        QTest::keyClick(menu, Qt::Key_Return);
+    });
+    timer.start(10);
+    QTest::keyClick(button, Qt::Key_Down, Qt::AltModifier);
+    QVERIFY(!m_bench->disconnectAction()->isEnabled());
+    QCOMPARE(m_bench->rows(), -1);
 }
 
 void TestAuditTrailView::withoutAConnectionFiltersRaiseNoQueryAndNoEvent()
