@@ -113,6 +113,14 @@ void AuditTrailView::updateTexts()
     buildFilterPanel();
 }
 
+/// The settings may have got another date format meanwhile, in which the table shows its times at once.
+void AuditTrailView::showEvent(QShowEvent *event)
+{
+    m_fromEdit->reloadFormat();
+    m_toEdit->reloadFormat();
+    BaseView::showEvent(event);
+}
+
 QString AuditTrailView::filterLabel(int index)
 {
     switch (static_cast<AuditFilterKey>(index)) {

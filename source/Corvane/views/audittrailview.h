@@ -65,6 +65,9 @@ public slots:
     void connectToDatabase();
     void disconnectFromDatabase();
 
+protected:
+    void showEvent(QShowEvent *event) override;
+
 private slots:
     void enableTableActions();
     void noteSelectionOfAll();

@@ -54,7 +54,6 @@ DateEdit::DateEdit(bool withTime, QWidget *parent)
     , m_format(new DateFormatHelper)
     , m_withTime(withTime)
 {
-    m_lineEdit->setValidator(new QRegExpValidator(QRegExp(m_format->pattern()), m_lineEdit));
     m_lineEdit->setStyleSheet(StylePrinter::lineEditStyle(true, false, false));
     m_calendarButton->setObjectName(QStringLiteral("calendar_button"));
     m_calendarButton->setFixedSize(kButtonSize, kButtonSize);
@@ -70,6 +69,7 @@ DateEdit::DateEdit(bool withTime, QWidget *parent)
     addLayout(row);
     if (m_withTime)
         buildTimeEdit();
+    applyFormat();
 
     m_calendar = new QCalendarWidget(m_calendarButton);
     m_calendar->setObjectName(QStringLiteral("calendar"));
@@ -88,18 +88,39 @@ void DateEdit::buildTimeEdit()
     m_timeEdit = new QTimeEdit(QTime(0, 0));
     m_timeEdit->setObjectName(QStringLiteral("time"));
     m_timeEdit->setStyleSheet(StylePrinter::timeEditStyle());
-    m_timeEdit->setDisplayFormat(m_format->timeFormat());
-    m_timeEdit->setToolTip(m_format->timeFormat());
     m_timeEdit->setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::MinimumExpanding);
     m_lineEdit->setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::MinimumExpanding);
-    // Some languages have no words for AM and PM.
-    if (m_format->ampm() && m_timeEdit->sectionText(QDateTimeEdit::AmPmSection).isEmpty())
-        m_timeEdit->setLocale(QLocale(QLocale::English, QLocale::UnitedKingdom));
     addWidget(m_timeEdit, kEditStretch);
     connect(m_timeEdit, &QTimeEdit::editingFinished, this, &DateEdit::validate);
     connect(m_timeEdit, &QTimeEdit::editingFinished, this, &DateEdit::contentChanged);
     connect(m_timeEdit, &QTimeEdit::timeChanged, this, &DateEdit::validate);
     connect(m_timeEdit, &QTimeEdit::timeChanged, this, &DateEdit::contentChanged);
+}
+
+void DateEdit::applyFormat()
+{
+    const QValidator *former = m_lineEdit->validator();
+    m_lineEdit->setValidator(new QRegExpValidator(QRegExp(m_format->pattern()), m_lineEdit));
+    delete former;
+    if (!m_timeEdit)
+        return;
+    m_timeEdit->setDisplayFormat(m_format->timeFormat());
+    m_timeEdit->setToolTip(m_format->timeFormat());
+    // Some languages have no words for AM and PM.
+    if (m_format->ampm() && m_timeEdit->sectionText(QDateTimeEdit::AmPmSection).isEmpty())
+        m_timeEdit->setLocale(QLocale(QLocale::English, QLocale::UnitedKingdom));
+}
+
+void DateEdit::reloadFormat()
+{
+    auto format = std::make_unique<DateFormatHelper>();
+    if (format->dateFormat() == m_format->dateFormat() && format->timeFormat() == m_format->timeFormat())
+        return;
+    const QDate shown = date();
+    m_format = std::move(format);
+    applyFormat();
+    setDate(shown);
+    updateTexts();
 }
 
 void DateEdit::connectEdits()

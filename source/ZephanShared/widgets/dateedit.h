@@ -47,6 +47,10 @@ public:
     /// Sets the tool tips again after a change of language.
     void updateTexts();
 
+    /// Takes over the user's date format from the settings where it has changed. A valid date stays and is
+    /// written in the new format; any other text goes. Nothing is signalled.
+    void reloadFormat();
+
 public slots:
     void setDateTime(QDateTime dateTime);
     void setDate(QDate date);
@@ -57,6 +61,7 @@ public slots:
 private:
     void buildTimeEdit();
     void connectEdits();
+    void applyFormat();
     void takeActivatedDate(const QDate &date);
     void completeDateText();
     QDate dateOfText() const;

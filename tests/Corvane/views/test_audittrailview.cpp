@@ -1,4 +1,7 @@
+#include "CommunicationAndData/settings/settingshandler.h"
+#include "CommunicationAndData/settings/settingskeys.h"
 #include "Corvane/views/audittrailquerymodel.h"
+#include "ZephanShared/widgets/dateformathelper.h"
 #include "ZephanShared/widgets/selectionpopup.h"
 #include "audittrailbench.h"
 #include "support/messageboxes.h"
@@ -37,6 +40,7 @@ private slots:
     void aPressReceivedByTheListClosesIt();
     void theDelayRunsFromTheFirstKeystroke();
     void aDayWithoutALocalMidnightFiltersFromItsMidnightInUtc();
+    void theFiltersFollowAChangedDateFormat();
     void typingGivesOneDelayedRefreshAndOneMoreWhenTheFieldIsLeft();
     void sortingAsksTheDatabase();
     void everyQueryIsRecordedBeforeItRuns();
@@ -313,6 +317,29 @@ void TestAuditTrailView::aDayWithoutALocalMidnightFiltersFromItsMidnightInUtc()
     tzset();
     QVERIFY2(from.contains(QStringLiteral("(timestamp_action >= '2016-08-14 00:00:00')")), qPrintable(from));
     QVERIFY2(to.contains(QStringLiteral("(timestamp_action <= '2016-08-15 00:00:00')")), qPrintable(to));
+}
+
+void TestAuditTrailView::theFiltersFollowAChangedDateFormat()
+{
+    m_bench->connectOffline();
+    auto *from = m_bench->find<QLineEdit>("audit_date_from");
+    auto *to = m_bench->find<QLineEdit>("audit_date_to");
+    QTest::keyClicks(from, QStringLiteral("03.01.2016"));
+    QTest::keyClicks(to, QStringLiteral("31.02.2016"));
+    QCOMPARE(m_bench->rows(), 3);
+    const int before = m_bench->actions().count();
+
+    m_bench->view()->hide();
+    SettingsHandler::getInstance()->setValue(QLatin1String(SettingsKeys::kDateFormat),
+                                             DateFormatHelper::MonthDayYearPadded);
+    m_bench->view()->show();
+    QCOMPARE(from->text(), QStringLiteral("01.03.2016"));
+    QCOMPARE(to->text(), QString());
+    QCOMPARE(to->toolTip(), QStringLiteral("MM.DD.YYYY"));
+    QCOMPARE(m_bench->actions().count(), before);
+    QCOMPARE(m_bench->cell(0, 0), QStringLiteral("01.03.2016 00:00:00"));
+    QTest::keyClicks(to, QStringLiteral("01.03.2016"));
+    QCOMPARE(m_bench->rows(), 1);
 }
 
 void TestAuditTrailView::typingGivesOneDelayedRefreshAndOneMoreWhenTheFieldIsLeft()
