@@ -27,10 +27,11 @@ std::unique_ptr<SettingsObject> openInMemoryFor(const QString &path, const QByte
 
 void warnOnce(const QString &path, const QString &message)
 {
-    static QSet<QString> warned;
-    if (warned.contains(path))
+    // The last settings are written while the process ends, so the table is never destroyed.
+    static auto *const warned = new QSet<QString>;
+    if (warned->contains(path))
         return;
-    warned.insert(path);
+    warned->insert(path);
     CORVANE_LOG(Logger::Warning, Logger::Console, "SettingsFile::secure", message);
 }
 

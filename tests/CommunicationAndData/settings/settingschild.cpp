@@ -1,6 +1,7 @@
 #include "CommunicationAndData/settings/settingshandler.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QSettings>
 #include <QTimer>
 
@@ -60,6 +61,15 @@ int leavePending()
     return 0;
 }
 
+/// Leaves values pending for a file in whose place something else comes, after another file like that.
+int losePlace()
+{
+    const auto other = openSettingsFile(argument(3));
+    SettingsHandler::getInstance()->changeSettingsFile(argument(2));
+    SettingsHandler::getInstance()->setValue(QStringLiteral("ui/pending"), 1);
+    return QDir().mkpath(argument(2)) ? 0 : EXIT_FAILURE;
+}
+
 }  // namespace
 
 int main(int argc, char **argv)
@@ -73,5 +83,7 @@ int main(int argc, char **argv)
         return ask(application, argument(2) == QLatin1String("abruptly"));
     if (argument(1) == QLatin1String("pending"))
         return leavePending();
+    if (argument(1) == QLatin1String("displaced"))
+        return losePlace();
     return EXIT_FAILURE;
 }

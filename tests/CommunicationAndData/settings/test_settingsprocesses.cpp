@@ -1,6 +1,7 @@
 #include "CommunicationAndData/settings/inirepair.h"
 #include "support/workstation.h"
 
+#include <QDir>
 #include <QProcess>
 #include <QRandomGenerator>
 #include <QSettings>
@@ -52,6 +53,7 @@ private slots:
     void twoProcessesKeepEachOthersKeys();
     void whatIsPendingAtTheEndIsWritten();
     void whatCannotBeWrittenAtTheEndIsLogged();
+    void whatComesInThePlaceOfTheFileIsLoggedAtTheEnd();
     void theWorkersThreadEndsWithTheProcess_data();
     void theWorkersThreadEndsWithTheProcess();
 
@@ -128,6 +130,20 @@ void TestSettingsProcesses::whatCannotBeWrittenAtTheEndIsLogged()
     QCOMPARE(process->exitStatus(), QProcess::NormalExit);
     QCOMPARE(process->exitCode(), 0);
     QCOMPARE(readFile(m_workstation.runtimeLog()).count("/proc/corvane/corvane.ini"), 1);
+}
+
+void TestSettingsProcesses::whatComesInThePlaceOfTheFileIsLoggedAtTheEnd()
+{
+    const QString path = file(QStringLiteral("displaced.ini"));
+    const QString other = file(QStringLiteral("other"));
+    QVERIFY(QDir().mkpath(other));
+    const auto process = child({QStringLiteral("displaced"), path, other});
+    QVERIFY(process->waitForFinished());
+    QCOMPARE(process->exitStatus(), QProcess::NormalExit);
+    QCOMPARE(process->exitCode(), 0);
+    const QByteArray log = readFile(m_workstation.runtimeLog());
+    for (const QString &name : {path, other})
+        QCOMPARE(log.count(name.toUtf8() + " cannot be read; its settings start empty"), 1);
 }
 
 void TestSettingsProcesses::theWorkersThreadEndsWithTheProcess_data()
