@@ -2,9 +2,11 @@
 #define AUDITTRAILVIEW_H
 
 #include "Corvane/views/audittrailquerystring.h"
+#include "Corvane/views/csvtext.h"
 #include "ZephanShared/widgets/baseview.h"
 
 #include <QMap>
+#include <QModelIndexList>
 #include <QPointer>
 #include <QSqlDatabase>
 #include <QVector>
@@ -112,7 +114,9 @@ private:
     // Work with the rows
     qint64 countRows();
     void copyAllRows();
+    bool collectRows(const QModelIndexList &rows, CsvText::ClipboardLines &lines) const;
     void tellReadingFailure(const QString &cause);
+    void tellTooManyRows();
     void logExport(const QString &file, qint64 rows, const QString &statement);
 
     // Connection

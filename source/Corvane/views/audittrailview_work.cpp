@@ -3,7 +3,6 @@
 #include "Corvane/views/audittrailexport.h"
 #include "Corvane/views/audittrailquerymodel.h"
 #include "Corvane/views/audittrailview.h"
-#include "Corvane/views/csvtext.h"
 #include "Corvane/views/savefile.h"
 #include "ZephanShared/widgets/waitcursor.h"
 
@@ -18,8 +17,6 @@
 #include <algorithm>
 
 namespace {
-
-constexpr int kMostCopied = 200 * 1000 * 1000;  // characters; no program takes more from the clipboard
 
 QStringList textsOfRow(const QAbstractItemModel &model, int row)
 {
@@ -103,12 +100,22 @@ void AuditTrailView::copyRowsWithHeaders()
     QModelIndexList rows = m_table->selectionModel()->selectedRows();
     if (m_model->canFetchMore() && rows.size() == m_model->rowCount())
         return copyAllRows();
-    const WaitCursor wait;
     std::sort(rows.begin(), rows.end());
-    QString text = CsvText::tabbedLine(headersOf(*m_model));
-    for (const QModelIndex &row : qAsConst(rows))
-        text += CsvText::tabbedLine(textsOfRow(*m_model, row.row()));
-    QGuiApplication::clipboard()->setText(text);
+    CsvText::ClipboardLines lines;
+    if (collectRows(rows, lines))
+        QGuiApplication::clipboard()->setText(lines.text());
+    else
+        tellTooManyRows();
+}
+
+/// \return  false when they are too many
+bool AuditTrailView::collectRows(const QModelIndexList &rows, CsvText::ClipboardLines &lines) const
+{
+    const WaitCursor wait;
+    bool fits = lines.add(headersOf(*m_model));
+    for (int i = 0; fits && i < rows.size(); ++i)
+        fits = lines.add(textsOfRow(*m_model, rows.at(i).row()));
+    return fits;
 }
 
 /// All rows are selected, and the log holds more of them than the table has fetched.
@@ -117,19 +124,19 @@ void AuditTrailView::copyAllRows()
     const QString statement = AuditTrailQueryString::statement(m_filters, m_sort);
     const qint64 expected = countRows();
     logSearch(statement);
-    QString text = CsvText::tabbedLine(headersOf(*m_model));
+    CsvText::ClipboardLines lines;
+    lines.add(headersOf(*m_model));
     AuditTrailReader reader(m_database, this);
     const AuditTrailReader::End end =
-        reader.read(statement, expected, tr("Copying the audit trail"), [&text](const QSqlQuery &row) {
-            text += CsvText::tabbedLine(AuditTrailQueryModel::shownTexts(row));
-            return text.size() < kMostCopied;
+        reader.read(statement, expected, tr("Copying the audit trail"), [&lines](const QSqlQuery &row) {
+            return lines.add(AuditTrailQueryModel::shownTexts(row));
         });
     if (end == AuditTrailReader::End::Complete)
-        QGuiApplication::clipboard()->setText(text);
+        QGuiApplication::clipboard()->setText(lines.text());
     else if (end == AuditTrailReader::End::Failed)
         tellReadingFailure(reader.errorText());
     else if (end == AuditTrailReader::End::Refused)
-        tellReadingFailure(tr("These are too many rows for the clipboard. Save them as CSV instead."));
+        tellTooManyRows();
 }
 
 void AuditTrailView::copyCell()
@@ -184,6 +191,11 @@ void AuditTrailView::showChart()
             [&](const QString &file) { logExport(file, reader.rows(), statement); });
     connect(&dialog, &AuditTrailChartDialog::savingFailed, this, &AuditTrailView::logExportFailure);
     dialog.exec();
+}
+
+void AuditTrailView::tellTooManyRows()
+{
+    tellReadingFailure(tr("These are too many rows for the clipboard. Save them as CSV instead."));
 }
 
 void AuditTrailView::tellReadingFailure(const QString &cause)

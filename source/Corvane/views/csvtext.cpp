@@ -39,3 +39,21 @@ QString CsvText::tabbedLine(const QStringList &fields)
 {
     return line(fields, QLatin1Char('\t'), QLatin1String("\n"));
 }
+
+CsvText::ClipboardLines::ClipboardLines(int most)
+    : m_most(most)
+{}
+
+bool CsvText::ClipboardLines::add(const QStringList &fields)
+{
+    const QString line = tabbedLine(fields);
+    if (line.size() > m_most - m_text.size())
+        return false;
+    m_text += line;
+    return true;
+}
+
+const QString &CsvText::ClipboardLines::text() const
+{
+    return m_text;
+}

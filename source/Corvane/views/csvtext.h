@@ -14,6 +14,24 @@ QString record(const QStringList &fields);
 /// quotes around those that hold a tab, a quote or a line break.
 QString tabbedLine(const QStringList &fields);
 
+/// Tabbed lines for the clipboard, from which no program takes texts of any length.
+class ClipboardLines
+{
+public:
+    static constexpr int kMost = 200 * 1000 * 1000;
+
+    /// \param most  characters
+    explicit ClipboardLines(int most = kMost);
+
+    /// \return  false as soon as there is too much
+    bool add(const QStringList &fields);
+    const QString &text() const;
+
+private:
+    QString m_text;
+    int m_most;
+};
+
 }  // namespace CsvText
 
 #endif

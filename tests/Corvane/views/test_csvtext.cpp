@@ -11,6 +11,7 @@ private slots:
     void record();
     void tabbedLine_data();
     void tabbedLine();
+    void clipboardTakesNoTextsOfAnyLength();
 };
 
 void TestCsvText::record_data()
@@ -56,6 +57,16 @@ void TestCsvText::tabbedLine()
     QFETCH(QStringList, fields);
     QFETCH(QString, text);
     QCOMPARE(CsvText::tabbedLine(fields), text);
+}
+
+void TestCsvText::clipboardTakesNoTextsOfAnyLength()
+{
+    CsvText::ClipboardLines lines(10);
+    QVERIFY(lines.add({QStringLiteral("a"), QStringLiteral("b")}));
+    QVERIFY(lines.add({QStringLiteral("12345")}));
+    QCOMPARE(lines.text(), QStringLiteral("a\tb\n12345\n"));
+    QVERIFY(!lines.add({QString()}));
+    QCOMPARE(lines.text(), QStringLiteral("a\tb\n12345\n"));
 }
 
 QTEST_GUILESS_MAIN(TestCsvText)
