@@ -44,6 +44,7 @@ private slots:
     void timesAreShownInEachDateFormat();
     void timesStandAsTheyAreStored_data();
     void timesStandAsTheyAreStored();
+    void aTimeOfTheDriverIsNotShiftedEither();
     void otherRolesAndColumnsAreLeftAlone();
     void languageChangesWordsButNeverActionNames();
 
@@ -199,6 +200,26 @@ void TestAuditTrailQueryModel::timesStandAsTheyAreStored()
     qunsetenv("TZ");
     tzset();
     QTEST(text, "expected");
+}
+
+/// A database with a type for times gives no text; it means the same hour, which this workstation leaves out.
+void TestAuditTrailQueryModel::aTimeOfTheDriverIsNotShiftedEither()
+{
+    qputenv("TZ", "Europe/Helsinki");
+    tzset();
+    SettingsHandler *store = SettingsHandler::getInstance();
+    store->setValue(QLatin1String(SettingsKeys::kDateFormat), 0);
+    store->setValue(QLatin1String(SettingsKeys::kDateSeparator), 0);
+    const AuditTrailQueryModel::Words words =
+        AuditTrailQueryModel::wordsOf(QStringLiteral("timestamp_action"));
+    const QString leftOut =
+        AuditTrailQueryModel::shownValue(words, QDateTime(QDate(2016, 3, 27), QTime(3, 30))).toString();
+    const QString usual =
+        AuditTrailQueryModel::shownValue(words, QDateTime(QDate(2016, 3, 27), QTime(4, 0))).toString();
+    qunsetenv("TZ");
+    tzset();
+    QCOMPARE(leftOut, QStringLiteral("27.03.2016 03:30:00"));
+    QCOMPARE(usual, QStringLiteral("27.03.2016 04:00:00"));
 }
 
 void TestAuditTrailQueryModel::otherRolesAndColumnsAreLeftAlone()

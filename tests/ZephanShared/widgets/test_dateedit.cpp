@@ -37,7 +37,7 @@ private slots:
     void autofilledEndsWithTheFirstEdit();
     void disabledFieldIsNeverAutofilled();
     void timePartIsStored();
-    void englishWordsStandInWhereALanguageHasNoAmAndPm();
+    void twelveHoursAreShownWithTheirWords();
     void contentChangedComesWithEachKey();
     void currentTimeStandsInForAnEmptyField();
     void whatAPersonCanUseHasNames();
@@ -341,13 +341,16 @@ void TestDateEdit::timePartIsStored()
     QVERIFY(!form.date->dateTime(false).isValid());
 }
 
-void TestDateEdit::englishWordsStandInWhereALanguageHasNoAmAndPm()
+void TestDateEdit::twelveHoursAreShownWithTheirWords()
 {
     DateForm::chooseFormat(0, 0, true);
     const DateForm form(true);
     auto *time = form.findChild<QTimeEdit *>();
     QCOMPARE(time->displayFormat(), QStringLiteral("hh:mm AP"));
-    QVERIFY(!time->sectionText(QDateTimeEdit::AmPmSection).isEmpty());
+    QCOMPARE(time->toolTip(), QStringLiteral("hh:mm AP"));
+    form.date->setDateTime(QDateTime(QDate(2016, 2, 1), QTime(13, 45)));
+    QCOMPARE(time->text(), QStringLiteral("01:45 PM"));
+    QCOMPARE(time->sectionText(QDateTimeEdit::AmPmSection), QStringLiteral("PM"));
 }
 
 void TestDateEdit::contentChangedComesWithEachKey()

@@ -25,6 +25,7 @@ PersonModel person(const char *first, const char *middle, const char *last, cons
     model->middleName = QString::fromUtf8(middle);
     model->lastName = QString::fromUtf8(last);
     model->personalId = QString::fromUtf8(id);
+    model->personCode = QStringLiteral("code of %1").arg(model->lastName);
     model->birthDate = QDate(1980, 2, 3);
     model->gender = 2;
     model->ethnicGroup = 3;
@@ -110,6 +111,11 @@ private slots:
     void withoutTheSearchFlagNothingIsSearched();
     void textOfEachKey_data();
     void textOfEachKey();
+    void otherKeysAreNotSearched_data();
+    void otherKeysAreNotSearched();
+    void anOutdatedSearchShowsNothing();
+    void suggestionsStandBelowTheField_data();
+    void suggestionsStandBelowTheField();
     void failedSearchChangesNothing();
     void genderAndEthnicWords();
     void textEditGrowsWithItsLines();
@@ -281,7 +287,11 @@ void TestPersonFields::textOfEachKey_data()
 {
     QTest::addColumn<int>("key");
     QTest::addColumn<QString>("text");
-    QTest::newRow("first name") << int(SearchModelData::FirstName) << QStringLiteral("Aino");
+    QTest::newRow("first name") << int(SearchModelData::FirstName) << QStringLiteral("Aatos");
+    QTest::newRow("middle name") << int(SearchModelData::MiddleName) << QStringLiteral("Olavi");
+    QTest::newRow("last name") << int(SearchModelData::LastName) << QStringLiteral("Korhonen");
+    QTest::newRow("personal id") << int(SearchModelData::PersonalId) << QStringLiteral("020280-123B");
+    QTest::newRow("person code") << int(SearchModelData::PersonCode) << QStringLiteral("code of Korhonen");
     QTest::newRow("birth date in the date format")
         << int(SearchModelData::Birthdate) << QStringLiteral("03.02.1980");
     QTest::newRow("gender as a word") << int(SearchModelData::Gender) << QStringLiteral("female");
@@ -300,8 +310,70 @@ void TestPersonFields::textOfEachKey()
     QSignalSpy searched(field.edit, &LineEdit::searchWithModel);
     field.type(QStringLiteral("x"));
     QCOMPARE(searched.count(), 1);
-    searched.first().first().value<SearchModel>()->setPersonSearchResults(0, {field.persons.all.first()});
+    searched.first().first().value<SearchModel>()->setPersonSearchResults(0, {field.persons.all.at(1)});
     QCOMPARE(field.cell(0, 0), text);
+    QCOMPARE(field.cell(0, 1), QStringLiteral("(Korhonen Aatos)"));
+    field.popup()->hide();
+}
+
+void TestPersonFields::otherKeysAreNotSearched_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::newRow("everything") << int(SearchModelData::SearchEverything);
+    QTest::newRow("the number behind the last key") << 10;
+    QTest::newRow("fields of the site's own") << int(SearchModelData::CustomFields);
+    QTest::newRow("a negative number") << -1;
+}
+
+void TestPersonFields::otherKeysAreNotSearched()
+{
+    QFETCH(int, key);
+    const Field field(key);
+    field.edit->suggestionBox()->setSelectionItems({QStringLiteral("of before")}, {});
+    QVERIFY(field.popup()->isVisible());
+    field.type(QStringLiteral("a"));
+    QVERIFY(field.persons.searches.isEmpty());
+    QVERIFY(!field.popup()->isVisible());
+}
+
+void TestPersonFields::anOutdatedSearchShowsNothing()
+{
+    Field field(SearchModelData::FirstName);
+    QObject::disconnect(field.edit, &LineEdit::searchWithModel, &field.persons, &Persons::search);
+    QSignalSpy searched(field.edit, &LineEdit::searchWithModel);
+    field.type(QStringLiteral("a"));
+    const auto outdated = searched.first().first().value<SearchModel>();
+    QTest::keyClick(field.edit->lineEdit(), Qt::Key_Backspace);
+    outdated->setPersonSearchResults(0, field.persons.all);
+    QVERIFY(!field.popup()->isVisible());
+}
+
+void TestPersonFields::suggestionsStandBelowTheField_data()
+{
+    QTest::addColumn<QStringList>("details");
+    QTest::addColumn<QString>("shown");
+    QTest::newRow("as many details as results are shown in parentheses")
+        << QStringList{QStringLiteral("x"), QStringLiteral("y")} << "(y)";
+    QTest::newRow("fewer details than results are not shown") << QStringList{QStringLiteral("x")} << "";
+    QTest::newRow("more details than results are not shown")
+        << QStringList{QStringLiteral("x"), QStringLiteral("y"), QStringLiteral("z")} << "";
+}
+
+void TestPersonFields::suggestionsStandBelowTheField()
+{
+    QFETCH(QStringList, details);
+    const Field field(SearchModelData::FirstName);
+    const QLineEdit *edit = field.edit->lineEdit();
+    field.edit->suggestionBox()->setSelectionItems({QStringLiteral("a"), QStringLiteral("b")}, details);
+    QVERIFY(field.popup()->isVisible());
+    QCOMPARE(field.cell(1, 0), QStringLiteral("b"));
+    QTEST(field.cell(1, 1), "shown");
+    if (!field.cell(1, 1).isEmpty())
+        QVERIFY(field.popup()->topLevelItem(1)->textAlignment(1) & Qt::AlignRight);
+    QCOMPARE(field.popup()->height(), field.popup()->sizeHintForRow(0) * 2 + 3);
+    // The platform of the tests adds a frame of two pixels to every window.
+    const QPoint place = edit->mapToGlobal(edit->rect().bottomLeft() + QPoint(0, 1));
+    QVERIFY((field.popup()->pos() - place).manhattanLength() <= 4);
     field.popup()->hide();
 }
 
@@ -321,10 +393,19 @@ void TestPersonFields::genderAndEthnicWords()
     QCOMPARE(field.genderText(1), QStringLiteral("male"));
     QCOMPARE(field.genderText(2), QStringLiteral("female"));
     QCOMPARE(field.genderText(0), QStringLiteral("undefined"));
-    QCOMPARE(field.ethnicText(0), QStringLiteral("No Information"));
-    QCOMPARE(field.ethnicText(8), QStringLiteral("North Indian and Pakistani"));
-    QCOMPARE(field.ethnicText(15), QStringLiteral("Mixed / Other"));
-    QCOMPARE(field.ethnicText(16), QStringLiteral("No Information"));
+    const QStringList groups = {
+        QStringLiteral("African American"),  QStringLiteral("Asian"),
+        QStringLiteral("Caucasian"),         QStringLiteral("Hispanic"),
+        QStringLiteral("Hong Kong Chinese"), QStringLiteral("Japanese American"),
+        QStringLiteral("Polynesian"),        QStringLiteral("North Indian and Pakistani"),
+        QStringLiteral("South Indian"),      QStringLiteral("African Descent"),
+        QStringLiteral("Japanese"),          QStringLiteral("Mexican American"),
+        QStringLiteral("North East Asian"),  QStringLiteral("South East Asian"),
+        QStringLiteral("Mixed / Other")};
+    for (int group = 0; group < groups.size(); ++group)
+        QCOMPARE(field.ethnicText(group + 1), groups.at(group));
+    for (const int none : {-1, 0, 16})
+        QCOMPARE(field.ethnicText(none), QStringLiteral("No Information"));
 }
 
 void TestPersonFields::textEditGrowsWithItsLines()
