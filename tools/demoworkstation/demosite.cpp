@@ -11,6 +11,7 @@
 #include "CommunicationAndData/settings/sqlschema.h"
 #include "Corvane/accesscontrol/accesscontroloffline.h"
 #include "ZephanShared/toolkit/nativepath.h"
+#include "ZephanShared/toolkit/plaintime.h"
 #include "demoaudittrail/demoactionlog.h"
 
 #include <QDateTime>
@@ -148,7 +149,7 @@ private:
         const QString salt =
             isInternal ? PasswordHelper::generateSalt(PasswordHelper::SaltLength) : QString();
         const QString hash = isInternal ? PasswordHelper::hashPassword(demo.password, salt) : QString();
-        const QString now = QDateTime::currentDateTimeUtc().toString(QStringLiteral("yyyy-MM-dd hh:mm:ss"));
+        const QString now = plainText(QDateTime::currentDateTimeUtc(), QStringLiteral("yyyy-MM-dd hh:mm:ss"));
         const QString id = newId();
         return run(QStringLiteral("INSERT INTO operator (operator_id, last_name, middle_name, first_name, "
                                   "organization_id, department_id, user_id, username, password, salt, "

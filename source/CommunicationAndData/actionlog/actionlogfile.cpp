@@ -3,6 +3,7 @@
 #include "CommunicationAndData/sqlcipher/databasekey.h"
 #include "ZephanShared/toolkit/logger.h"
 #include "ZephanShared/toolkit/nativepath.h"
+#include "ZephanShared/toolkit/plaintime.h"
 
 #include <QDir>
 #include <QFile>
@@ -49,7 +50,7 @@ QString absoluteDirectory(const QString &directory)
 
 QString freeDamagedName(const QString &directory)
 {
-    const QString stamp = QDateTime::currentDateTimeUtc().toString(QStringLiteral("yyyyMMdd-hhmmss"));
+    const QString stamp = plainText(QDateTime::currentDateTimeUtc(), QStringLiteral("yyyyMMdd-hhmmss"));
     QString name;
     int count = 1;
     do {

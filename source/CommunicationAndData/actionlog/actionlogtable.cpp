@@ -1,5 +1,7 @@
 #include "CommunicationAndData/actionlog/actionlogtable.h"
 
+#include "ZephanShared/toolkit/plaintime.h"
+
 namespace {
 
 constexpr char kSeparator[] = ", ";
@@ -30,7 +32,7 @@ QString repeated(const QString &text)
 
 QVariantList ActionLogEntry::values() const
 {
-    return {time.toUTC().toString(QLatin1String(ActionLogTable::kTimeFormat)),
+    return {plainText(time.toUTC(), QLatin1String(ActionLogTable::kTimeFormat)),
             category,
             level,
             action,

@@ -1,5 +1,7 @@
 #include "CommunicationAndData/settings/keptfile.h"
 
+#include "ZephanShared/toolkit/plaintime.h"
+
 #include <QCryptographicHash>
 #include <QDateTime>
 #include <QDir>
@@ -54,7 +56,7 @@ QString formerCopy(const QString &path, const QString &reason)
 
 QString freeName(const QString &path, const QString &reason)
 {
-    const QString time = QDateTime::currentDateTimeUtc().toString(QStringLiteral("yyyyMMdd'T'hhmmss'Z'"));
+    const QString time = plainText(QDateTime::currentDateTimeUtc(), QStringLiteral("yyyyMMdd'T'hhmmss'Z'"));
     QString name = QStringLiteral("%1.%2.%3.kept").arg(path, time, reason);
     for (int i = 2; QFileInfo::exists(name) && i <= kMostNames; ++i)
         name = QStringLiteral("%1.%2-%3.%4.kept").arg(path, time, QString::number(i), reason);

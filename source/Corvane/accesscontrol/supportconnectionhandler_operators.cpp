@@ -2,6 +2,7 @@
 
 #include "CommunicationAndData/settings/odbcconnection.h"
 #include "Corvane/accesscontrol/storenames.h"
+#include "ZephanShared/toolkit/plaintime.h"
 
 #include <QDateTime>
 #include <QSqlError>
@@ -90,7 +91,7 @@ bool SupportConnectionHandler::updateRow(QString table, QVariantMap values, QVar
 
 QVariantMap SupportConnectionHandler::operatorToRow(QSharedPointer<OperatorModelData> op, bool omitCreated)
 {
-    const QString now = QDateTime::currentDateTimeUtc().toString(QLatin1String(kTimeFormat));
+    const QString now = plainText(QDateTime::currentDateTimeUtc(), QLatin1String(kTimeFormat));
     QVariantMap row{{idColumn(), op->operatorID().toString()},
                     {QStringLiteral("last_name"), text(op->lastName())},
                     {QStringLiteral("middle_name"), text(op->middleName())},

@@ -4,6 +4,7 @@
 #include "Corvane/settings/connectionarea.h"
 #include "Corvane/settings/formparts.h"
 #include "ZephanShared/toolkit/logger.h"
+#include "ZephanShared/toolkit/plaintime.h"
 
 #include <QCheckBox>
 #include <QDateTime>
@@ -175,7 +176,7 @@ void DistributionView::send()
     handler->restore();
     SettingsAdditionalData record;
     record.notes = m_notes->toPlainText();
-    record.timestamp = QDateTime::currentDateTimeUtc().toString(QLatin1String(kTimeFormat));
+    record.timestamp = plainText(QDateTime::currentDateTimeUtc(), QLatin1String(kTimeFormat));
     record.user = m_operatorName.isEmpty() ? QLatin1String(kNobody) : m_operatorName.left(kLongestName);
     handler->storeSettingsOnline(record, kNewConfiguration, m_inform->isChecked(), m_distribute);
 }

@@ -2,6 +2,7 @@
 
 #include "Corvane/views/audittrailquerymodel.h"
 #include "Corvane/views/savefile.h"
+#include "ZephanShared/toolkit/plaintime.h"
 #include "ZephanShared/widgets/dateformathelper.h"
 
 #include <QBarCategoryAxis>
@@ -43,14 +44,14 @@ QString barLabel(const QDateTime &start, AuditTrailTimeline::Step step)
     const QString date = DateFormatHelper().dateFormat();
     switch (step) {
     case AuditTrailTimeline::Step::Hour:
-        return start.toString(date + QStringLiteral(" hh:mm"));
+        return plainText(start, date + QStringLiteral(" hh:mm"));
     case AuditTrailTimeline::Step::Day:
     case AuditTrailTimeline::Step::Week:
-        return start.toString(date);
+        return plainText(start, date);
     case AuditTrailTimeline::Step::Month:
-        return start.toString(QStringLiteral("yyyy-MM"));
+        return plainText(start, QStringLiteral("yyyy-MM"));
     default:
-        return start.toString(QStringLiteral("yyyy"));
+        return plainText(start, QStringLiteral("yyyy"));
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "Corvane/views/audittrailquerystring.h"
 #include "ZephanShared/toolkit/actions.h"
+#include "ZephanShared/toolkit/plaintime.h"
 #include "ZephanShared/widgets/dateformathelper.h"
 #include "ZephanShared/widgets/waitcursor.h"
 
@@ -73,7 +74,7 @@ QString timeText(const QVariant &value)
         return day.shown + stored.mid(kDayLength);
 
     const QString text =
-        AuditTrailQueryModel::timeOf(value).toString(formats.dateFormat() + QLatin1String(" hh:mm:ss"));
+        plainText(AuditTrailQueryModel::timeOf(value), formats.dateFormat() + QLatin1String(" hh:mm:ss"));
     if (isUsual && !text.isEmpty())
         day = {formats.format(), formats.separator(), stored.left(kDayLength),
                text.chopped(kTimeLength - kDayLength)};

@@ -1,5 +1,7 @@
 #include "Corvane/views/audittrailquerystring.h"
 
+#include "ZephanShared/toolkit/plaintime.h"
+
 #include <QDateTime>
 
 namespace {
@@ -67,7 +69,7 @@ void appendNumberClause(QString &statement, const QString &column, const QVarian
 void appendDateClause(QString &statement, const QString &comparison, const QDateTime &time)
 {
     statement += QLatin1String("(timestamp_action ") + comparison + QLatin1String(" '") +
-                 time.toString(QStringLiteral("yyyy-MM-dd hh:mm:ss")) + QLatin1String("')");
+                 plainText(time, QStringLiteral("yyyy-MM-dd hh:mm:ss")) + QLatin1String("')");
 }
 
 /// \return  whether the clause is whole

@@ -1,6 +1,7 @@
 #include "ZephanShared/toolkit/logger.h"
 
 #include "ZephanShared/toolkit/nativepath.h"
+#include "ZephanShared/toolkit/plaintime.h"
 
 #include <QDateTime>
 #include <QMutexLocker>
@@ -147,7 +148,7 @@ void Logger::writeLine(int severity, int module, const QString &function, int li
 void Logger::rotate()
 {
     QString name = temporaryFile(kLogName + QLatin1Char('.') +
-                                 QDateTime::currentDateTime().toString(QStringLiteral("yyMMdd-hhmmss")));
+                                 plainText(QDateTime::currentDateTime(), QStringLiteral("yyMMdd-hhmmss")));
     if (!QFile::copy(m_file.fileName(), name))
         name += QLatin1String("-2");
 }

@@ -1,5 +1,6 @@
 #include "ZephanShared/widgets/dateedit.h"
 
+#include "ZephanShared/toolkit/plaintime.h"
 #include "ZephanShared/widgets/dateformathelper.h"
 #include "ZephanShared/widgets/datetyping.h"
 #include "ZephanShared/widgets/styleprinter.h"
@@ -217,7 +218,7 @@ void DateEdit::setDateTime(QDateTime dateTime)
     const QDateTime local = dateTime.toLocalTime();
     if (dateTime.isValid()) {
         m_dateTime = dateTime;
-        m_lineEdit->setText(local.date().toString(m_format->dateFormat()));
+        m_lineEdit->setText(plainText(local.date(), m_format->dateFormat()));
     } else {
         m_lineEdit->clear();
     }
@@ -230,7 +231,7 @@ void DateEdit::setDate(QDate date)
 {
     if (date.isValid()) {
         m_dateTime = QDateTime(date, timePart());
-        m_lineEdit->setText(date.toString(m_format->dateFormat()));
+        m_lineEdit->setText(plainText(date, m_format->dateFormat()));
     } else {
         m_lineEdit->clear();
     }

@@ -2,6 +2,7 @@
 
 #include "CommunicationAndData/settings/settingshandler.h"
 #include "CommunicationAndData/settings/settingskeys.h"
+#include "ZephanShared/toolkit/plaintime.h"
 #include "ZephanShared/widgets/dateformathelper.h"
 #include "ZephanShared/widgets/styleprinter.h"
 #include "ZephanShared/widgets/suggestionbox.h"
@@ -120,7 +121,7 @@ QString LineEdit::personText(const PersonModelData &person) const
 {
     switch (m_searchKey) {
     case SearchModelData::Birthdate:
-        return person.birthDate.toString(DateFormatHelper().dateFormat());
+        return plainText(person.birthDate, DateFormatHelper().dateFormat());
     case SearchModelData::Gender:
         return genderText(person.gender);
     case SearchModelData::EthnicGroup:
