@@ -249,5 +249,5 @@ void TestAuditTrailQueryModel::languageChangesWordsButNeverActionNames()
     QCOMPARE(header, QStringLiteral("TIME (UTC)"));
 }
 
-QTEST_GUILESS_MAIN(TestAuditTrailQueryModel)
+QTEST_MAIN(TestAuditTrailQueryModel)
 #include "test_audittrailquerymodel.moc"
