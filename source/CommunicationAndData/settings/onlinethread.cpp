@@ -5,6 +5,7 @@
 #include <QThread>
 #include <QTimer>
 
+#include <atomic>
 #include <utility>
 
 namespace {
@@ -36,7 +37,8 @@ struct OnlineThread::Crew
     QThread *thread = nullptr;
     OnlineWorker *worker = nullptr;
     std::mutex mutex;
-    OnlineThread *home = nullptr;  ///< null when the crew was given up
+    OnlineThread *home = nullptr;  ///< null when the crew has nobody to answer
+    std::atomic<bool> isGivenUp{false};
 
     /// Called by the worker's thread.
     void tell(int number, const Telling &answer)
@@ -105,7 +107,10 @@ void OnlineThread::put(const std::function<Telling(OnlineWorker &)> &question, c
     const int number = ++m_asked;
     m_open.insert(number, {unanswered, m_round});
     start();
-    post([crew = m_crew, question, number](OnlineWorker &worker) { crew->tell(number, question(worker)); });
+    post([crew = m_crew, question, number](OnlineWorker &worker) {
+        if (!crew->isGivenUp)
+            crew->tell(number, question(worker));
+    });
     QTimer::singleShot(m_longestAnswer, this, [this, number] { giveUpIfOpen(number); });
 }
 
@@ -138,6 +143,7 @@ void OnlineThread::giveUp()
 {
     CORVANE_LOG(Logger::Warning, Logger::Console, "OnlineThread::giveUp",
                 QStringLiteral("The settings database does not answer, its connection is given up"));
+    m_crew->isGivenUp = true;
     m_crew->leaveHome();
     connect(m_crew->thread, &QThread::finished, m_crew->thread, &QObject::deleteLater);
     m_crew->thread->quit();

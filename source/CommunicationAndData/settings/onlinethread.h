@@ -18,7 +18,8 @@ class QThread;
 ///
 /// Every question is answered, in the order in which they were put and from the event loop of the thread that
 /// this object lives on. A worker that stays away too long is given up together with its thread: all open
-/// questions are then answered in its place, and the next question finds another worker.
+/// questions are then answered in its place, and the next question finds another worker. What it has not
+/// begun by then, it leaves: what was told as failed is not done later.
 class OnlineThread : public QObject
 {
     Q_OBJECT

@@ -3,6 +3,7 @@
 #include <QTest>
 #include <QThread>
 
+#include <atomic>
 #include <chrono>
 #include <future>
 
@@ -25,6 +26,7 @@ private slots:
     void questionsThatRunOutOfTimeTogetherAreAllAnswered();
     void aQuestionThatWasForgottenIsNotAnsweredWhenItsWorkerIsGivenUp();
     void theAnswerOfAWorkerThatWasGivenUpComesToNobody();
+    void whatAWorkerThatWasGivenUpHasNotBegunIsNeverDone();
 
 private:
     void askHeldUp(int number);
@@ -98,6 +100,24 @@ void TestOnlineThread::theAnswerOfAWorkerThatWasGivenUpComesToNobody()
     m_release.set_value();
     ask(2);
     QTRY_COMPARE(m_answers, QList<int>({-1, 2}));
+}
+
+void TestOnlineThread::whatAWorkerThatWasGivenUpHasNotBegunIsNeverDone()
+{
+    askHeldUp(1);
+    const auto done = std::make_shared<std::atomic<bool>>(false);
+    m_thread->ask(
+        [done](OnlineWorker &) {
+            *done = true;
+            return 2;
+        },
+        [this](int answer) { m_answers.append(answer); }, -2);
+    letTimePass();
+    QTRY_COMPARE(m_answers, QList<int>({-1, -2}));
+    m_release.set_value();
+    // The question has left the thread.
+    QTRY_COMPARE(done.use_count(), 1L);
+    QVERIFY(!*done);
 }
 
 QTEST_GUILESS_MAIN(TestOnlineThread)
