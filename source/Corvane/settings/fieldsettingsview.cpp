@@ -419,7 +419,7 @@ void FieldSettingsView::cleanAddedFields(bool clear)
 
 void FieldSettingsView::passFocusOn(const CustomPersonField *row)
 {
-    if (!row->isAncestorOf(focusWidget()))
+    if (!row->isAncestorOf(window()->focusWidget()))
         return;
     const auto here = m_rows.constFind(row->id());
     const auto next = std::next(here);

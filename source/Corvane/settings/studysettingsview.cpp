@@ -240,7 +240,9 @@ void StudySettingsView::select(const StudyEntries::ReferenceChoice &choice)
 
 void StudySettingsView::reloadSettings()
 {
+    const QString focused = focusedField();
     resetStudyFields(m_applicationBox->currentIndex(), false);
+    focusField(focused);
     readReferenceChoice();
 }
 

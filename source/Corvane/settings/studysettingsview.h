@@ -70,6 +70,9 @@ private:
     void showFields();
     void addFieldBox(const QString &id, const QString &text);
     void updateFieldTexts();
+    /// The field whose check box the keyboard is at; empty when it is elsewhere.
+    QString focusedField() const;
+    void focusField(const QString &id);
 
     void readReferenceChoice();
     void writeReferenceChoice();

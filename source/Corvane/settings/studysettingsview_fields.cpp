@@ -162,6 +162,19 @@ void StudySettingsView::addFieldBox(const QString &id, const QString &text)
     m_fieldBoxes.insert(id, box);
 }
 
+QString StudySettingsView::focusedField() const
+{
+    return m_fieldBoxes.key(qobject_cast<QCheckBox *>(window()->focusWidget()));
+}
+
+void StudySettingsView::focusField(const QString &id)
+{
+    if (QCheckBox *box = m_fieldBoxes.value(id)) {
+        box->show();
+        box->setFocus(Qt::OtherFocusReason);
+    }
+}
+
 void StudySettingsView::updateFieldTexts()
 {
     m_listFieldsLabel->setText(tr("Study list fields"));

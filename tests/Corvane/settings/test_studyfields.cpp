@@ -91,6 +91,7 @@ private slots:
     void referenceSetsAreStoredWhicheverApplicationIsShown();
     void writingRemovesTheEntriesOfAPluginWhoseIdContainsRuvenka();
     void reloadingReadsTheCurrentApplicationAgain();
+    void reloadingKeepsTheKeyboardAtItsField();
 
     void fieldsThatCannotBeStoredAreLeftOut();
     void aPluginThatForgetsItsFieldsIsShownWithoutThem();
@@ -358,6 +359,22 @@ void TestStudyFields::reloadingReadsTheCurrentApplicationAgain()
     QCOMPARE(listFields(page), (QStringList{QString(), QStringLiteral("height"), QString(), QString()}));
     QCOMPARE(checkedFields(page), QStringList{QStringLiteral("height")});
     QCOMPARE(storedList(SettingsKeys::kStudyHiddenFields), QStringList{QStringLiteral("Beta=height")});
+}
+
+void TestStudyFields::reloadingKeepsTheKeyboardAtItsField()
+{
+    PluginFolder folder;
+    QVERIFY(folder.add(QStringLiteral("alpha")));
+    StudySettingsView page(m_workstation.dataDirectory());
+    page.show();
+    page.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&page));
+    fieldBox(page, QStringLiteral("age"))->setFocus();
+    page.reloadSettings();
+    QCOMPARE(QApplication::focusWidget(), fieldBox(page, QStringLiteral("age")));
+    listField(page, 2)->setFocus();
+    page.reloadSettings();
+    QCOMPARE(QApplication::focusWidget(), listField(page, 2));
 }
 
 void TestStudyFields::fieldsThatCannotBeStoredAreLeftOut()
