@@ -131,6 +131,7 @@ private:
     void releaseDatabase();
     void forgetDatabase();
     void removeOnlineConnection();
+    void clearLostRows();
     bool wantsToEditConnection(ZephanError error);
 
     QString m_dataPath;

@@ -123,10 +123,20 @@ void AuditTrailView::connectToDatabase()
             return;
         }
         enableTableActions();
+        clearLostRows();
         emit logError(Actions::SearchAuditTrail, error, QStringLiteral("Connection failed"));
         if (!wantsToEditConnection(error) || launchConnectionDialog() != QDialog::Accepted)
             return;
     }
+}
+
+/// Opening a file anew ends the query whose rows the table shows: without it they would be empty lines.
+void AuditTrailView::clearLostRows()
+{
+    if (!m_model || m_model->query().isActive())
+        return;
+    keepColumnWidths();
+    m_model->clear();
 }
 
 bool AuditTrailView::wantsToEditConnection(ZephanError error)

@@ -84,6 +84,7 @@ private slots:
     void aBorrowedFileThenOnlineIsDisconnectedFromTheServer_data();
     void aBorrowedFileThenOnlineIsDisconnectedFromTheServer();
     void aFailedReconnectionLeavesNothingToDoWithTheRows();
+    void aFailedReconnectionToADamagedFileLeavesNoEmptyRows();
     void changingFromOnlineToAFileAndBackLeavesNothingBehind();
     void aGroupWithoutParametersOpensTheDialogWithTheDefaultTimeouts();
     void anEmptyLocationOpensTheDialogAndIsNoError();
@@ -335,6 +336,21 @@ void TestAuditTrailConnection::aFailedReconnectionLeavesNothingToDoWithTheRows()
     QCOMPARE(boxes.seen().size(), 1);
     for (const char *name : {"audit_copy_rows", "audit_copy_cell", "audit_save_csv", "audit_chart"})
         QVERIFY2(!m_bench->find<QAction>(name)->isEnabled(), name);
+    m_bench->closeView();
+    QSqlDatabase::removeDatabase(m_bench->log());
+}
+
+void TestAuditTrailConnection::aFailedReconnectionToADamagedFileLeavesNoEmptyRows()
+{
+    m_bench->connectOffline();
+    QFile file(m_bench->log());
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(QByteArray("no database").repeated(500));
+    file.close();
+    const MessageBoxes boxes({QStringLiteral("No")});
+    m_bench->clickConnect();
+    QCOMPARE(boxes.seen().size(), 1);
+    QVERIFY2(m_bench->rows() == 0, qPrintable(m_bench->cell(0, 0)));
     m_bench->closeView();
     QSqlDatabase::removeDatabase(m_bench->log());
 }
