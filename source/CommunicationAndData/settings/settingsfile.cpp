@@ -25,6 +25,18 @@ std::unique_ptr<SettingsObject> openInMemoryFor(const QString &path, const QByte
     return std::make_unique<SettingsObject>(path, SettingsContent::of(readable));
 }
 
+/// Opens the file at `path`, named as a settings object takes it, and sees to it that it says what is on
+/// disk.
+template<typename... Name>
+std::unique_ptr<SettingsObject> openOnDisk(const QString &path, const Name &...name)
+{
+    const auto content = FormerFiles::contentToRead(path);
+    auto settings = std::make_unique<SettingsObject>(name...);
+    if (content)
+        SettingsContent::replace(*settings, *content);
+    return settings;
+}
+
 void warnOnce(const QString &path, const QString &message)
 {
     // The last settings are written while the process ends, so the table is never destroyed.
@@ -68,11 +80,7 @@ std::unique_ptr<SettingsObject> SettingsFile::open(const QString &path)
     QByteArray readable;
     if (!secure(path, &readable))
         return openInMemoryFor(path, readable);
-    const auto content = FormerFiles::contentToRead(path);
-    auto settings = std::make_unique<SettingsObject>(path);
-    if (content)
-        SettingsContent::replace(*settings, *content);
-    return settings;
+    return openOnDisk(path, path);
 }
 
 std::unique_ptr<SettingsObject> SettingsFile::openSystemScope(const QString &organisation,
@@ -82,7 +90,7 @@ std::unique_ptr<SettingsObject> SettingsFile::openSystemScope(const QString &org
     QByteArray readable;
     if (!secure(path, &readable))
         return openInMemoryFor(path, readable);
-    return std::make_unique<SettingsObject>(organisation, application);
+    return openOnDisk(path, organisation, application);
 }
 
 std::unique_ptr<SettingsObject> SettingsFile::openInMemory()

@@ -88,6 +88,7 @@ private slots:
     void anArraySizeThatLiesIsHarmless();
 
     void withoutRoomSavingToTheLocalApplicationIsNoSuccess();
+    void whatCouldNotBeSavedIsNotWhatIsLoadedLater();
     void withoutRoomALoadIsTakenBackAtTheNextStart_data();
     void withoutRoomALoadIsTakenBackAtTheNextStart();
     void withoutRoomAnExportFailsAndLeavesNothing();
@@ -379,6 +380,24 @@ void TestSettingsBadFiles::withoutRoomSavingToTheLocalApplicationIsNoSuccess()
     bench.choose("local_menu", "save_action");
     QCOMPARE(m_boxes->seen().last().text, QStringLiteral("Saving succeeded."));
     QVERIFY(readFile(m_files.local()).contains("own=kept"));
+}
+
+void TestSettingsBadFiles::whatCouldNotBeSavedIsNotWhatIsLoadedLater()
+{
+    m_files.setLocal({{"site/own", "local"}});
+    const QByteArray local = readFile(m_files.local());
+    SettingsBench bench(m_workstation, kAllRights);
+    begin(bench);
+    m_boxes = std::make_unique<MessageBoxes>();
+    {
+        const FullDisk disk(kNoRoom);
+        bench.choose("local_menu", "save_action");
+    }
+    QCOMPARE(m_boxes->seen().value(0).text, QStringLiteral("Error: Not all settings were saved."));
+    bench.choose("local_menu", "load_action");
+    QCOMPARE(m_files.workingKeys(), QStringList{"site/own"});
+    QCOMPARE(stored("site/own").toString(), QStringLiteral("local"));
+    QCOMPARE(readFile(m_files.local()), local);
 }
 
 void TestSettingsBadFiles::withoutRoomALoadIsTakenBackAtTheNextStart_data()
