@@ -26,7 +26,7 @@ using PlainSettings::write;
 namespace {
 
 constexpr int kStandardFrame = 362;
-constexpr int kChoicesFrame = 410;
+constexpr int kChoicesFrame = 400;  // both fit side by side into the smallest window
 constexpr int kLabelColumn = 0;
 constexpr int kStateColumn = 1;
 constexpr int kRequiredColumn = 2;
