@@ -16,6 +16,14 @@ if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
     set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE_PROGRAM})
 endif()
 
+# Most of a test program's compiling is reading Qt's headers. Where no cache of compiled sources spares that, the
+# test programs read them once.
+if(CCACHE_PROGRAM OR CORVANE_FUZZ)
+    option(CORVANE_PRECOMPILE "Precompile Qt's headers for the tests" OFF)
+else()
+    option(CORVANE_PRECOMPILE "Precompile Qt's headers for the tests" ON)
+endif()
+
 add_library(corvane_options INTERFACE)
 target_include_directories(corvane_options INTERFACE ${CMAKE_SOURCE_DIR}/source)
 target_compile_options(corvane_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow)
@@ -55,6 +63,11 @@ function(corvane_test name)
     cmake_parse_arguments(TEST "GUILESS" "TIMEOUT" "SOURCES;LINK;LABELS" ${ARGN})
     add_executable(${name} ${name}.cpp ${TEST_SOURCES})
     target_link_libraries(${name} PRIVATE corvane_options corvane_testsupport Qt5::Test ${TEST_LINK})
+    if(CORVANE_PRECOMPILE)
+        # The precompiled headers know all of these modules, and so must each of their readers.
+        target_link_libraries(${name} PRIVATE Qt5::Sql)
+        target_precompile_headers(${name} REUSE_FROM corvane_testheaders)
+    endif()
     add_test(NAME ${name} COMMAND ${name})
     if(NOT TEST_TIMEOUT)
         set(TEST_TIMEOUT 180)
