@@ -41,6 +41,9 @@ AccesscontrolView::AccesscontrolView(SupportConnectionHandler *handler, QWidget 
     : BaseView(parent)
     , m_handler(handler)
 {
+    // A press beside the fields leaves the one that is being typed in. On Save, which is off until then, it
+    // enables the button before it reaches it.
+    setFocusPolicy(Qt::ClickFocus);
     connect(&m_domainHelper, SIGNAL(domainListUpdated(QStringList)), this,
             SLOT(domainListUpdated(QStringList)));
     // The list asked for at its construction may have come before anybody listened.

@@ -34,13 +34,26 @@ private slots:
     void hidingTheViewWithoutSavingLeavesTheChanges();
     void aTextThatIsStillBeingTypedIsAskedFor_data();
     void aTextThatIsStillBeingTypedIsAskedFor();
+    void aTextThatIsStillBeingTypedIsSavedByTheFirstClick_data();
+    void aTextThatIsStillBeingTypedIsSavedByTheFirstClick();
+    void aClickBesideTheFieldsLeavesTheText_data();
+    void aClickBesideTheFieldsLeavesTheText();
     void aMinimisedWindowAsksNothing_data();
     void aMinimisedWindowAsksNothing();
     void closingTheWindowAsks_data();
     void closingTheWindowAsks();
     void theNextGoodConnectionDropsUnsavedChanges_data();
     void theNextGoodConnectionDropsUnsavedChanges();
+
+private:
+    /// A click as the window system gives it to the window, whatever is at that place.
+    void clickInWindow(const QPoint &place, const QWidget *widget);
 };
+
+void TestAccesscontrolViewLeaving::clickInWindow(const QPoint &place, const QWidget *widget)
+{
+    QTest::mouseClick(m_stack->windowHandle(), Qt::LeftButton, {}, widget->mapTo(m_stack.get(), place));
+}
 
 void TestAccesscontrolViewLeaving::anotherViewAsksForUnsavedChanges_data()
 {
@@ -277,6 +290,54 @@ void TestAccesscontrolViewLeaving::aTextThatIsStillBeingTypedIsAskedFor()
     leaveView();
     QCOMPARE(boxTexts(boxes), QStringList{kLeavingQuestion});
     QCOMPARE(storedNames("organization"), (QStringList{text("East Clinic!"), text("West Clinic")}));
+}
+
+void TestAccesscontrolViewLeaving::aTextThatIsStillBeingTypedIsSavedByTheFirstClick_data()
+{
+    QTest::addColumn<Place>("place");
+    QTest::addColumn<int>("view");
+    QTest::addColumn<int>("column");
+    QTest::newRow("the name of an organisation") << Place::OfflineFile << int(Organisations) << 0;
+    QTest::newRow("the name of a department") << Place::OfflineFile << int(Departments) << 1;
+    QTest::newRow("the address of a department") << Place::OfflineFile << int(Departments) << 2;
+}
+
+// Save is off until the text is left, which the press on it does.
+void TestAccesscontrolViewLeaving::aTextThatIsStillBeingTypedIsSavedByTheFirstClick()
+{
+    QFETCH(const int, view);
+    QFETCH(const int, column);
+    QVERIFY(addPlacesOfWork());
+    showView();
+    chooseView(static_cast<ViewIndex>(view));
+    ColumnLineEdit *field = edit(1, column);
+    click(field);
+    QTest::keyClicks(field, text("!"));
+    QVERIFY(!canSave());
+    clickInWindow(saveButton()->rect().center(), saveButton());
+    QVERIFY(elsewhere(text("SELECT name FROM organization UNION SELECT name FROM department UNION SELECT "
+                           "address FROM department"))
+                .contains(field->text()));
+    QVERIFY(!canSave());
+    QVERIFY(!field->isUpdated());
+}
+
+void TestAccesscontrolViewLeaving::aClickBesideTheFieldsLeavesTheText_data()
+{
+    addOfflineFile();
+}
+
+void TestAccesscontrolViewLeaving::aClickBesideTheFieldsLeavesTheText()
+{
+    QVERIFY(addPlacesOfWork());
+    showView();
+    chooseView(Organisations);
+    click(edit(1, 0));
+    QTest::keyClicks(edit(1, 0), text("!"));
+    clickInWindow(QPoint(1, 1), m_view);
+    QVERIFY(!edit(1, 0)->hasFocus());
+    QVERIFY(canSave());
+    QCOMPARE(storedNames("organization"), (QStringList{text("East Clinic"), text("West Clinic")}));
 }
 
 void TestAccesscontrolViewLeaving::aMinimisedWindowAsksNothing_data()

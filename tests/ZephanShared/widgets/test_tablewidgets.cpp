@@ -9,6 +9,7 @@
 #include <QSignalSpy>
 #include <QTableWidget>
 #include <QTest>
+#include <QTimer>
 #include <QToolTip>
 
 namespace {
@@ -73,6 +74,8 @@ private slots:
     void deletionIsAsked();
     void deletionOfAnEditIsAsked_data();
     void deletionOfAnEditIsAsked();
+    void theQuestionIsAnsweredByTheKeyboard_data();
+    void theQuestionIsAnsweredByTheKeyboard();
     void aConfirmedDeletionStands();
     void theSlotsAreFoundByName();
     void anAmpersandInANameIsNoShortcut();
@@ -252,6 +255,27 @@ void TestTableWidgets::deletionOfAnEditIsAsked()
     ColumnLineEdit edit(text("Ward 4"), kId, nullptr);
     QVERIFY(QMetaObject::invokeMethod(&edit, "setDeleted"));
     QCOMPARE(boxes.seen().value(0).text, text("Are you sure?"));
+    QTEST(edit.deleted(), "deleted");
+}
+
+void TestTableWidgets::theQuestionIsAnsweredByTheKeyboard_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<bool>("deleted");
+
+    QTest::newRow("Enter is Ok") << int(Qt::Key_Return) << true;
+    QTest::newRow("Escape is No") << int(Qt::Key_Escape) << false;
+}
+
+void TestTableWidgets::theQuestionIsAnsweredByTheKeyboard()
+{
+    QFETCH(const int, key);
+    ColumnLineEdit edit(text("Ward 4"), kId, nullptr);
+    QTimer::singleShot(0, &edit, [key] {
+        QVERIFY(QTest::qWaitForWindowActive(QApplication::activeModalWidget()));
+        QTest::keyClick(QApplication::activeModalWidget(), static_cast<Qt::Key>(key));
+    });
+    edit.setDeleted();
     QTEST(edit.deleted(), "deleted");
 }
 
