@@ -248,5 +248,8 @@ void AccesscontrolView::moveInfoRowsUp(int deletedRow)
     else
         m_infoTable->setRowHidden(lastRow, true);
     updateButtonStates();
-    m_infoTable->focusCell(qMin(deletedRow, infoRows()), nameColumn());
+    if (infoRows() > 0)
+        m_infoTable->focusCell(qMin(deletedRow, infoRows()), nameColumn());
+    else
+        m_addButton->setFocus();
 }

@@ -4,6 +4,7 @@
 #include "Corvane/settings/formparts.h"
 
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -46,7 +47,7 @@ void AccessRoleEditDialog::buildButtons(QVBoxLayout *layout)
     m_saveButton->setDefault(true);
     m_cancelButton = makeButton("cancel_button", tr("Cancel"), SLOT(reject()));
     m_deleteButton = makeButton("delete_button", tr("Delete role"), SLOT(accept()));
-    m_deleteButton->setAutoDefault(false);  // the return key deletes nothing
+    m_deleteButton->setAutoDefault(false);
     m_deleteButton->hide();
     auto *row = new QHBoxLayout;
     row->addWidget(m_saveButton);
@@ -62,6 +63,17 @@ QPushButton *AccessRoleEditDialog::makeButton(const char *name, const QString &t
     button->setFixedHeight(FormParts::kButtonHeight);
     connect(button, SIGNAL(clicked()), this, slot);
     return button;
+}
+
+// Save stays the default button while the one that deletes has the focus. Return presses that one all the
+// same, unless the key is only still held down.
+void AccessRoleEditDialog::keyPressEvent(QKeyEvent *event)
+{
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!isReturn || !m_deleteButton->hasFocus())
+        QDialog::keyPressEvent(event);
+    else if (!event->isAutoRepeat())
+        m_deleteButton->click();
 }
 
 void AccessRoleEditDialog::setRole(const QSharedPointer<AccessRoleModelData> &role)

@@ -32,6 +32,9 @@ public:
 
     QSharedPointer<AccessRoleModelData> role() const;
 
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+
 private:
     void buildName(QVBoxLayout *layout);
     void buildButtons(QVBoxLayout *layout);

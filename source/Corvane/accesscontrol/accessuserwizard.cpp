@@ -7,6 +7,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
@@ -108,7 +109,7 @@ void AccessUserWizard::buildButtons()
     m_saveButton = makeButton("save_button", tr("Save"));
     m_saveButton->setDefault(true);
     m_removeButton = makeButton("remove_button", tr("Remove user"));
-    m_removeButton->setAutoDefault(false);  // the return key removes nothing
+    m_removeButton->setAutoDefault(false);
     auto *row = new QHBoxLayout;
     row->addWidget(m_saveButton);
     row->addWidget(m_removeButton);
@@ -129,6 +130,17 @@ void AccessUserWizard::offerRemoval(AccessUser *target)
 {
     m_removeButton->show();
     connect(m_removeButton, SIGNAL(clicked()), target, SLOT(setDeleted()));
+}
+
+// Save stays the default button wherever the focus is. Return on the button that removes presses that one all
+// the same, unless the key is only still held down.
+void AccessUserWizard::keyPressEvent(QKeyEvent *event)
+{
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!isReturn || !m_removeButton->hasFocus())
+        QDialog::keyPressEvent(event);
+    else if (!event->isAutoRepeat())
+        m_removeButton->click();
 }
 
 bool AccessUserWizard::runFlow(const OperatorModel &oper)

@@ -65,6 +65,8 @@ public:
     /// The name that was typed or else chosen, in capitals; empty when there is none.
     QString chosenAccountName() const;
 
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 signals:
     void setPasswordHash(QString passwordHash);
     void setSalt(QString salt);
@@ -84,6 +86,9 @@ public slots:
     void setOrganization(MappedStrings organization);
     void setDepartment(MappedStrings department);
     void userEdited();
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
 
 private:
     enum Field {
@@ -133,6 +138,7 @@ private:
     QString m_confirmHash = QStringLiteral("");
     QString m_salt = QStringLiteral("");
     QString m_plainPassword;
+    QString m_filler;  ///< stands in the fields of a password that is kept
     MappedStrings m_department;
     MappedStrings m_organization;
     bool m_isGroup = false;

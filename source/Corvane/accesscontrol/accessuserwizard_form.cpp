@@ -6,6 +6,7 @@
 
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -80,7 +81,7 @@ void AccessUserWizard::addCredentials(const OperatorModel &oper, bool managed)
 
     QString shown = kSystemPassword;
     if (managed)
-        shown = m_passwordHash.isEmpty() ? QString() : PasswordHelper::generateSalt(kFillerLength);
+        shown = m_filler = m_passwordHash.isEmpty() ? QString() : PasswordHelper::generateSalt(kFillerLength);
     else
         setSavable(true);
     m_password = addPasswordEdit(Password, "password_edit", shown, managed);
@@ -106,7 +107,24 @@ QLineEdit *AccessUserWizard::addPasswordEdit(int field, const char *name, const 
     edit->setEchoMode(managed ? QLineEdit::PasswordEchoOnEdit : QLineEdit::Password);
     edit->setText(shown);
     edit->setEnabled(managed);
+    edit->installEventFilter(this);
     return edit;
+}
+
+// A field with a password would be emptied by Escape, and by no other key that goes on to the dialog. What is
+// pasted replaces the filler whole, as what is typed does.
+bool AccessUserWizard::eventFilter(QObject *watched, QEvent *event)
+{
+    auto *edit = qobject_cast<QLineEdit *>(watched);
+    if (edit && event->type() == QEvent::KeyPress &&
+        static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape) {
+        event->ignore();
+        return true;
+    }
+    const bool entered = event->type() == QEvent::FocusIn || event->type() == QEvent::MouseButtonRelease;
+    if (edit && entered && !m_filler.isEmpty() && edit->text() == m_filler)
+        QMetaObject::invokeMethod(edit, &QLineEdit::selectAll, Qt::QueuedConnection);
+    return QDialog::eventFilter(watched, event);
 }
 
 void AccessUserWizard::addPlace(int field, const char *name, const Organizations &places,
@@ -164,6 +182,8 @@ void AccessUserWizard::passwordEdited(QString password)
 void AccessUserWizard::passwordConfirmEdited(QString password)
 {
     m_confirmHash = PasswordHelper::hashPassword(password, m_salt);
+    if (m_confirmHash == m_passwordHash)
+        m_plainPassword = password;  // the same text, also where the password itself was not typed again
     confirmPassword();
 }
 

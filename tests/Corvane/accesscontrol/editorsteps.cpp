@@ -3,6 +3,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
+#include <QKeyEvent>
 #include <QMessageBox>
 #include <QTest>
 
@@ -81,6 +82,21 @@ EditorSteps::Step pressKey(Qt::Key key)
     return [key](QDialog &dialog) {
         QWidget *target = dialog.focusWidget();
         QTest::keyClick(target ? target : &dialog, key);
+    };
+}
+
+EditorSteps::Step giveFocus(const QString &widget)
+{
+    return [widget](QDialog &dialog) {
+        shown<QWidget>(dialog, qPrintable(widget))->setFocus(Qt::TabFocusReason);
+    };
+}
+
+EditorSteps::Step holdReturn()
+{
+    return [](QDialog &dialog) {
+        QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"), true);
+        QApplication::sendEvent(dialog.focusWidget(), &repeated);
     };
 }
 

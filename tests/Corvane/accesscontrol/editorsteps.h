@@ -51,6 +51,9 @@ bool isShown(QDialog &dialog, const char *name);
 EditorSteps::Step typeInto(const char *name, const QString &text);
 EditorSteps::Step press(const char *button);
 EditorSteps::Step pressKey(Qt::Key key);
+EditorSteps::Step giveFocus(const QString &widget);
+/// A return key that repeats itself, as it does while it is held down.
+EditorSteps::Step holdReturn();
 
 /// The names of the widgets that the tabulator key reaches from the one that has the focus, once around.
 QStringList tabOrder(QDialog &dialog);

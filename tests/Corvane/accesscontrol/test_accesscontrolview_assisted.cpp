@@ -30,6 +30,8 @@ private slots:
     void afterADeletionTheKeyboardGoesOnFromTheNextUser();
     void afterADeletionTheKeyboardGoesOnFromTheNextRole_data();
     void afterADeletionTheKeyboardGoesOnFromTheNextRole();
+    void afterTheLastDeletionTheKeyboardIsAtTheAddButton_data();
+    void afterTheLastDeletionTheKeyboardIsAtTheAddButton();
 };
 
 void TestAccesscontrolViewAssisted::aRoleThatIsToggledForAUserCanBeSaved_data()
@@ -113,6 +115,34 @@ void TestAccesscontrolViewAssisted::afterADeletionTheKeyboardGoesOnFromTheNextRo
     QVERIFY(steps.areDone());
     QVERIFY(!shownRoles().contains(deleted));
     QCOMPARE(m_stack->focusWidget(), role(next));
+}
+
+void TestAccesscontrolViewAssisted::afterTheLastDeletionTheKeyboardIsAtTheAddButton_data()
+{
+    QTest::addColumn<Place>("place");
+    QTest::addColumn<ViewIndex>("view");
+    QTest::addColumn<int>("more");
+    QTest::newRow("organisations alone") << Place::OfflineFile << Organisations << 0;
+    QTest::newRow("organisations before departments") << Place::OfflineFile << Organisations << 1;
+    QTest::newRow("departments alone") << Place::OfflineFile << Departments << 0;
+}
+
+void TestAccesscontrolViewAssisted::afterTheLastDeletionTheKeyboardIsAtTheAddButton()
+{
+    QFETCH(const ViewIndex, view);
+    QFETCH(const int, more);
+    const bool organizations = view == Organisations;
+    QVERIFY(!organizations || addOrganization(1, text("East Clinic")));
+    QVERIFY((organizations && more == 0) || addDepartment(1, text("Surgery"), text("Building 1")));
+    showView();
+    chooseView(view);
+    table("info_table")->focusCell(1, 3);
+    QCOMPARE(m_stack->focusWidget(), deleteButton(1));
+    const MessageBoxes boxes({text("Ok")});
+    QTest::keyClick(m_stack->focusWidget(), Qt::Key_Return);
+    QCOMPARE(boxes.seen().size(), 1);
+    QCOMPARE(shownRows(), QStringList());
+    QCOMPARE(m_stack->focusWidget(), addButton());
 }
 
 QTEST_MAIN(TestAccesscontrolViewAssisted)

@@ -1,6 +1,9 @@
 #include "CommunicationAndData/access/passwordhelper.h"
 #include "Corvane/accesscontrol/userfixture.h"
+#include "support/messageboxes.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -67,7 +70,12 @@ private slots:
     void anExistingPasswordShowsAFillerThatIsNoneOfIt();
     void typingReplacesTheFillerWhole();
     void aNewPasswordOfAnExistingUserReplacesTheOldOne();
+    void thePresentPasswordInOneFieldAgreesWithTheStoredOne_data();
     void thePresentPasswordInOneFieldAgreesWithTheStoredOne();
+    void aPastedPasswordReplacesTheFillerWhole();
+    void theReturnKeyInAPasswordFieldSavesAndKeepsThePassword_data();
+    void theReturnKeyInAPasswordFieldSavesAndKeepsThePassword();
+    void theEscapeKeyInAPasswordFieldKeepsThePassword();
     void aUserWithoutAPasswordNeedsOne();
     void aPasswordOfAnyKindIsTaken_data();
     void aPasswordOfAnyKindIsTaken();
@@ -239,14 +247,82 @@ void TestAccessPassword::aNewPasswordOfAnExistingUserReplacesTheOldOne()
     QVERIFY(!PasswordHelper::isPassword(text("secret"), oper->salt(), oper->passwordHash()));
 }
 
+void TestAccessPassword::thePresentPasswordInOneFieldAgreesWithTheStoredOne_data()
+{
+    QTest::addColumn<QString>("field");
+
+    QTest::newRow("in that of the password") << text(kPassword);
+    QTest::newRow("in that of the confirmation") << text(kConfirm);
+}
+
 void TestAccessPassword::thePresentPasswordInOneFieldAgreesWithTheStoredOne()
 {
+    QFETCH(QString, field);
     const OperatorModel oper = storedOperator(1, text("ada"));
     const QString oldSalt = oper->salt();
     AccessUser button(oper, nullptr);
-    QCOMPARE(edit(button, {typeInto(kPassword, text("secret")), press("save_button")}),
+    QCOMPARE(edit(button, {typeInto(field == text(kConfirm) ? kConfirm : kPassword, text("secret")),
+                           press("save_button")}),
              int(QDialog::Accepted));
     QVERIFY(oper->salt() != oldSalt);
+    QVERIFY(PasswordHelper::isPassword(text("secret"), oper->salt(), oper->passwordHash()));
+}
+
+void TestAccessPassword::aPastedPasswordReplacesTheFillerWhole()
+{
+    QApplication::clipboard()->setText(text("pasted"));
+    const auto clickInto = [](const char *name) {
+        return [name](QDialog &dialog) {
+            auto *field = shown<QLineEdit>(dialog, name);
+            QTest::mouseClick(field, Qt::LeftButton, {}, QPoint(field->width() - 5, field->height() / 2));
+        };
+    };
+    const auto paste = [](QDialog &dialog) {
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_V, Qt::ControlModifier);
+    };
+    const OperatorModel oper = storedOperator(1, text("ada"));
+    AccessUser button(oper, nullptr);
+    QCOMPARE(edit(button, {clickInto(kPassword), clickInto(kPassword), paste, clickInto(kConfirm), paste,
+                           press("save_button")}),
+             int(QDialog::Accepted));
+    QVERIFY(PasswordHelper::isPassword(text("pasted"), oper->salt(), oper->passwordHash()));
+}
+
+void TestAccessPassword::theReturnKeyInAPasswordFieldSavesAndKeepsThePassword_data()
+{
+    QTest::addColumn<QString>("field");
+    QTest::addColumn<int>("key");
+
+    QTest::newRow("Return in that of the password") << text(kPassword) << int(Qt::Key_Return);
+    QTest::newRow("Enter in that of the password") << text(kPassword) << int(Qt::Key_Enter);
+    QTest::newRow("Return in that of the confirmation") << text(kConfirm) << int(Qt::Key_Return);
+}
+
+void TestAccessPassword::theReturnKeyInAPasswordFieldSavesAndKeepsThePassword()
+{
+    QFETCH(QString, field);
+    QFETCH(int, key);
+    const OperatorModel oper = storedOperator(1, text("ada"));
+    const QStringList before = valuesOf(oper);
+    AccessUser button(oper, nullptr);
+    QCOMPARE(edit(button, {giveFocus(field), pressKey(Qt::Key(key))}), int(QDialog::Accepted));
+    QCOMPARE(valuesOf(oper), before);
+}
+
+void TestAccessPassword::theEscapeKeyInAPasswordFieldKeepsThePassword()
+{
+    const MessageBoxes boxes({text("Cancel")});
+    const OperatorModel oper = storedOperator(1, text("ada"));
+    AccessUser button(oper, nullptr);
+    QCOMPARE(edit(button, {typeInto("last_name_edit", text("Byron")), giveFocus(text(kPassword)),
+                           pressKey(Qt::Key_Escape),
+                           [](QDialog &dialog) {
+                               QVERIFY(isSavable(dialog));
+                               dialog.done(QDialog::Accepted);
+                           }}),
+             int(QDialog::Accepted));
+    QCOMPARE(boxes.seen().size(), 1);
+    QCOMPARE(oper->lastName(), text("Byron"));
     QVERIFY(PasswordHelper::isPassword(text("secret"), oper->salt(), oper->passwordHash()));
 }
 

@@ -47,6 +47,9 @@ private slots:
     void theNameInTheRoleChangesWithEachKey();
     void aCancelLeavesTheTypedNameInTheRole();
     void theReturnKeySavesFromTheName();
+    void theReturnKeyPressesTheButtonThatHasTheFocus_data();
+    void theReturnKeyPressesTheButtonThatHasTheFocus();
+    void aReturnKeyThatIsHeldDownDeletesNothing();
     void aRoleInUseCannotBeDeleted();
     void aDeletionIsConfirmed_data();
     void aDeletionIsConfirmed();
@@ -153,6 +156,39 @@ void TestAccessRoleEditor::theReturnKeySavesFromTheName()
                    typeInto(kName, text("Doctor")), pressKey(Qt::Key_Return)}),
              int(QDialog::Accepted));
     QCOMPARE(role->roleName(), text("Doctor"));
+    QVERIFY(!button.deleted());
+}
+
+void TestAccessRoleEditor::theReturnKeyPressesTheButtonThatHasTheFocus_data()
+{
+    QTest::addColumn<QString>("focused");
+    QTest::addColumn<int>("result");
+    QTest::addColumn<bool>("deleted");
+
+    QTest::newRow("Save saves") << text("save_button") << int(QDialog::Accepted) << false;
+    QTest::newRow("Cancel cancels") << text("cancel_button") << int(QDialog::Rejected) << false;
+    QTest::newRow("Delete role asks and deletes") << text("delete_button") << int(QDialog::Accepted) << true;
+}
+
+void TestAccessRoleEditor::theReturnKeyPressesTheButtonThatHasTheFocus()
+{
+    QFETCH(QString, focused);
+    QFETCH(int, result);
+    QFETCH(bool, deleted);
+    const MessageBoxes boxes({text("Ok")});
+    AccessRole button(nurse(), nullptr);
+    QCOMPARE(edit(button, false, {giveFocus(focused), pressKey(Qt::Key_Return)}), result);
+    QCOMPARE(boxes.seen().size(), deleted ? 1 : 0);
+    QCOMPARE(button.deleted(), deleted);
+}
+
+void TestAccessRoleEditor::aReturnKeyThatIsHeldDownDeletesNothing()
+{
+    const MessageBoxes boxes({text("Ok")});
+    AccessRole button(nurse(), nullptr);
+    QCOMPARE(edit(button, false, {giveFocus(text("delete_button")), holdReturn(), pressKey(Qt::Key_Escape)}),
+             int(QDialog::Rejected));
+    QVERIFY(boxes.seen().isEmpty());
     QVERIFY(!button.deleted());
 }
 
