@@ -129,6 +129,7 @@ QVBoxLayout *SupportConnectionHandler::createConnectionRow()
     auto *button = new QPushButton;
     button->setObjectName(QStringLiteral("connection_options_button"));
     button->setFixedSize(kRowWidth, kRowHeight);
+    button->setAutoDefault(true);  // clicked by Enter as well
     connect(button, SIGNAL(clicked()), this, SLOT(connectionOptions()));
     auto *label = new QLabel;
     label->setObjectName(QStringLiteral("connection_state_label"));

@@ -154,6 +154,8 @@ QWidget *LoginView::createSignInPage()
     m_goBackButton = new QPushButton(tr("Go back"), this);
     m_goBackButton->setObjectName(QStringLiteral("go_back_button"));
     connect(m_goBackButton, SIGNAL(clicked()), this, SLOT(toIntroduction()));
+    for (QPushButton *button : {m_signInButton, m_goBackButton})
+        button->setAutoDefault(true);  // clicked by Enter as well
 
     auto *layout = new QVBoxLayout(page);
     layout->addWidget(m_usernameEdit);

@@ -37,9 +37,10 @@ signals:
     void loggedIn(AccessControl *accessControl);
 
 public slots:
-    /// Acts on the choice that was made in one of the two boxes, and empties both.
+    /// Acts on the choice that was made in one of the two boxes, and empties both. While a sign-in is under
+    /// way a choice counts for nothing.
     void switchLogin();
-    /// Checks the typed account of another administrator.
+    /// Checks the typed account of another administrator, unless a sign-in is under way or done.
     void logInAdmin();
     /// Signs in by the present mode, unless a sign-in is under way or done.
     void logInUser();
@@ -61,6 +62,7 @@ private:
     void showStatus(const QString &text);
 
     // Signing in
+    void actOnChoice();
     void logInCurrentAdmin();
     void logInAuthenticatedUser();
     void showSignInPage();

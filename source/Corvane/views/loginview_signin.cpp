@@ -71,24 +71,17 @@ Account splitAccount(const QString &text)
 
 void LoginView::switchLogin()
 {
-    m_loginMode = WindowsAdministrator;
-    m_statusLabel->clear();
-    switch (m_windowsAdministratorCombo->currentIndex()) {
-    case kCurrentUserEntry:
-        logInCurrentAdmin();
-        break;
-    case kOtherUserEntry:
-        showSignInPage();
-        break;
-    default:
-        logInAuthenticatedUser();
-    }
+    // What was chosen while a sign-in is under way would end up in its outcome.
+    if (!m_accessControl)
+        actOnChoice();
     m_windowsAdministratorCombo->setCurrentIndex(kNoChoice);
     m_authenticatedUserCombo->setCurrentIndex(kNoChoice);
 }
 
 void LoginView::logInAdmin()
 {
+    if (m_accessControl)
+        return;
     const QString typed = m_usernameEdit->text();
     if (typed.isEmpty()) {
         showStatus(tr("Username needed."));
@@ -152,6 +145,22 @@ void LoginView::accessControlLoginResult(ZephanError errorCode, QVariant errorDa
         tryWindowsUser();
     else
         reportFailure(errorData);
+}
+
+void LoginView::actOnChoice()
+{
+    m_loginMode = WindowsAdministrator;
+    m_statusLabel->clear();
+    switch (m_windowsAdministratorCombo->currentIndex()) {
+    case kCurrentUserEntry:
+        logInCurrentAdmin();
+        break;
+    case kOtherUserEntry:
+        showSignInPage();
+        break;
+    default:
+        logInAuthenticatedUser();
+    }
 }
 
 void LoginView::logInCurrentAdmin()

@@ -32,6 +32,7 @@ private slots:
     void theWaitCursorIsGoneWhenAFailureIsShown();
     void theDialogHasItsButtonsAndTheFocusInTheEditor();
     void theDialogIsEmptyAgainAfterwards();
+    void returnOnTheButtonOfARowOpensTheDialog();
 };
 
 void TestConnectionOptions::cancellingTheOptionsStillEmitsReconnected()
@@ -309,6 +310,16 @@ void TestConnectionOptions::theDialogIsEmptyAgainAfterwards()
         QVERIFY(m_handler->findChildren<QPushButton *>().isEmpty());
         QCOMPARE(m_handler->layout()->count(), 0);
     }
+}
+
+void TestConnectionOptions::returnOnTheButtonOfARowOpensTheDialog()
+{
+    makeHandler();
+    QWidget view;
+    view.setLayout(m_handler->createConnectionRow());
+    DialogSteps steps({pressCancel});
+    QTest::keyClick(view.findChild<QPushButton *>(text("connection_options_button")), Qt::Key_Return);
+    QVERIFY(steps.areDone());
 }
 
 QTEST_MAIN(TestConnectionOptions)
