@@ -4,9 +4,9 @@
 #include "CommunicationAndData/settings/settingshandler.h"
 #include "CommunicationAndData/settings/settingskeys.h"
 #include "Corvane/accesscontrol/accesscontroloffline.h"
+#include "ZephanShared/widgets/fittedtext.h"
 #include "ZephanShared/widgets/waitcursor.h"
 
-#include <QApplication>
 #include <QEvent>
 #include <QLabel>
 #include <QPushButton>
@@ -26,7 +26,6 @@ constexpr int kDialogWidth = 400;
 constexpr int kFormSpacing = 12;  // between the editor and the buttons
 constexpr int kRowHeight = 30;
 constexpr int kRowWidth = 250;
-constexpr int kSmallestLetters = 9;
 
 const QStringList &accessTables()
 {
@@ -46,21 +45,6 @@ bool isReadable(const QSqlDatabase &database, const QString &table)
 {
     QSqlQuery query(database);
     return query.exec(QStringLiteral("SELECT 1 FROM %1 WHERE 1 = 0").arg(table));
-}
-
-/// Shows a text in a label of fixed size, in letters small enough for all of it. Some languages need two
-/// lines.
-void showState(QLabel &label, const QString &text)
-{
-    QFont font = QApplication::font(&label);
-    const QRect room(0, 0, label.width(), label.height());
-    const auto fits = [&] {
-        return room.contains(QFontMetrics(font).boundingRect(room, Qt::TextWordWrap, text));
-    };
-    for (int size = QFontInfo(font).pixelSize(); size > kSmallestLetters && !fits(); --size)
-        font.setPixelSize(size - 1);
-    label.setFont(font);
-    label.setText(text);
 }
 
 }  // namespace
@@ -333,7 +317,7 @@ void SupportConnectionHandler::updateConnectionState()
         if (row.first)
             row.first->setText(tr("Connection options"));
         if (row.second)
-            showState(*row.second, state);
+            showFitted(*row.second, state);
     }
 }
 

@@ -5,6 +5,7 @@
 #include "Corvane/views/productlabel.h"
 #include "ZephanShared/toolkit/logger.h"
 #include "ZephanShared/widgets/clickablelineedit.h"
+#include "ZephanShared/widgets/fittedtext.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -59,6 +60,7 @@ LoginView::LoginView(SupportConnectionHandler *handler, QTranslator *translator,
     m_selectionPage = createSelectionPage();
     m_pages->addWidget(m_selectionPage);
     m_statusLabel = createLabel(QStringLiteral("status_label"), Qt::AlignLeft | Qt::AlignVCenter);
+    m_statusLabel->setWordWrap(true);
     setSelectionTexts();
 
     m_layout->addStretch(kStretch);
@@ -211,6 +213,6 @@ void LoginView::setSelectionTexts()
 /// Sets the status and paints it at once, since what follows may block.
 void LoginView::showStatus(const QString &text)
 {
-    m_statusLabel->setText(text);
+    showFitted(*m_statusLabel, text);
     m_statusLabel->repaint();
 }

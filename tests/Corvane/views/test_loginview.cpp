@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTranslator>
 #include <QVBoxLayout>
 #include <QWheelEvent>
 
@@ -30,6 +31,20 @@ bool isAdministrator()
     return isCurrentUserAdmin(id, error);
 }
 
+/// A language that says everything at length.
+class LongTexts : public QTranslator
+{
+public:
+    bool isEmpty() const override
+    {
+        return false;
+    }
+    QString translate(const char *, const char *, const char * = nullptr, int = -1) const override
+    {
+        return QString::fromUtf8("Ein Benutzername ist für die Anmeldung erforderlich.");
+    }
+};
+
 }  // namespace
 
 /// What the sign-in view shows, how its pages are used, and administrators who sign in.
@@ -41,6 +56,7 @@ private slots:
     void selectionPageOffersTheWays();
     void spareHeightIsSharedAmongLabelsBoxesAndGaps();
     void textsFollowTheLanguage();
+    void theStatusFitsItsLabelInLongLanguages();
     void aTurnOfTheWheelChoosesNothing_data();
     void aTurnOfTheWheelChoosesNothing();
     void currentAdministratorGetsAllRights();
@@ -123,6 +139,20 @@ void TestLoginView::textsFollowTheLanguage()
     QCOMPARE(find<QLineEdit>("username_edit")->placeholderText(), QStringLiteral("Enter username"));
     QCOMPARE(find<QLineEdit>("password_edit")->placeholderText(), QStringLiteral("Enter password"));
     QCOMPARE(status(), QString());
+}
+
+void TestLoginView::theStatusFitsItsLabelInLongLanguages()
+{
+    choose(kAdministrator, kOtherUser);
+    LongTexts language;
+    QCoreApplication::installTranslator(&language);
+    clickSignIn();
+    const auto *label = find<QLabel>("status_label");
+    QCOMPARE(label->text(), language.translate(nullptr, nullptr));
+    QVERIFY(label->wordWrap());
+    const QRect room = label->rect();
+    QCOMPARE(room.size(), QSize(250, 30));
+    QVERIFY(room.contains(label->fontMetrics().boundingRect(room, Qt::TextWordWrap, label->text())));
 }
 
 void TestLoginView::aTurnOfTheWheelChoosesNothing_data()
