@@ -141,6 +141,7 @@ private:
     bool saveRights(AccessRole *role);
     void saveUsers();
     bool saveUserRoles(int row);
+    void giveFocusBack();
 
     // Users
     void loadInformation(Organizations &organizations, Departments &departments);

@@ -281,6 +281,7 @@ void AccesscontrolView::save()
 {
     if (!m_handler)
         return;
+    const bool buttonHadFocus = m_saveButton->hasFocus();
     if (m_currentView == UsersView)
         saveUsers();
     else if (m_currentView == RolesView)
@@ -288,6 +289,18 @@ void AccesscontrolView::save()
     else
         saveInformation();
     updateButtonStates();
+    if (buttonHadFocus)
+        giveFocusBack();
+}
+
+/// A button that is turned off hands the focus to whatever comes next. The work goes on in the table, or with
+/// another try.
+void AccesscontrolView::giveFocusBack()
+{
+    if (m_saveButton->isEnabled())
+        m_saveButton->setFocus();
+    else
+        tableOf(m_currentView)->setFocus();
 }
 
 void AccesscontrolView::saveRoles()

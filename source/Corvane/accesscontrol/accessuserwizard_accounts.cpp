@@ -152,6 +152,9 @@ QRadioButton *AccessUserWizard::makeAccountButton(const QString &account, QWidge
     auto *button = new QRadioButton(withoutShortcut(account), content);
     button->setProperty(kAccountProperty, account);
     connect(button, SIGNAL(pressed()), this, SLOT(userSelected()));
+    // A press that ends beside the button has chosen nothing.
+    connect(button, &QRadioButton::released, this,
+            [this] { m_saveButton->setEnabled(!chosenAccountName().isEmpty()); });
     // The keyboard and a screen reader choose without pressing.
     connect(button, &QRadioButton::toggled, this, [this, button](bool checked) {
         m_accountArea->ensureWidgetVisible(button);

@@ -26,6 +26,10 @@ private slots:
     void aRoleThatIsToggledForAUserCanBeSaved();
     void aRightThatIsToggledBringsItsDependentRights_data();
     void aRightThatIsToggledBringsItsDependentRights();
+    void afterASaveTheKeyboardIsBackInTheTable_data();
+    void afterASaveTheKeyboardIsBackInTheTable();
+    void afterARefusedSaveTheKeyboardStaysOnSave_data();
+    void afterARefusedSaveTheKeyboardStaysOnSave();
     void afterADeletionTheKeyboardGoesOnFromTheNextUser_data();
     void afterADeletionTheKeyboardGoesOnFromTheNextUser();
     void afterADeletionTheKeyboardGoesOnFromTheNextRole_data();
@@ -67,6 +71,53 @@ void TestAccesscontrolViewAssisted::aRightThatIsToggledBringsItsDependentRights(
     for (const char *right : {"Delete person", "Read study", "Create study", "Delete study"})
         QVERIFY2(!rightCheck(doctor, text(right))->isChecked(), right);
     QVERIFY(rightCheck(doctor, text("Create person"))->isChecked());
+}
+
+void TestAccesscontrolViewAssisted::afterASaveTheKeyboardIsBackInTheTable_data()
+{
+    addOfflineFile();
+}
+
+void TestAccesscontrolViewAssisted::afterASaveTheKeyboardIsBackInTheTable()
+{
+    const auto pressKey = [this](Qt::Key key) {
+        QTest::keyClick(m_stack->focusWidget(), key);
+    };
+    QVERIFY(addUsers());
+    QVERIFY(addPlacesOfWork());
+    showView();
+    table("user_table")->focusCell(userRow(text("bert")), roleColumn(text("Doctor")));
+    pressKey(Qt::Key_Space);
+    saveButton()->setFocus();
+    pressKey(Qt::Key_Return);
+    QCOMPARE(m_stack->focusWidget(), userCheck(text("bert"), text("Doctor")));
+
+    chooseView(Organisations);
+    type(2, 0, text("South Clinic"));
+    saveButton()->setFocus();
+    pressKey(Qt::Key_Space);
+    QVERIFY(!canSave());
+    QVERIFY(table("info_table")->isAncestorOf(m_stack->focusWidget()));
+}
+
+void TestAccesscontrolViewAssisted::afterARefusedSaveTheKeyboardStaysOnSave_data()
+{
+    addSqlite();
+}
+
+void TestAccesscontrolViewAssisted::afterARefusedSaveTheKeyboardStaysOnSave()
+{
+    QVERIFY(addPlacesOfWork());
+    showView();
+    chooseView(Organisations);
+    type(1, 0, text("South Clinic"));
+    QVERIFY(refuse(text("UPDATE"), text("organization"), text("1 = 1")));
+    const MessageBoxes boxes;
+    saveButton()->setFocus();
+    QTest::keyClick(m_stack->focusWidget(), Qt::Key_Return);
+    QCOMPARE(boxes.seen().size(), 1);
+    QVERIFY(canSave());
+    QCOMPARE(m_stack->focusWidget(), saveButton());
 }
 
 void TestAccesscontrolViewAssisted::afterADeletionTheKeyboardGoesOnFromTheNextUser_data()

@@ -26,6 +26,7 @@ private slots:
     void aDomainListsTheAccountsOfItsServer();
     void choosingAnAccountTurnsSaveOn_data();
     void choosingAnAccountTurnsSaveOn();
+    void anAccountThatThePointerLeavesIsNotChosen();
     void anotherDomainTakesTheChoiceAway();
     void goingBackToTypingTakesTheTypedNameAway();
     void givingUpGivesNoOperator_data();
@@ -209,6 +210,25 @@ void TestAccountPicker::choosingAnAccountTurnsSaveOn()
         pick(true, {chooseDomain(kLocal), [](QDialog &dialog) { QVERIFY(!isSavable(dialog)); }, choice,
                     [](QDialog &dialog) { QVERIFY(isSavable(dialog)); }, press("save_button")});
     QCOMPARE(group->username(), onThisComputer(chosen).toUpper());
+}
+
+void TestAccountPicker::anAccountThatThePointerLeavesIsNotChosen()
+{
+    const auto pressAndLeave = [](QDialog &dialog) {
+        QRadioButton *button = accounts(dialog).at(1);
+        QTest::mousePress(button, Qt::LeftButton);
+        QVERIFY(isSavable(dialog));
+        const QPoint beside(-20, -20);
+        QMouseEvent move(QEvent::MouseMove, beside, Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(button, &move);
+        QTest::mouseRelease(button, Qt::LeftButton, {}, beside);
+    };
+    const OperatorModel group =
+        pick(true, {chooseDomain(kLocal), pressAndLeave, [](QDialog &dialog) { QVERIFY(!isSavable(dialog)); },
+                    clickAccount(2), pressAndLeave, [](QDialog &dialog) { QVERIFY(isSavable(dialog)); },
+                    press("save_button")});
+    QVERIFY(group);
+    QCOMPARE(group->username(), onThisComputer(text("clerks")).toUpper());
 }
 
 void TestAccountPicker::anotherDomainTakesTheChoiceAway()
