@@ -71,6 +71,11 @@ void AccessUserWizard::addPlaces(const OperatorModel &oper, const Organizations 
     for (const UuidString &id : departments.uniqueKeys())
         names.insert(id, departments.values(id).constLast());
     addPlace(Department, "department_combo", names, oper->department(), SLOT(setDepartment(MappedStrings)));
+    // A list that could not be loaded offers nothing to choose, and takes nothing away either.
+    if (organizations.isEmpty())
+        m_organization = oper->organization();
+    if (names.isEmpty())
+        m_department = oper->department();
 }
 
 void AccessUserWizard::addCredentials(const OperatorModel &oper, bool managed)

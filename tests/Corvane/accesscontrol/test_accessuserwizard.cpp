@@ -40,6 +40,8 @@ private slots:
     void changedNamesArriveWhenSaved();
     void thePresentPlacesAreSelectedAndOthersCanBe();
     void aPlaceThatIsGoneShowsTheNullEntry();
+    void placesStayWhenTheirListsCouldNotBeLoaded_data();
+    void placesStayWhenTheirListsCouldNotBeLoaded();
     void cancellingWithoutAChangeClosesAtOnce_data();
     void cancellingWithoutAChangeClosesAtOnce();
     void aChangedFieldBringsTheQuestion_data();
@@ -224,6 +226,32 @@ void TestAccessUserWizard::aPlaceThatIsGoneShowsTheNullEntry()
              int(QDialog::Accepted));
     QVERIFY(oper->organization().key.isNull());
     QCOMPARE(oper->department().key.toString(), kOncology.toString());
+}
+
+void TestAccessUserWizard::placesStayWhenTheirListsCouldNotBeLoaded_data()
+{
+    QTest::addColumn<bool>("organizationsCame");
+    QTest::addColumn<bool>("departmentsCame");
+
+    QTest::newRow("neither of them") << false << false;
+    QTest::newRow("the departments") << true << false;
+    QTest::newRow("the organisations") << false << true;
+}
+
+void TestAccessUserWizard::placesStayWhenTheirListsCouldNotBeLoaded()
+{
+    QFETCH(bool, organizationsCame);
+    QFETCH(bool, departmentsCame);
+    const OperatorModel oper = storedOperator(1, text("ada"));
+    const QStringList before = valuesOf(oper);
+    QVERIFY(!oper->organization().key.isNull() && !oper->department().key.isNull());
+    AccessUser button(oper, nullptr);
+    const EditorSteps steps({press("save_button")});
+    QCOMPARE(button.editOperator(organizationsCame ? organizations() : AccessUserWizard::Organizations(),
+                                 departmentsCame ? departments() : AccessUserWizard::Departments(), true),
+             int(QDialog::Accepted));
+    QVERIFY(steps.areDone());
+    QCOMPARE(valuesOf(oper), before);
 }
 
 void TestAccessUserWizard::cancellingWithoutAChangeClosesAtOnce_data()
