@@ -8,6 +8,7 @@
 #include "ZephanShared/widgets/waitcursor.h"
 
 #include <QPushButton>
+#include <QScrollBar>
 
 namespace {
 
@@ -294,13 +295,18 @@ void AccesscontrolView::save()
 }
 
 /// A button that is turned off hands the focus to whatever comes next. The work goes on in the table, or with
-/// another try.
+/// another try; the table stays where it was scrolled to.
 void AccesscontrolView::giveFocusBack()
 {
-    if (m_saveButton->isEnabled())
+    if (m_saveButton->isEnabled()) {
         m_saveButton->setFocus();
-    else
-        tableOf(m_currentView)->setFocus();
+        return;
+    }
+    CellTable *table = tableOf(m_currentView);
+    const QPoint scrolled(table->horizontalScrollBar()->value(), table->verticalScrollBar()->value());
+    table->setFocus();
+    table->horizontalScrollBar()->setValue(scrolled.x());
+    table->verticalScrollBar()->setValue(scrolled.y());
 }
 
 void AccesscontrolView::saveRoles()

@@ -1,6 +1,7 @@
 #include "Corvane/accesscontrol/viewfixture.h"
 
 #include <QAccessible>
+#include <QScrollBar>
 
 namespace {
 
@@ -28,6 +29,8 @@ private slots:
     void aRightThatIsToggledBringsItsDependentRights();
     void afterASaveTheKeyboardIsBackInTheTable_data();
     void afterASaveTheKeyboardIsBackInTheTable();
+    void aSaveLeavesTheTableWhereItWasScrolledTo_data();
+    void aSaveLeavesTheTableWhereItWasScrolledTo();
     void afterARefusedSaveTheKeyboardStaysOnSave_data();
     void afterARefusedSaveTheKeyboardStaysOnSave();
     void afterADeletionTheKeyboardGoesOnFromTheNextUser_data();
@@ -98,6 +101,26 @@ void TestAccesscontrolViewAssisted::afterASaveTheKeyboardIsBackInTheTable()
     pressKey(Qt::Key_Space);
     QVERIFY(!canSave());
     QVERIFY(table("info_table")->isAncestorOf(m_stack->focusWidget()));
+}
+
+void TestAccesscontrolViewAssisted::aSaveLeavesTheTableWhereItWasScrolledTo_data()
+{
+    addOfflineFile();
+}
+
+void TestAccesscontrolViewAssisted::aSaveLeavesTheTableWhereItWasScrolledTo()
+{
+    for (int number = 1; number <= 60; ++number)
+        QVERIFY(addUser(idOf(number), text("user %1").arg(number), OperatorModelData::InternalUser));
+    showView();
+    clickUserCheck(text("user 1"), text("Doctor"));
+    QScrollBar *bar = table("user_table")->verticalScrollBar();
+    bar->setValue(bar->maximum());
+    const int scrolled = bar->value();
+    QVERIFY(scrolled > 0);
+    save();
+    QVERIFY(!canSave());
+    QCOMPARE(bar->value(), scrolled);
 }
 
 void TestAccesscontrolViewAssisted::afterARefusedSaveTheKeyboardStaysOnSave_data()
