@@ -138,7 +138,6 @@ void DatabaseGroupSettings::buildConnection()
     m_optionsLabel = addLabel("connection_parameters_label");
     m_optionEditors.layout = new QVBoxLayout;
     m_layout->addLayout(m_optionEditors.layout);
-    setFocusProxy(m_usernameEdit);
 }
 
 void DatabaseGroupSettings::buildOffline()
@@ -326,7 +325,6 @@ void DatabaseGroupSettings::onlineModeChanged(int index)
         control->hide();
     for (QWidget *control : online ? onlineControls() : offlineControls())
         control->show();
-    setFocusProxy(online ? m_usernameEdit : m_locationEdit);
     adjustParent();
 }
 
@@ -369,6 +367,13 @@ void DatabaseGroupSettings::offlineClicked()
     if (createNew)
         chosen += QLatin1Char('/') + QLatin1String(kOfflineFile);
     m_locationEdit->setText(nativePath(chosen));
+}
+
+// A focus proxy would do the same, but then the Tab key would pass over all that stands before it.
+void DatabaseGroupSettings::focusInEvent(QFocusEvent *event)
+{
+    QLineEdit *first = isOffline() ? m_locationEdit : m_usernameEdit;
+    first->setFocus(event->reason());
 }
 
 // The dialog around the editor would press its default button instead.

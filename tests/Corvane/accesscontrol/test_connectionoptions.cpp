@@ -31,6 +31,7 @@ private slots:
     void eachEndOnTheWayBetweenOnlineAndOfflineIsRecorded();
     void theWaitCursorIsGoneWhenAFailureIsShown();
     void theDialogHasItsButtonsAndTheFocusInTheEditor();
+    void theFocusIsInTheLocationOfAnOfflineFile();
     void theDialogIsEmptyAgainAfterwards();
     void returnOnTheButtonOfARowOpensTheDialog();
 };
@@ -283,15 +284,30 @@ void TestConnectionOptions::theDialogHasItsButtonsAndTheFocusInTheEditor()
                                 .arg(button->height())
                                 .arg(button->isDefault() ? text("default") : QString()));
             }
-            seen.append(dialog.findChild<DatabaseGroupSettings *>()->focusProxy() == dialog.focusWidget()
-                            ? text("in the editor")
-                            : text("elsewhere"));
+            QVERIFY(QTest::qWaitForWindowActive(&dialog));
+            seen.append(dialog.focusWidget()->objectName());
             QTest::keyClick(&dialog, Qt::Key_Return);
         }});
         m_handler->connectionOptions();
     }
-    QCOMPARE(seen, (QStringList{text("Connect 30 default"), text("Cancel 30 "), text("in the editor"),
-                                text("Reconnect 30 default"), text("Cancel 30 "), text("in the editor")}));
+    QCOMPARE(seen, (QStringList{text("Connect 30 default"), text("Cancel 30 "), text("username_edit"),
+                                text("Reconnect 30 default"), text("Cancel 30 "), text("username_edit")}));
+}
+
+void TestConnectionOptions::theFocusIsInTheLocationOfAnOfflineFile()
+{
+    makeHandler();
+    m_handler->setOfflineAllowed(true);
+    DialogSteps steps({chooseOffline(m_workstation.path(text("focus"))), pressConnect});
+    m_handler->connectionOptions();
+    QString focused;
+    DialogSteps again({[&](QDialog &dialog) {
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        focused = dialog.focusWidget()->objectName();
+        pressCancel(dialog);
+    }});
+    m_handler->connectionOptions();
+    QCOMPARE(focused, text("offline_location_edit"));
 }
 
 void TestConnectionOptions::theDialogIsEmptyAgainAfterwards()

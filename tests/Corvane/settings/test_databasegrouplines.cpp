@@ -16,6 +16,8 @@ private slots:
     void severalEmptyRowsGoByTheirFirstPlaces_data();
     void severalEmptyRowsGoByTheirFirstPlaces();
     void tabWalksThroughTheRowsAsTheyStand();
+    void tabReachesEveryPartOfTheEditor_data();
+    void tabReachesEveryPartOfTheEditor();
     void ctrlTabLeavesARowToTheTabsAroundThePage();
     void twoParametersOnOneLineComeBackAsTwoRows();
     void linesBecomeParameters_data();
@@ -127,6 +129,34 @@ void TestDatabaseGroupLines::tabWalksThroughTheRowsAsTheyStand()
     }
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
     QCOMPARE(QApplication::focusWidget()->objectName(), text("connection_parameter_2"));
+}
+
+void TestDatabaseGroupLines::tabReachesEveryPartOfTheEditor_data()
+{
+    QTest::addColumn<int>("database");
+    QTest::addColumn<bool>("onlineMode");
+    QTest::addColumn<QString>("first");
+
+    QTest::newRow("the choice of the mode") << int(Support) << true << text("online_mode_combo");
+    QTest::newRow("the selector") << int(AllDatabases) << false << text("database_selector");
+    QTest::newRow("the SQL type") << int(Persons) << false << text("sql_type_combo");
+}
+
+void TestDatabaseGroupLines::tabReachesEveryPartOfTheEditor()
+{
+    QFETCH(int, database);
+    QFETCH(bool, onlineMode);
+    QFETCH(QString, first);
+    show(database, kEditable, kActionDbEnabled, onlineMode, nullptr);
+    QWidget *start = find<QLineEdit>("username_edit");
+    start->setFocus();
+    QStringList way;
+    do {
+        QTest::keyClick(m_window->focusWidget(), Qt::Key_Tab);
+        way.append(m_window->focusWidget()->objectName());
+    } while (m_window->focusWidget() != start && way.size() < 20);
+    QVERIFY2(way.contains(first), qPrintable(way.join(QLatin1Char(' '))));
+    QCOMPARE(way.mid(way.size() - 2), (QStringList{text("sql_type_combo"), text("username_edit")}));
 }
 
 void TestDatabaseGroupLines::ctrlTabLeavesARowToTheTabsAroundThePage()
