@@ -162,12 +162,12 @@ private:
         constexpr int timeSize = 4;
         const bool old = m_version < QDataStream::Qt_5_0;
         const int dateSize = old ? 4 : 8;
-        quint8 spec = 0;
-        if (!skip(dateSize + timeSize) || !octet(spec))
+        quint8 timeSpec = 0;
+        if (!skip(dateSize + timeSize) || !octet(timeSpec))
             return false;
         if (old)
             return true;
-        return spec == Qt::OffsetFromUTC ? skip(4) : spec == Qt::LocalTime || spec == Qt::UTC;
+        return timeSpec == Qt::OffsetFromUTC ? skip(4) : timeSpec == Qt::LocalTime || timeSpec == Qt::UTC;
     }
 
     bool font()
