@@ -1818,7 +1818,7 @@ Jetzt speichern?</translation>
     </message>
     <message>
         <source>Username needed.</source>
-        <translation>Ein Benutzername ist erforderlich.</translation>
+        <translation>Benutzername erforderlich.</translation>
     </message>
     <message>
         <source>Password needed.</source>

@@ -111,6 +111,8 @@ int main(int argc, char *argv[])
     const QString lockFile = lockPath(dataDirectory);
 
     prepareHighResolution();
+    // There is no help that a "?" in the title of a dialog could ask for.
+    QCoreApplication::setAttribute(Qt::AA_DisableWindowContextHelpButton);
     QApplication application(argc, argv);
     QLockFile lock(lockFile);
     if (!isOnlyCopy(lock))
