@@ -9,6 +9,7 @@
 namespace {
 
 constexpr int kPoll = 20;              // milliseconds
+constexpr qint64 kMostShown = 20000;   // bytes of what a program has written
 constexpr int kAnswerPatience = 5000;  // milliseconds; a program that waits for something else answers late
 
 QJsonObject request(const QString &what, const QString &name = QString())
@@ -132,7 +133,11 @@ int RunningProgram::exitCode()
 {
     if (isRunning() && !m_process.waitForFinished(Patience))
         return -1;
-    return m_process.exitStatus() == QProcess::NormalExit ? m_process.exitCode() : -1;
+    const int code = m_process.exitStatus() == QProcess::NormalExit ? m_process.exitCode() : -1;
+    // What a sanitizer has to say, beside the test's own failure.
+    if (const QByteArray said = m_process.peek(kMostShown); code != 0 && !said.isEmpty())
+        qWarning("The program ended with %d: %s", code, said.constData());
+    return code;
 }
 
 QByteArray RunningProgram::output()

@@ -6,6 +6,7 @@
 #include <QTimer>
 
 #include <atomic>
+#include <openssl/crypto.h>
 #include <utility>
 
 namespace {
@@ -80,6 +81,9 @@ void OnlineThread::start()
     m_crew->worker = new OnlineWorker(connectionName(m_crews));
     m_crew->worker->moveToThread(m_crew->thread);
     connect(m_crew->thread, &QThread::finished, m_crew->worker, &QObject::deleteLater);
+    // What the library of ciphers keeps for the thread goes with its connection and not at the thread's very
+    // end, where a process that ends frees it as well.
+    connect(m_crew->worker, &QObject::destroyed, [] { OPENSSL_thread_stop(); });
     m_crew->thread->setObjectName(QLatin1String(kConnectionName));
     m_crew->thread->start();
 }

@@ -11,6 +11,7 @@
 #include <QSqlRecord>
 #include <algorithm>
 #include <cmath>
+#include <openssl/crypto.h>
 #include <sqlite3.h>
 
 namespace {
@@ -220,6 +221,9 @@ void SqlCipherDriver::close()
     m_connection = nullptr;
     setOpen(false);
     setOpenError(false);
+    // What the library of ciphers keeps for this thread would otherwise be freed when the thread has told
+    // that it is done, and a process that ends at that moment frees it as well.
+    OPENSSL_thread_stop();
 }
 
 QSqlResult *SqlCipherDriver::createResult() const
