@@ -79,7 +79,7 @@ bool isCurrentUserAdmin(UuidString &id, QString &error);
 /// Elsewhere than on Windows a process without root's rights can have a local account's password checked only
 /// where the account is its own.
 ///
-/// \param user    name without the domain
+/// \param user    name without the domain, or "name@domain" beside an empty domain
 /// \param domain  empty for an account of this computer
 /// \param error   "Login failure", else those of `isCurrentUserAdmin`
 bool logonAdmin(const QString &user, const QString &domain, const QString &password, UuidString &id,

@@ -81,6 +81,19 @@ const wchar_t *serverArgument(const QString &server)
     return server.isEmpty() ? nullptr : wide(server);
 }
 
+/// Whether a text ends where Windows sees its end: what follows a zero would be accepted unseen.
+bool isWhole(const QString &text)
+{
+    return !text.contains(QChar(QChar::Null));
+}
+
+/// The form in which a log-on takes a domain: none where the user's name is a principal's, "name@domain", and
+/// so holds the domain itself.
+const wchar_t *domainArgument(const QString &domain, const QString &user)
+{
+    return domain.isEmpty() && user.contains(QLatin1Char('@')) ? nullptr : wide(domain);
+}
+
 bool openProcessToken(Token &token)
 {
     return OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, token.receive());
@@ -347,10 +360,11 @@ QStringList getSystemGroups(const QString &server)
     QString prefix;
     if (!listPrefix(server, prefix))
         return {};
-    return listGroups(server, prefix, NetLocalGroupEnum, &LOCALGROUP_INFO_0::lgrpi0_name,
-                      QStringLiteral("NetLocalGroupEnum: %1 ")) +
-           listGroups(server, prefix, NetGroupEnum, &GROUP_INFO_0::grpi0_name,
-                      QStringLiteral("NetGroupEnum: %1"));
+    QStringList names = listGroups(server, prefix, NetLocalGroupEnum, &LOCALGROUP_INFO_0::lgrpi0_name,
+                                   QStringLiteral("NetLocalGroupEnum: %1 "));
+    names += listGroups(server, prefix, NetGroupEnum, &GROUP_INFO_0::grpi0_name,
+                        QStringLiteral("NetGroupEnum: %1"));
+    return names;
 }
 
 QStringList getSystemUsers(const QString &server)
@@ -395,8 +409,10 @@ bool logonAdmin(const QString &user, const QString &domain, const QString &passw
                 QString &error)
 {
     const auto function = QLatin1String("logonAdmin");
+    if (!isWhole(user) || !isWhole(domain) || !isWhole(password))
+        return fail(function, kLoginFailure, error);
     Token token;
-    if (!LogonUserW(wide(user), wide(domain), wide(password), LOGON32_LOGON_INTERACTIVE,
+    if (!LogonUserW(wide(user), domainArgument(domain, user), wide(password), LOGON32_LOGON_INTERACTIVE,
                     LOGON32_PROVIDER_DEFAULT, token.receive()))
         return fail(function, kLoginFailure, error);
     return isAdminToken(token.get(), id, error, function);
