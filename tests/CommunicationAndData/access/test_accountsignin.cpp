@@ -7,6 +7,7 @@
 #include <QSysInfo>
 #include <QTest>
 
+#include <pwd.h>
 #include <sched.h>
 #include <sys/mount.h>
 
@@ -58,8 +59,12 @@ void TestAccountSignIn::initTestCase()
 
 void TestAccountSignIn::cleanupTestCase()
 {
-    for (QScopedPointer<TestAccount> *account : {&m_administrator, &m_clerk, &m_locked, &m_expired, &m_open})
+    for (QScopedPointer<TestAccount> *account :
+         {&m_administrator, &m_clerk, &m_locked, &m_expired, &m_open}) {
+        const QString name = *account ? (*account)->name() : QString();
         account->reset();
+        QVERIFY2(name.isEmpty() || !getpwnam(name.toLocal8Bit().constData()), qPrintable(name));
+    }
 }
 
 /// The names and passwords of the accounts, which are known only once the accounts are made.

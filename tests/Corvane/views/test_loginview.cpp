@@ -292,6 +292,7 @@ void TestLoginView::otherAdministratorWithAWrongPasswordFailsWithoutAnAuditEvent
     QCOMPARE(status(), kFailed);
     QCOMPARE(page(), QStringLiteral("sign_in_page"));
     QCOMPARE(find<QLineEdit>("username_edit")->text(), QStringLiteral("root"));
+    QCOMPARE(find<QLineEdit>("password_edit")->text(), QStringLiteral("certainly not the password"));
     QCOMPARE(m_loggedIn->size() + m_actions->size() + m_errors->size(), 0);
     QVERIFY(!QGuiApplication::overrideCursor());
     QVERIFY(!readFile(m_workstation->runtimeLog()).contains("certainly not"));
