@@ -6,6 +6,9 @@
 #include <QSqlResult>
 #include <QVariant>
 
+// The calls by their own names: with UNICODE defined the headers would put those of wide characters in their
+// place.
+#define SQL_NOUNICODEMAP
 #ifdef Q_OS_WIN
 #include <windows.h>
 #endif
