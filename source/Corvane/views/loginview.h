@@ -40,7 +40,8 @@ public slots:
     /// Acts on the choice that was made in one of the two boxes, and empties both. While a sign-in is under
     /// way a choice counts for nothing.
     void switchLogin();
-    /// Checks the typed account of another administrator, unless a sign-in is under way or done.
+    /// Checks the typed account of another administrator, unless a sign-in is under way or done. Nothing can
+    /// have been typed before the sign-in page was shown.
     void logInAdmin();
     /// Signs in by the present mode, unless a sign-in is under way or done.
     void logInUser();

@@ -80,7 +80,7 @@ void LoginView::switchLogin()
 
 void LoginView::logInAdmin()
 {
-    if (m_accessControl)
+    if (m_accessControl || !m_signInPage)
         return;
     const QString typed = m_usernameEdit->text();
     if (typed.isEmpty()) {

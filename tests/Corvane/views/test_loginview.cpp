@@ -63,6 +63,7 @@ private slots:
     void currentUserWithoutAdministratorRightsFails();
     void emptyFieldsOfTheAdministratorAreToldWithoutAskingForALogon_data();
     void emptyFieldsOfTheAdministratorAreToldWithoutAskingForALogon();
+    void anAdministratorWhoTypedNothingYetIsNotSignedIn();
     void otherAdministratorSignsIn_data();
     void otherAdministratorSignsIn();
     void otherAdministratorWithAWrongPasswordFailsWithoutAnAuditEvent();
@@ -241,6 +242,14 @@ void TestLoginView::emptyFieldsOfTheAdministratorAreToldWithoutAskingForALogon()
     clickSignIn();
     QCOMPARE(status(), told);
     QCOMPARE(readFile(m_workstation->runtimeLog()).count("Login failure"), failures);
+    QCOMPARE(m_view->findChildren<AccessControl *>().size(), 0);
+}
+
+void TestLoginView::anAdministratorWhoTypedNothingYetIsNotSignedIn()
+{
+    QVERIFY(QMetaObject::invokeMethod(m_view.get(), "logInAdmin"));
+    QCOMPARE(page(), QStringLiteral("selection_page"));
+    QCOMPARE(status(), QString());
     QCOMPARE(m_view->findChildren<AccessControl *>().size(), 0);
 }
 
