@@ -6,6 +6,7 @@
 #include "Corvane/views/startlanguage.h"
 #include "Corvane/views/zephansplash.h"
 #include "ZephanShared/toolkit/nativepath.h"
+#include "ZephanShared/toolkit/standardstreams.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -107,6 +108,7 @@ int run(QMainWindow &window, CentralElement *element)
 
 int main(int argc, char *argv[])
 {
+    secureStandardStreams();
     const QString dataDirectory = suiteDataDirectory();
     const QString lockFile = lockPath(dataDirectory);
 

@@ -100,9 +100,11 @@ private slots:
     void tags_data();
     void tags();
     void aLineHasItsPartsInOrderAndNothingElse();
+    void theLogGoesOnOnceAFullDiskHasRoomAgain_data();
     void theLogGoesOnOnceAFullDiskHasRoomAgain();
     void textOutsideAsciiIsUtf8WhateverTheLocale();
     void aLineIsInTheFileWhenLogReturns();
+    void aVeryLongMessageStandsInOneLine();
     void threadsDoNotBreakEachOthersLines();
     void sourceName_data();
     void sourceName();
@@ -203,8 +205,17 @@ void TestLogger::tags()
     QCOMPARE(lastLine().left(8), beginning);
 }
 
+void TestLogger::theLogGoesOnOnceAFullDiskHasRoomAgain_data()
+{
+    QTest::addColumn<int>("lines");
+
+    QTest::newRow("after one line without room") << 1;
+    QTest::newRow("after more than is kept of what found no room") << 3000;
+}
+
 void TestLogger::theLogGoesOnOnceAFullDiskHasRoomAgain()
 {
+    QFETCH(int, lines);
     const auto log = [](const QString &message) {
         Logger::getInstance().log(Logger::Information, Logger::Unnamed, QStringLiteral("f"), 1,
                                   QStringLiteral("s"), message);
@@ -212,7 +223,8 @@ void TestLogger::theLogGoesOnOnceAFullDiskHasRoomAgain()
     log(QStringLiteral("before"));
     {
         const FullDisk disk;
-        log(QStringLiteral("meanwhile"));
+        for (int line = 0; line < lines; ++line)
+            log(QStringLiteral("meanwhile"));
     }
     log(QStringLiteral("afterwards"));
     QVERIFY(lastLine().endsWith(QStringLiteral("afterwards")));
@@ -250,6 +262,16 @@ void TestLogger::aLineIsInTheFileWhenLogReturns()
                                   QStringLiteral("s"), message);
         QVERIFY(lastLine().endsWith(message));
     }
+}
+
+void TestLogger::aVeryLongMessageStandsInOneLine()
+{
+    const int before = readFile(m_workstation.runtimeLog()).count('\n');
+    const QString message(3 * 1024 * 1024, QLatin1Char('m'));
+    Logger::getInstance().log(Logger::Information, Logger::Console, QStringLiteral("f"), 1,
+                              QStringLiteral("s"), message);
+    QVERIFY(lastLine().endsWith(QLatin1String("\ts:1::f\t") + message));
+    QCOMPARE(readFile(m_workstation.runtimeLog()).count('\n'), before + 1);
 }
 
 void TestLogger::threadsDoNotBreakEachOthersLines()
