@@ -26,12 +26,13 @@ QVariantList defaultNameOrder()
 
 QList<int> nameFieldOrder()
 {
-    const QVariantList stored =
+    // A list of one field comes from a file as a text.
+    const QStringList stored =
         SettingsHandler::getInstance()
             ->value(QLatin1String(SettingsKeys::kPersonNameFieldOrder), defaultNameOrder())
-            .toList();
+            .toStringList();
     QList<int> order;
-    for (const QVariant &field : stored)
+    for (const QString &field : stored)
         order.append(field.toInt());
     return order;
 }

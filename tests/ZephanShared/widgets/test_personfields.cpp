@@ -155,6 +155,11 @@ void TestPersonFields::detailsAreTheNameInItsOrder()
                                              QVariantList{1, 2, 3});
     field.edit->textChanged();
     QCOMPARE(field.cell(0, 1), QStringLiteral("(Aatos Olavi Korhonen)"));
+    // A list of one comes from a file as a text.
+    SettingsHandler::getInstance()->setValue(QLatin1String(SettingsKeys::kPersonNameFieldOrder),
+                                             QStringLiteral("3"));
+    field.edit->textChanged();
+    QCOMPARE(field.cell(0, 1), QStringLiteral("(Korhonen)"));
     SettingsHandler::getInstance()->setValue(QLatin1String(SettingsKeys::kPersonNameFieldOrder),
                                              QVariantList{3, 1, 4});
     field.popup()->hide();
