@@ -2,33 +2,15 @@
 #include "CommunicationAndData/settings/settingskeys.h"
 #include "Corvane/views/audittrailquerymodel.h"
 #include "Corvane/views/audittrailquerystring.h"
+#include "capitaltranslator.h"
 #include "support/workstation.h"
 
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QTest>
-#include <QTranslator>
 
 #include <ctime>
-
-namespace {
-
-/// Answers every text with the same text in capitals.
-class CapitalTranslator : public QTranslator
-{
-public:
-    QString translate(const char *, const char *source, const char *, int) const override
-    {
-        return QString::fromUtf8(source).toUpper();
-    }
-    bool isEmpty() const override
-    {
-        return false;
-    }
-};
-
-}  // namespace
 
 class TestAuditTrailQueryModel : public QObject
 {

@@ -4,6 +4,7 @@
 #include "ZephanShared/widgets/dateformathelper.h"
 #include "ZephanShared/widgets/selectionpopup.h"
 #include "audittrailbench.h"
+#include "capitaltranslator.h"
 #include "support/messageboxes.h"
 
 #include <QCalendarWidget>
@@ -49,6 +50,7 @@ private slots:
     void theCalendarsMonthCanBeRead();
     void aQueryShowsTheWaitCursor();
     void languageChangeKeepsTheFiltersInForce();
+    void languageChangesWordsAndHeadersAtTheNextQueryButNeverActionNames();
 
 private:
     std::unique_ptr<AuditTrailBench> m_bench;
@@ -457,6 +459,33 @@ void TestAuditTrailView::languageChangeKeepsTheFiltersInForce()
     QCOMPARE(m_bench->find<QComboBox>("audit_category")->itemText(0), QStringLiteral("Select"));
     m_bench->find<QComboBox>("audit_type")->setCurrentText(QStringLiteral("Human"));
     QCOMPARE(m_bench->rows(), 1);
+}
+
+void TestAuditTrailView::languageChangesWordsAndHeadersAtTheNextQueryButNeverActionNames()
+{
+    m_bench->connectOffline();
+    const auto header = [this] {
+        return m_bench->table()->model()->headerData(1, Qt::Horizontal).toString();
+    };
+    const QString word = m_bench->cell(0, 1);
+    const QString action = m_bench->cell(0, 3);
+    QCOMPARE(header(), QStringLiteral("Category"));
+
+    CapitalTranslator translator;
+    QCoreApplication::installTranslator(&translator);
+    QCoreApplication::processEvents();
+    const QString headerBefore = header();
+    m_bench->filterBy("audit_text_5", QStringLiteral("%"));
+    const QString headerAfter = header();
+    const QString wordAfter = m_bench->cell(0, 1);
+    const QString actionAfter = m_bench->cell(0, 3);
+    QCoreApplication::removeTranslator(&translator);
+
+    QCOMPARE(headerBefore, QStringLiteral("Category"));
+    QCOMPARE(headerAfter, QStringLiteral("CATEGORY"));
+    QVERIFY(word != word.toUpper());
+    QCOMPARE(wordAfter, word.toUpper());
+    QCOMPARE(actionAfter, action);
 }
 
 QTEST_MAIN(TestAuditTrailView)
