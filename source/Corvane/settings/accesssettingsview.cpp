@@ -160,6 +160,7 @@ QWidget *AccessSettingsView::buildAudit(QWidget *parent)
     m_auditLocation = new QLineEdit(frame);
     m_auditLocation->setObjectName(QStringLiteral("audit_trail_location"));
     m_auditLocation->setFixedHeight(FormParts::kFieldHeight);
+    FormParts::keepOneLine(m_auditLocation);
     layout->addWidget(m_auditLocation);
 
     m_onlineTitle = FormParts::addTitle(layout);

@@ -12,6 +12,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QScrollArea>
 #include <QScrollBar>
 
@@ -212,6 +213,7 @@ QLineEdit *addEditWithButton(QBoxLayout *layout, const QString &name, QPushButto
     auto *edit = new QLineEdit;
     edit->setObjectName(name);
     edit->setFixedHeight(kFieldHeight);
+    keepOneLine(edit);
     row->addWidget(edit);
     button = addButton(row, name + QStringLiteral("_browse"));
     return edit;
@@ -227,6 +229,17 @@ void setBold(QLabel *label)
 void leaveWheelToPage(QWidget *widget)
 {
     new WheelGuard(widget);
+}
+
+void keepOneLine(QLineEdit *edit)
+{
+    QObject::connect(edit, &QLineEdit::textEdited, edit, [edit](QString text) {
+        static const QRegularExpression lineEnds(QStringLiteral("[\\r\\n\\x{2028}\\x{2029}]"));
+        const int length = text.size();
+        text.remove(lineEnds);
+        if (text.size() != length)
+            edit->setText(text);
+    });
 }
 
 void setLabelText(QLabel *label, QWidget *field, const QString &text)

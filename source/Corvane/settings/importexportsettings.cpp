@@ -23,6 +23,7 @@ namespace {
 
 enum HisSystem { NoSystem, Gdt, Gdt30, Xml, HisSystemCount };
 
+constexpr int kNoFormat = -1;
 constexpr int kImportModeLimit = 3;  // of the measurement applications; this page offers two
 constexpr int kDefaultImportMode = 1;
 constexpr int kDefaultImportKey = 6;  // Personal ID
@@ -61,6 +62,12 @@ int indexOf(const QComboBox *box)
     return qMax(0, box->currentIndex());
 }
 
+void rememberPath(QStringList &paths, int format, const QLineEdit *edit)
+{
+    if (format >= 0 && format < paths.size())
+        paths[format] = edit->text();
+}
+
 void setItems(QComboBox *box, const QStringList &texts)
 {
     for (int i = 0; i < texts.size(); ++i) {
@@ -77,6 +84,7 @@ ImportExportSettings::ImportExportSettings(QWidget *parent)
     : QWidget(parent)
     , m_inputFiles(defaultInputFiles())
     , m_outputFiles(defaultOutputFiles())
+    , m_shownFormat(kNoFormat)
 {
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -180,6 +188,7 @@ void ImportExportSettings::changeEvent(QEvent *event)
 
 void ImportExportSettings::load()
 {
+    m_shownFormat = kNoFormat;
     m_inputFiles = overlayTexts(defaultInputFiles(), read(SettingsKeys::kHisInputFiles, defaultInputFiles()));
     m_outputFiles =
         overlayTexts(defaultOutputFiles(), read(SettingsKeys::kHisOutputFiles, defaultOutputFiles()));
@@ -224,6 +233,7 @@ void ImportExportSettings::save()
 
 void ImportExportSettings::handleHISSystemChanged(int index)
 {
+    rememberShownPaths();
     const bool exchanging = index != NoSystem;
     const QList<QWidget *> dependents = {m_inputFile,        m_browseInputFile, m_outputFile,
                                          m_browseOutputFile, m_importModeLabel, m_importMode,
@@ -232,25 +242,26 @@ void ImportExportSettings::handleHISSystemChanged(int index)
         dependent->setEnabled(exchanging);
     if (index < 0)
         return;
+    m_shownFormat = index;
     m_inputFile->setText(m_inputFiles.value(index));
     m_outputFile->setText(m_outputFiles.value(index));
 }
 
-void ImportExportSettings::rememberPath(QStringList &paths, const QLineEdit *edit) const
+/// What was dropped on an edit or came from assistive technology ends no editing.
+void ImportExportSettings::rememberShownPaths()
 {
-    const int index = m_system->currentIndex();
-    if (index >= 0 && index < paths.size())
-        paths[index] = edit->text();
+    rememberPath(m_inputFiles, m_shownFormat, m_inputFile);
+    rememberPath(m_outputFiles, m_shownFormat, m_outputFile);
 }
 
 void ImportExportSettings::handleInputFileChanged()
 {
-    rememberPath(m_inputFiles, m_inputFile);
+    rememberPath(m_inputFiles, m_system->currentIndex(), m_inputFile);
 }
 
 void ImportExportSettings::handleOutputFileChanged()
 {
-    rememberPath(m_outputFiles, m_outputFile);
+    rememberPath(m_outputFiles, m_system->currentIndex(), m_outputFile);
 }
 
 void ImportExportSettings::handleBrowseInputFile()

@@ -44,7 +44,7 @@ private:
     void buildDefaults(QBoxLayout *layout);
     void connectWidgets();
     void updateTexts();
-    void rememberPath(QStringList &paths, const QLineEdit *edit) const;
+    void rememberShownPaths();
     bool browseFile(const QString &title, QLineEdit *edit);
     void browseDirectory(const QString &title, QLineEdit *edit);
 
@@ -80,6 +80,7 @@ private:
 
     QStringList m_inputFiles;   ///< one path a format, at the format's index
     QStringList m_outputFiles;  ///< the same
+    int m_shownFormat;          ///< whose paths the edits show; -1 for none
 };
 
 #endif

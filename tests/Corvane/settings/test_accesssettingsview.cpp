@@ -2,8 +2,10 @@
 #include "settingstest.h"
 #include "support/filedialogs.h"
 
+#include <QClipboard>
 #include <QComboBox>
 #include <QFrame>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -34,6 +36,7 @@ private slots:
     void emptySettingsShowTheDefaults();
     void storedSettingsAreShown();
     void whatIsShownIsSavedInItsForm();
+    void aPastedLocationLosesTheEndOfItsLine();
     void theMethods_data();
     void theMethods();
     void widgetsFollowEachOtherAndTheRights_data();
@@ -118,6 +121,18 @@ void TestAccessSettingsView::storedSettingsAreShown()
              QStringLiteral("/site/offline.access.db"));
     QVERIFY(!box("offline_audit_trail")->isChecked());
     QCOMPARE(child<QLineEdit>(*m_page, "audit_trail_location")->text(), QStringLiteral("/site/log"));
+}
+
+void TestAccessSettingsView::aPastedLocationLosesTheEndOfItsLine()
+{
+    show();
+    QGuiApplication::clipboard()->setText(QStringLiteral("/site/log\r\n"));
+    for (const char *name : {"audit_trail_location", "local_access_location"}) {
+        auto *edit = child<QLineEdit>(*m_page, name);
+        edit->selectAll();
+        edit->paste();
+        QCOMPARE(edit->text(), QStringLiteral("/site/log"));
+    }
 }
 
 void TestAccessSettingsView::whatIsShownIsSavedInItsForm()

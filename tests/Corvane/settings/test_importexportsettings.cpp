@@ -2,12 +2,19 @@
 #include "settingstest.h"
 #include "support/filedialogs.h"
 
+#include <QAccessible>
 #include <QCheckBox>
+#include <QClipboard>
+#include <QDropEvent>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QPushButton>
 #include <QRandomGenerator>
 #include <QTest>
+
+#include <algorithm>
 
 using namespace SettingsTest;
 
@@ -48,6 +55,38 @@ void type(QLineEdit *edit, const QString &text)
     QTest::keyClick(edit, Qt::Key_Return);
 }
 
+QLabel *label(const QWidget &page, const QString &text)
+{
+    const QList<QLabel *> labels = page.findChildren<QLabel *>();
+    const auto found = std::find_if(labels.cbegin(), labels.cend(),
+                                    [&text](const QLabel *label) { return label->text() == text; });
+    return found == labels.cend() ? nullptr : *found;
+}
+
+/// Drops a text on an empty edit, which doesn't get the focus by this.
+void drop(QLineEdit *edit, const QString &text)
+{
+    QMimeData data;
+    data.setText(text);
+    QDropEvent event(QPointF(2, 2), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    edit->clear();
+    static_cast<QObject *>(edit)->event(&event);
+}
+
+/// Fills an edit as assistive technology does, without a key.
+void dictate(QLineEdit *edit, const QString &text)
+{
+    QAccessible::queryAccessibleInterface(edit)->editableTextInterface()->replaceText(0, edit->text().size(),
+                                                                                      text);
+}
+
+void paste(QLineEdit *edit, const QString &text)
+{
+    QGuiApplication::clipboard()->setText(text);
+    edit->selectAll();
+    edit->paste();
+}
+
 }  // namespace
 
 /// The exchange with a hospital system, on the real widgets.
@@ -64,6 +103,11 @@ private slots:
     void aFormatEnablesTheExchangeWidgets();
     void aNegativeFormatIndexKeepsThePaths();
     void changingTheFormatAndBackRestoresThePathThatWasTyped();
+    void changingTheFormatAndBackRestoresThePathThatCameWithoutAKey_data();
+    void changingTheFormatAndBackRestoresThePathThatCameWithoutAKey();
+    void loadingForgetsThePathsThatWereShown();
+    void aPastedPathLosesTheEndsOfItsLines_data();
+    void aPastedPathLosesTheEndsOfItsLines();
     void aPathThatIsStillBeingTypedIsSaved();
     void aStoredFormatOutsideTheTableShowsNone_data();
     void aStoredFormatOutsideTheTableShowsNone();
@@ -156,6 +200,7 @@ void TestImportExportSettings::formatNoneDisablesTheExchangeWidgetsAndShowsEmpty
         QVERIFY2(!child<QWidget>(page, name)->isEnabled(), name);
     for (const QCheckBox *box : identificationBoxes(page))
         QVERIFY(!box->isEnabled());
+    QVERIFY(!label(page, QStringLiteral("Import mode"))->isEnabled());
     // What does not depend on the exchange stays.
     for (const char *name : {"his_system", "his_export_session_data", "his_proceed_measurement_automatically",
                              "his_export_location", "his_import_location", "his_default_filter"})
@@ -173,6 +218,7 @@ void TestImportExportSettings::aFormatEnablesTheExchangeWidgets()
          {kInput, kOutput, "his_input_file_browse", "his_output_file_browse", "his_import_mode",
           "his_force_match_dialog", "his_auto_export_option", "his_import_keys"})
         QVERIFY2(child<QWidget>(page, name)->isEnabled(), name);
+    QVERIFY(label(page, QStringLiteral("Import mode"))->isEnabled());
 }
 
 void TestImportExportSettings::aNegativeFormatIndexKeepsThePaths()
@@ -201,6 +247,77 @@ void TestImportExportSettings::changingTheFormatAndBackRestoresThePathThatWasTyp
     QCOMPARE(child<QLineEdit>(page, kInput)->text(), QStringLiteral("D:\\in.gdt"));
     QCOMPARE(child<QLineEdit>(page, kOutput)->text(), QStringLiteral("D:\\out.gdt"));
     QVERIFY(!store()->generalSettings()->contains("his/input_files"));
+}
+
+void TestImportExportSettings::changingTheFormatAndBackRestoresThePathThatCameWithoutAKey_data()
+{
+    QTest::addColumn<bool>("dropped");
+    QTest::newRow("by drag and drop") << true;
+    QTest::newRow("from assistive technology") << false;
+}
+
+void TestImportExportSettings::changingTheFormatAndBackRestoresThePathThatCameWithoutAKey()
+{
+    QFETCH(bool, dropped);
+    setStored("his/system", 1);
+    ImportExportSettings page(nullptr);
+    page.load();
+    page.show();
+    const auto fill = dropped ? drop : dictate;
+    fill(child<QLineEdit>(page, kInput), QStringLiteral("D:\\in.gdt"));
+    fill(child<QLineEdit>(page, kOutput), QStringLiteral("D:\\out.gdt"));
+    auto *system = child<QComboBox>(page, kSystem);
+    system->setCurrentIndex(3);
+    QCOMPARE(child<QLineEdit>(page, kInput)->text(), kXmlInput);
+    QCOMPARE(child<QLineEdit>(page, kOutput)->text(), kXmlOutput);
+    system->setCurrentIndex(1);
+    QCOMPARE(child<QLineEdit>(page, kInput)->text(), QStringLiteral("D:\\in.gdt"));
+    QCOMPARE(child<QLineEdit>(page, kOutput)->text(), QStringLiteral("D:\\out.gdt"));
+}
+
+void TestImportExportSettings::loadingForgetsThePathsThatWereShown()
+{
+    setStored("his/system", 1);
+    ImportExportSettings page(nullptr);
+    page.load();
+    child<QLineEdit>(page, kInput)->setText(QStringLiteral("D:\\former.gdt"));
+    setStored("his/system", 3);
+    page.load();
+    QCOMPARE(child<QLineEdit>(page, kInput)->text(), kXmlInput);
+    child<QComboBox>(page, kSystem)->setCurrentIndex(1);
+    QCOMPARE(child<QLineEdit>(page, kInput)->text(), kGdtInput);
+}
+
+void TestImportExportSettings::aPastedPathLosesTheEndsOfItsLines_data()
+{
+    QTest::addColumn<QString>("pasted");
+    QTest::addColumn<QString>("path");
+    const QString share = QStringLiteral("\\\\server\\exchange\\in.gdt");
+    QTest::newRow("one line with its end") << share + "\n" << share;
+    QTest::newRow("one line with its end on Windows") << share + "\r\n" << share;
+    QTest::newRow("a path that a letter broke") << "\\\\server\\exchange\n\\in.gdt" << share;
+    QTest::newRow("a separator of paragraphs") << share + QChar(QChar::ParagraphSeparator) << share;
+    QTest::newRow("line ends alone") << "\r\n\r\n" << QString();
+    QTest::newRow("blanks stay") << "C:\\My  data \\in.gdt"
+                                 << "C:\\My  data \\in.gdt";
+    const QString hebrew = QString::fromUtf8("C:\\\u05e0\u05ea\u05d5\u05e0\u05d9\u05dd\\in.gdt");
+    QTest::newRow("letters from right to left stay") << hebrew << hebrew;
+}
+
+void TestImportExportSettings::aPastedPathLosesTheEndsOfItsLines()
+{
+    QFETCH(QString, pasted);
+    QFETCH(QString, path);
+    setStored("his/system", 2);
+    ImportExportSettings page(nullptr);
+    page.load();
+    for (const char *name : {kInput, kOutput, "his_import_location", "his_export_location"}) {
+        paste(child<QLineEdit>(page, name), pasted);
+        QCOMPARE(child<QLineEdit>(page, name)->text(), path);
+    }
+    page.save();
+    QCOMPARE(stored("his/input_files").toStringList().at(2), path);
+    QCOMPARE(stored("his/importlocation").toString(), path);
 }
 
 void TestImportExportSettings::aPathThatIsStillBeingTypedIsSaved()
