@@ -61,11 +61,6 @@ QString freeDamagedName(const QString &directory)
     return name;
 }
 
-void logLine(int severity, const QString &message)
-{
-    CORVANE_LOG(severity, Logger::Console, "ActionLogFile::open", message);
-}
-
 }  // namespace
 
 ActionLogFile::ActionLogFile(const QString &directory)
@@ -99,7 +94,8 @@ ActionLogWriter::Opening ActionLogFile::openOrReplace()
     bool replaced = false;
     Health health = lostItsContent() ? Health::Damaged : openFile();
     if (health == Health::Damaged) {
-        logLine(Logger::Error, QStringLiteral("The action log is damaged: ") + errorText());
+        CORVANE_LOG(Logger::Error, Logger::Console, "ActionLogFile::openOrReplace",
+                    QStringLiteral("The action log is damaged: ") + errorText());
         ActionLogWriter::close();
         if (!moveAside())
             return Opening::NotOpened;
@@ -242,7 +238,8 @@ bool ActionLogFile::moveAside()
             return false;
         }
     }
-    logLine(Logger::Warning, QStringLiteral("The damaged action log was moved to ") + name);
+    CORVANE_LOG(Logger::Warning, Logger::Console, "ActionLogFile::moveAside",
+                QStringLiteral("The damaged action log was moved to ") + name);
     return true;
 }
 

@@ -13,11 +13,6 @@ namespace {
 
 constexpr char kDefaultLocation[] = "actionlog";
 
-void logLine(int severity, const QString &message)
-{
-    CORVANE_LOG(severity, Logger::Console, "CommunicationAndDataEngine", message);
-}
-
 std::unique_ptr<ActionLogWriter> writerOfSettings()
 {
     SettingsHandler *settings = SettingsHandler::getInstance();
@@ -88,22 +83,26 @@ CommunicationAndDataEngine::~CommunicationAndDataEngine()
 unsigned CommunicationAndDataEngine::initializeEngine(const QString &applicationName, bool interactive)
 {
     if (d->writer) {
-        logLine(Logger::Warning, QStringLiteral("The action log is open already"));
+        CORVANE_LOG(Logger::Warning, Logger::Console, "CommunicationAndDataEngine::initializeEngine",
+                    QStringLiteral("The action log is open already"));
         return ZephanErrors::kEngineNotReady;
     }
     std::unique_ptr<ActionLogWriter> writer = writerOfSettings();
     const ActionLogWriter::Opening opening = writer->open();
-    if (opening == ActionLogWriter::Opening::NotOpened || opening == ActionLogWriter::Opening::Unusable)
-        logLine(Logger::Error, QStringLiteral("The action log can't be used: ") + writer->errorText());
-    else
+    if (opening == ActionLogWriter::Opening::NotOpened || opening == ActionLogWriter::Opening::Unusable) {
+        CORVANE_LOG(Logger::Error, Logger::Console, "CommunicationAndDataEngine::initializeEngine",
+                    QStringLiteral("The action log can't be used: ") + writer->errorText());
+    } else {
         d->writer = std::move(writer);
+    }
     if (opening == ActionLogWriter::Opening::NotOpened)
         return errorOf(opening);
 
     d->system = QHostInfo::localHostName();
-    logLine(Logger::Information, QStringLiteral("Action log of %1, %2")
-                                     .arg(applicationName, interactive ? QStringLiteral("interactive")
-                                                                       : QStringLiteral("unattended")));
+    CORVANE_LOG(Logger::Information, Logger::Console, "CommunicationAndDataEngine::initializeEngine",
+                QStringLiteral("Action log of %1, %2")
+                    .arg(applicationName,
+                         interactive ? QStringLiteral("interactive") : QStringLiteral("unattended")));
     QMetaObject::invokeMethod(
         this, [this, opening] { emit engineInitialized(errorOf(opening)); }, Qt::QueuedConnection);
     return ZephanErrors::kNone;
@@ -112,7 +111,8 @@ unsigned CommunicationAndDataEngine::initializeEngine(const QString &application
 unsigned CommunicationAndDataEngine::shutdownEngine()
 {
     if (!d->writer) {
-        logLine(Logger::Warning, QStringLiteral("The action log is not open"));
+        CORVANE_LOG(Logger::Warning, Logger::Console, "CommunicationAndDataEngine::shutdownEngine",
+                    QStringLiteral("The action log is not open"));
         return ZephanErrors::kEngineNotReady;
     }
     d->writer->close();
@@ -154,8 +154,9 @@ void CommunicationAndDataEngine::setOperatorInfo(OperatorModel operatorInfo)
 void CommunicationAndDataEngine::write(const ActionLogEntry &entry)
 {
     if (!d->writer) {
-        logLine(Logger::Warning, QStringLiteral("An event came while the action log was not open: ") +
-                                     Actions::name(entry.action));
+        CORVANE_LOG(Logger::Warning, Logger::Console, "CommunicationAndDataEngine::write",
+                    QStringLiteral("An event came while the action log was not open: ") +
+                        Actions::name(entry.action));
         return;
     }
     if (!d->writer->write(entry))
@@ -164,7 +165,8 @@ void CommunicationAndDataEngine::write(const ActionLogEntry &entry)
 
 void CommunicationAndDataEngine::reportFailure(Actions::Action action, const QString &cause)
 {
-    logLine(Logger::Error, QStringLiteral("The action log can't be written: ") + cause);
+    CORVANE_LOG(Logger::Error, Logger::Console, "CommunicationAndDataEngine::reportFailure",
+                QStringLiteral("The action log can't be written: ") + cause);
     const QString text = tr("The audit trail can no longer be written.") + QLatin1Char('\n') + cause;
     QMetaObject::invokeMethod(
         this,

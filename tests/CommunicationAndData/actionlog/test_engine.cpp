@@ -48,6 +48,8 @@ private slots:
     void shutdownBeforeTheStartIsRefused();
     void eventAfterTheShutdownIsDroppedWithALine();
     void eventBeforeTheStartIsDroppedWithALine();
+    void aLineOfTheRunTimeLogNamesItsFunction_data();
+    void aLineOfTheRunTimeLogNamesItsFunction();
     void engineCanBeStartedAgain();
     void engineDeletedBeforeItsAnswerIsSafe();
     void slotsCanBeInvokedByName();
@@ -318,6 +320,42 @@ void TestEngine::eventBeforeTheStartIsDroppedWithALine()
     QVERIFY(!QFileInfo::exists(file()));
     QVERIFY(run.critical.isEmpty());
     QCOMPARE(readFile(m_workstation.runtimeLog()).count("An event came"), before + 1);
+}
+
+void TestEngine::aLineOfTheRunTimeLogNamesItsFunction_data()
+{
+    QTest::addColumn<QString>("message");
+    QTest::addColumn<QString>("function");
+    QTest::newRow("the start") << "Action log of Test, interactive"
+                               << "initializeEngine";
+    QTest::newRow("a second start") << "The action log is open already"
+                                    << "initializeEngine";
+    QTest::newRow("a second shutdown") << "The action log is not open"
+                                       << "shutdownEngine";
+    QTest::newRow("an event too late") << "An event came while the action log was not open: Login"
+                                       << "write";
+}
+
+void TestEngine::aLineOfTheRunTimeLogNamesItsFunction()
+{
+    QFETCH(QString, message);
+    QFETCH(QString, function);
+    EngineRun run;
+    QCOMPARE(run.engine.initializeEngine(QStringLiteral("Test"), true), 0U);
+    run.engine.initializeEngine(QStringLiteral("Test"), true);
+    run.engine.shutdownEngine();
+    run.engine.shutdownEngine();
+    run.engine.logError(Actions::Login, 5, QVariant());
+
+    const QStringList lines =
+        QString::fromUtf8(readFile(m_workstation.runtimeLog())).split(QLatin1Char('\n'));
+    const QStringList found = lines.filter(QLatin1Char('\t') + message);
+    QVERIFY(!found.isEmpty());
+    const QRegularExpression line(
+        QStringLiteral(
+            "^... CV: \\S+\t\\S*communicationanddataengine:\\d+::CommunicationAndDataEngine::%1\t%2$")
+            .arg(function, message));
+    QVERIFY2(line.match(found.last()).hasMatch(), qPrintable(found.last()));
 }
 
 void TestEngine::engineCanBeStartedAgain()
