@@ -6,6 +6,7 @@
 #include "Corvane/settings/settingssnapshot.h"
 #include "ZephanShared/widgets/waitcursor.h"
 
+#include <QAction>
 #include <QSettings>
 #include <QTabWidget>
 
@@ -46,11 +47,16 @@ bool SettingsView::isLocalSaveEnabled() const
 
 void SettingsView::localSaveToggled(bool enabled)
 {
-    const auto cache = openSettingsFile(m_dataPath + QLatin1String(LocalCache::kFileName));
-    cache->setValue(QLatin1String(LocalCache::kLocalSave), enabled);
-    if (enabled)
-        cache->setValue(QLatin1String(LocalCache::kAutosaveInfo), true);
-    cache->sync();
+    {
+        const auto cache = openSettingsFile(m_dataPath + QLatin1String(LocalCache::kFileName));
+        cache->setValue(QLatin1String(LocalCache::kLocalSave), enabled);
+        if (enabled)
+            cache->setValue(QLatin1String(LocalCache::kAutosaveInfo), true);
+        cache->sync();
+    }
+    // Where the cache cannot be written nothing was switched.
+    if (m_autosaveAction)
+        m_autosaveAction->setChecked(isLocalSaveEnabled());
 }
 
 void SettingsView::saveSettingsLocally(bool silent)

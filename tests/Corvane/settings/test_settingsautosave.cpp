@@ -45,6 +45,7 @@ private slots:
     void cleanup();
 
     void theAutosaveIsSwitchedInTheCache();
+    void aSwitchThatCannotBeKeptStaysWhereItWas();
     void theNoticeComesOnceAtTheFirstExit();
     void switchingOnAndOffLeavesTheNoticeForLater();
     void theTickFollowsTheCacheAndSwitchesNothing();
@@ -79,6 +80,21 @@ void TestSettingsAutosave::theAutosaveIsSwitchedInTheCache()
     QCOMPARE(m_files.cacheValue("autosaveinfo"), QVariant("true"));
     bench.choose("local_menu", "autosave_action");
     QCOMPARE(m_files.cacheValue("localsave"), QVariant("false"));
+}
+
+void TestSettingsAutosave::aSwitchThatCannotBeKeptStaysWhereItWas()
+{
+    SettingsBench bench(m_workstation, kAllRights);
+    bench.choose("local_menu", "load_action");
+    bench.takeEvents();
+    QVERIFY(QDir().mkpath(m_files.cache()));  // a directory in the place of the file
+    bench.choose("local_menu", "autosave_action");
+    QVERIFY(!action(bench.view(), "autosave_action")->isChecked());
+    MessageBoxes boxes;
+    bench.close();
+    QVERIFY(boxes.seen().isEmpty());
+    QVERIFY(bench.takeEvents().isEmpty());
+    QVERIFY(!QFile::exists(m_files.local()));
 }
 
 void TestSettingsAutosave::theNoticeComesOnceAtTheFirstExit()
