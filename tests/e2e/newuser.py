@@ -22,9 +22,9 @@ def write(text):
     xdotool("type", "--delay", 15, text)
 
 
-def tab_to(focus, role, name):
+def tab_to(focus, role, name, most=MOST_TABS):
     """Presses Tab until this widget has the focus."""
-    for _ in range(MOST_TABS):
+    for _ in range(most):
         if focus.is_on(role, name):
             return
         focus.press("Tab")
