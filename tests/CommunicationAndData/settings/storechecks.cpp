@@ -3,6 +3,7 @@
 #include "CommunicationAndData/settings/settingshandler.h"
 #include "support/workstation.h"
 
+#include <QDataStream>
 #include <QDir>
 #include <QFileInfo>
 
@@ -14,6 +15,16 @@ SettingsHandler *store()
 QString key(const char *name)
 {
     return QString::fromLatin1(name);
+}
+
+QMap<QString, QVariant> stashed()
+{
+    QByteArray *image = nullptr;
+    store()->stash(image);
+    QMap<QString, QVariant> map;
+    QDataStream stream(image, QIODevice::ReadOnly);
+    stream >> map;
+    return map;
 }
 
 QStringList linesWith(const QString &log, const QString &text)

@@ -2,7 +2,9 @@
 #define STORECHECKS_H
 
 #include <QFile>
+#include <QMap>
 #include <QStringList>
+#include <QVariant>
 
 class SettingsHandler;
 
@@ -10,6 +12,9 @@ SettingsHandler *store();
 
 /// The text of a constant key.
 QString key(const char *name);
+
+/// The image of all settings, as `stash` gives it.
+QMap<QString, QVariant> stashed();
 
 /// The lines of a log that hold a text.
 QStringList linesWith(const QString &log, const QString &text);

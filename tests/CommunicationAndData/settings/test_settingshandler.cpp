@@ -3,7 +3,6 @@
 #include "storechecks.h"
 #include "support/workstation.h"
 
-#include <QDataStream>
 #include <QFile>
 #include <QSettings>
 #include <QTest>
@@ -12,16 +11,6 @@ namespace {
 
 const QString kPassword = QStringLiteral("persondb/password");
 const QString kParamsSize = QStringLiteral("persondb/params/size");
-
-QMap<QString, QVariant> stashed()
-{
-    QByteArray *image = nullptr;
-    store()->stash(image);
-    QMap<QString, QVariant> map;
-    QDataStream stream(image, QIODevice::ReadOnly);
-    stream >> map;
-    return map;
-}
 
 QMap<QString, QVariant> parameters(const QString &group)
 {
@@ -61,16 +50,8 @@ private slots:
     void restoreTellsTypesApart();
     void restoreOfUnchangedSettingsLeavesTheFileAlone();
 
-    void aSafeValueComesBackAndAgainAfterItsFormWasCopied();
-    void aSafeValueCannotBeReadInTheFile();
-    void aSafeValueSavedAgainIsNoDifference();
-    void anUnreadableSafeValueCountsAsAbsent_data();
-    void anUnreadableSafeValueCountsAsAbsent();
-    void anUnreadableSafeValueIsReportedAgainInAnotherFile();
-
     void theImageHoldsAllKeysWithTheirLists();
     void aListWithoutItemsStaysAList();
-    void aSafeValueInTheImageHasBytesAndNoText();
     void theImageStaysValidUntilTheNext();
 
     void anEmptyMapOfParametersLeavesTheSizeZero();
@@ -85,8 +66,6 @@ private slots:
     void aDamagedAuditTrailSettingReadsAsOff();
     void localApplicationSettingsAreUtf8InTheSystemScope();
     void settingsFilesAreUtf8();
-
-    void noSecretIsInTheLog();
 
 private:
     QString file(const QString &name) const
@@ -276,97 +255,6 @@ void TestSettingsHandler::restoreOfUnchangedSettingsLeavesTheFileAlone()
     QVERIFY(!QFile::exists(m_working));
 }
 
-void TestSettingsHandler::aSafeValueComesBackAndAgainAfterItsFormWasCopied()
-{
-    const QVariant secret = QString::fromUtf8("pässword, \"quoted\"=1");
-    store()->setSafeValue(kPassword, secret);
-    QCOMPARE(store()->safeValue(kPassword), secret);
-
-    const QString path = file(QStringLiteral("between.ini"));
-    {
-        QSettings between(path, QSettings::IniFormat);
-        between.setValue(kPassword, store()->generalSettings()->value(kPassword));
-    }
-    store()->changeSettingsFile(file(QStringLiteral("other.ini")));
-    {
-        const QSettings between(path, QSettings::IniFormat);
-        store()->generalSettings()->setValue(kPassword, between.value(kPassword));
-    }
-    QCOMPARE(store()->safeValue(kPassword), secret);
-    store()->changeSettingsFile(parking());
-    store()->changeSettingsFile(file(QStringLiteral("other.ini")));
-    QCOMPARE(store()->safeValue(kPassword), secret);
-}
-
-void TestSettingsHandler::aSafeValueCannotBeReadInTheFile()
-{
-    const QByteArray secret = "correct horse battery staple";
-    store()->setSafeValue(kPassword, QString::fromLatin1(secret));
-    store()->changeSettingsFile(parking());
-    const QByteArray bytes = readFile(m_working);
-    QVERIFY(bytes.contains("password="));
-    QVERIFY(!bytes.contains(secret));
-    QVERIFY(!bytes.contains(secret.toHex()));
-    QVERIFY(!bytes.contains(secret.toBase64().left(16)));
-}
-
-void TestSettingsHandler::aSafeValueSavedAgainIsNoDifference()
-{
-    store()->setSafeValue(kPassword, QStringLiteral("secret"));
-    const QMap<QString, QVariant> before = stashed();
-    store()->setSafeValue(kPassword, QStringLiteral("secret"));
-    QCOMPARE(stashed(), before);
-    store()->setSafeValue(kPassword, QStringLiteral("Secret"));
-    QVERIFY(stashed() != before);
-}
-
-void TestSettingsHandler::anUnreadableSafeValueCountsAsAbsent_data()
-{
-    QTest::addColumn<QVariant>("stored");
-
-    store()->changeSettingsFile(file(QStringLiteral("forms.ini")));
-    store()->setSafeValue(kPassword, QStringLiteral("secret"));
-    const QByteArray form = store()->value(kPassword).toByteArray();
-    QByteArray flipped = form;
-    flipped[form.size() - 1] = form.endsWith('0') ? '1' : '0';
-
-    QTest::newRow("a plain text is foreign") << QVariant(QStringLiteral("admin"));
-    QTest::newRow("one digit changed") << QVariant(flipped);
-    QTest::newRow("the last two digits missing") << QVariant(form.left(form.size() - 2));
-    QTest::newRow("only the mark left") << QVariant(QByteArray(1, '\0'));
-    QTest::newRow("no bytes left") << QVariant(QByteArray());
-    QTest::newRow("the mark missing") << QVariant(form.mid(1));
-    QTest::newRow("a list in its place") << QVariant(QStringList{QStringLiteral("a"), QStringLiteral("b")});
-}
-
-void TestSettingsHandler::anUnreadableSafeValueCountsAsAbsent()
-{
-    QFETCH(QVariant, stored);
-    store()->generalSettings()->setValue(kPassword, stored);
-    const int before = linesWith(m_workstation.runtimeLog(), kPassword).size();
-    QCOMPARE(store()->safeValue(kPassword, QStringLiteral("default")).toString(), QStringLiteral("default"));
-    QCOMPARE(store()->safeValue(kPassword, QStringLiteral("default")).toString(), QStringLiteral("default"));
-
-    const QStringList lines = linesWith(m_workstation.runtimeLog(), kPassword);
-    QCOMPARE(lines.size(), before + 1);
-    QVERIFY(lines.last().startsWith(QLatin1String("WRN CV: ")));
-    QCOMPARE(store()->generalSettings()->value(kPassword), stored);
-}
-
-void TestSettingsHandler::anUnreadableSafeValueIsReportedAgainInAnotherFile()
-{
-    const auto reported = [this] {
-        return linesWith(m_workstation.runtimeLog(), kPassword).size();
-    };
-    const int before = reported();
-    for (int i = 1; i <= 2; ++i) {
-        store()->changeSettingsFile(file(QStringLiteral("foreign_%1.ini").arg(i)));
-        store()->setValue(kPassword, QStringLiteral("admin"));
-        store()->safeValue(kPassword);
-        QCOMPARE(reported(), before + i);
-    }
-}
-
 void TestSettingsHandler::theImageHoldsAllKeysWithTheirLists()
 {
     const QStringList texts{QStringLiteral("a"), QString::fromUtf8("ö,;")};
@@ -404,25 +292,6 @@ void TestSettingsHandler::aListWithoutItemsStaysAList()
     // What nobody knows as a list says nothing, and stays so.
     QVERIFY(stashed().contains(QStringLiteral("site/nothing")));
     QVERIFY(!stashed().value(QStringLiteral("site/nothing")).isValid());
-}
-
-void TestSettingsHandler::aSafeValueInTheImageHasBytesAndNoText()
-{
-    store()->setSafeValue(kPassword, QStringLiteral("secret"));
-    const QByteArray form = store()->value(kPassword).toByteArray();
-    QCOMPARE(stashed().value(kPassword).toString(), QString());
-    QCOMPARE(stashed().value(kPassword).toByteArray(), form);
-    QVERIFY(!form.isEmpty());
-
-    store()->setValue(kPassword, QString::fromLatin1(form.constData(), form.size()));
-    QCOMPARE(stashed().value(kPassword).toString(), QString());
-    QCOMPARE(stashed().value(kPassword).toByteArray(), form);
-
-    store()->changeSettingsFile(parking());
-    store()->changeSettingsFile(m_working);
-    QCOMPARE(stashed().value(kPassword).toString(), QString());
-    QCOMPARE(stashed().value(kPassword).toByteArray(), form);
-    QCOMPARE(store()->safeValue(kPassword).toString(), QStringLiteral("secret"));
 }
 
 void TestSettingsHandler::theImageStaysValidUntilTheNext()
@@ -571,22 +440,6 @@ void TestSettingsHandler::settingsFilesAreUtf8()
     openSettingsFile(path)->setValue(QStringLiteral("text"), QString::fromUtf8("ö€"));
     QCOMPARE(readFile(path), QByteArray("[General]\ntext=ö€\n"));
     QCOMPARE(openSettingsFile(path)->value(QStringLiteral("text")).toString(), QString::fromUtf8("ö€"));
-}
-
-void TestSettingsHandler::noSecretIsInTheLog()
-{
-    const QString secret = QStringLiteral("correct horse battery staple");
-    store()->setSafeValue(kPassword, secret);
-    QByteArray form = store()->value(kPassword).toByteArray();
-    form[form.size() - 1] = form.endsWith('0') ? '1' : '0';
-    store()->setValue(kPassword, form);
-    store()->safeValue(kPassword);
-    store()->setValue(kPassword, secret);
-    store()->safeValue(kPassword);
-    const QByteArray log = readFile(m_workstation.runtimeLog());
-    QVERIFY(log.contains("persondb/password"));
-    QVERIFY(!log.contains(secret.toUtf8()));
-    QVERIFY(!log.contains(form.mid(1, 16)));
 }
 
 QTEST_GUILESS_MAIN(TestSettingsHandler)

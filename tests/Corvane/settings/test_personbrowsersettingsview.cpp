@@ -8,7 +8,6 @@
 #include <QPushButton>
 #include <QRandomGenerator>
 #include <QTest>
-#include <QTranslator>
 #include <QWheelEvent>
 
 using namespace SettingsTest;
@@ -43,24 +42,6 @@ bool hasLabel(const QWidget &page, const QString &text)
     return false;
 }
 
-/// Turns every text of the page round, as any language would replace it.
-class Reverser : public QTranslator
-{
-public:
-    QString translate(const char *context, const char *source, const char *, int) const override
-    {
-        if (QByteArray(context) != "PersonBrowserSettingsView")
-            return QString();
-        QString text = QString::fromUtf8(source);
-        std::reverse(text.begin(), text.end());
-        return text.replace(QLatin1String("1%"), QLatin1String("%1"));
-    }
-    bool isEmpty() const override
-    {
-        return false;
-    }
-};
-
 }  // namespace
 
 /// The General page on its real widgets.
@@ -74,15 +55,6 @@ private slots:
     void nothingStoredShowsTheDefaults();
     void theDefaultsAreSavedAsTheyAreTold();
     void theTitlesAndTextsAreThere();
-
-    void aLanguageFileWithoutLanguagesGivesTheBuiltInOnes_data();
-    void aLanguageFileWithoutLanguagesGivesTheBuiltInOnes();
-    void theLanguageFileReplacesTheBuiltInLanguages();
-    void aLanguagesTextMayHaveCommas();
-    void languagesAreSortedByTheirTexts();
-    void aStoredLanguageThatIsNotOfferedSelectsTheSystemLocaleAndIsSavedSo_data();
-    void aStoredLanguageThatIsNotOfferedSelectsTheSystemLocaleAndIsSavedSo();
-    void theTextsFollowTheLanguageAndTheSelectionStays();
 
     void dateFormats_data();
     void dateFormats();
@@ -190,96 +162,6 @@ void TestPersonBrowserSettingsView::theTitlesAndTextsAreThere()
         QCOMPARE(list->item(i)->text(), groups.at(i));
         QCOMPARE(list->item(i)->data(Qt::UserRole).toInt(), i);
     }
-}
-
-void TestPersonBrowserSettingsView::aLanguageFileWithoutLanguagesGivesTheBuiltInOnes_data()
-{
-    QTest::addColumn<QByteArray>("file");
-    QTest::newRow("missing") << QByteArray();
-    QTest::newRow("empty") << QByteArray("\n");
-    QTest::newRow("with empty values only") << QByteArray("[General]\nfi=\nsv=\n");
-    QTest::newRow("that is no ini file") << QByteArray("\0\xff\xfe no ini", 10);
-}
-
-void TestPersonBrowserSettingsView::aLanguageFileWithoutLanguagesGivesTheBuiltInOnes()
-{
-    QFETCH(QByteArray, file);
-    if (!file.isEmpty())
-        QVERIFY(writeFile(languageFile(), file));
-    PersonBrowserSettingsView page(m_workstation.dataDirectory());
-    const auto *box = child<QComboBox>(page, kLanguage);
-    QCOMPARE(box->count(), 31);
-    QVERIFY(box->findData("dn") >= 0);
-    QCOMPARE(box->itemText(box->findData("dn")), QStringLiteral("Danish"));
-    QCOMPARE(box->itemText(30), QStringLiteral("System locale"));
-    QCOMPARE(box->itemData(30).toString(), QStringLiteral("system"));
-}
-
-void TestPersonBrowserSettingsView::theLanguageFileReplacesTheBuiltInLanguages()
-{
-    QVERIFY(writeFile(languageFile(),
-                      "[General]\nxx=Zulu\nsv=Svenska \xc3\xa5\xc3\xa4\xc3\xb6\nfi=\nyy=Afrikaans\n"));
-    setStored("application/language", "sv");
-    PersonBrowserSettingsView page(m_workstation.dataDirectory());
-    const auto *box = child<QComboBox>(page, kLanguage);
-    QCOMPARE(items(box), QStringList({"Afrikaans", QStringLiteral("Svenska åäö"), "Zulu", "System locale"}));
-    QCOMPARE(box->itemData(0).toString(), QStringLiteral("yy"));
-    QCOMPARE(box->currentData().toString(), QStringLiteral("sv"));
-}
-
-void TestPersonBrowserSettingsView::aLanguagesTextMayHaveCommas()
-{
-    QVERIFY(writeFile(languageFile(), "[General]\nxx=Zulu, northern, spoken\nyy=\"Zulu, southern\"\n"));
-    PersonBrowserSettingsView page(m_workstation.dataDirectory());
-    QCOMPARE(items(child<QComboBox>(page, kLanguage)),
-             QStringList({"Zulu, northern, spoken", "Zulu, southern", "System locale"}));
-}
-
-void TestPersonBrowserSettingsView::languagesAreSortedByTheirTexts()
-{
-    PersonBrowserSettingsView page(m_workstation.dataDirectory());
-    QStringList texts = items(child<QComboBox>(page, kLanguage));
-    texts.removeLast();
-    QStringList sorted = texts;
-    std::sort(sorted.begin(), sorted.end());
-    QCOMPARE(texts, sorted);
-}
-
-void TestPersonBrowserSettingsView::aStoredLanguageThatIsNotOfferedSelectsTheSystemLocaleAndIsSavedSo_data()
-{
-    QTest::addColumn<QString>("language");
-    QTest::newRow("unknown") << "tlh";
-    QTest::newRow("empty") << "";
-    QTest::newRow("another case") << "EN_gb";
-    QTest::newRow("the system's") << "system";
-}
-
-void TestPersonBrowserSettingsView::aStoredLanguageThatIsNotOfferedSelectsTheSystemLocaleAndIsSavedSo()
-{
-    QFETCH(QString, language);
-    setStored("application/language", language);
-    PersonBrowserSettingsView page(m_workstation.dataDirectory());
-    page.reloadSettings();
-    QCOMPARE(child<QComboBox>(page, kLanguage)->currentText(), QStringLiteral("System locale"));
-    page.saveSettings();
-    QCOMPARE(stored("application/language"), QVariant("system"));
-}
-
-void TestPersonBrowserSettingsView::theTextsFollowTheLanguageAndTheSelectionStays()
-{
-    setStored("application/language", "sv");
-    PersonBrowserSettingsView page(m_workstation.dataDirectory());
-    Reverser reverser;
-    QCoreApplication::installTranslator(&reverser);
-    QCoreApplication::processEvents();
-    QCOMPARE(child<QComboBox>(page, kLanguage)->currentText(), QStringLiteral("hsidewS"));
-    QCOMPARE(child<QComboBox>(page, kLanguage)->currentData().toString(), QStringLiteral("sv"));
-    QVERIFY(hasLabel(page, QStringLiteral("sgnittes noitacilppA")));
-    QCOMPARE(child<QPushButton>(page, kEthnicsButton)->text(), QStringLiteral("tceleS (3)"));
-    QCOMPARE(child<QListWidget>(page, kEthnicsList)->item(2)->text(), QStringLiteral("naisA"));
-    QCoreApplication::removeTranslator(&reverser);
-    QCoreApplication::processEvents();
-    QCOMPARE(child<QComboBox>(page, kLanguage)->currentText(), QStringLiteral("Swedish"));
 }
 
 void TestPersonBrowserSettingsView::dateFormats_data()
