@@ -41,6 +41,9 @@ private slots:
     void everyNameInTheSourcesIsThere();
     void noDrawingIsCutAtTheEdge_data();
     void noDrawingIsCutAtTheEdge();
+    void straightLinesStandOnWholePixels_data();
+    void straightLinesStandOnWholePixels();
+    void theLogoReachesFromEdgeToEdge();
     void theArrowsOfATimeFieldAreDrawn();
 };
 
@@ -130,6 +133,54 @@ void TestImages::noDrawingIsCutAtTheEdge()
         QCOMPARE(picture.pixelColor(0, i).alpha(), 0);
         QCOMPARE(picture.pixelColor(picture.width() - 1, i).alpha(), 0);
     }
+}
+
+void TestImages::straightLinesStandOnWholePixels_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QPoint>("outside");
+    QTest::addColumn<QPoint>("inside");
+
+    const QString header = QStringLiteral(":/icons/corvane/%1_small.png");
+    QTest::newRow("wall of the house") << header.arg("home") << QPoint(8, 32) << QPoint(9, 32);
+    QTest::newRow("ground of the house") << header.arg("home") << QPoint(24, 43) << QPoint(24, 42);
+    QTest::newRow("tooth of the wheel") << header.arg("manage_settings") << QPoint(24, 2) << QPoint(24, 3);
+    QTest::newRow("side of the padlock")
+        << header.arg("manage_access_control") << QPoint(44, 36) << QPoint(43, 36);
+    QTest::newRow("side of the page") << header.arg("audit_trail") << QPoint(7, 24) << QPoint(8, 24);
+    QTest::newRow("top of the page") << header.arg("audit_trail") << QPoint(18, 4) << QPoint(18, 5);
+    QTest::newRow("menu") << QStringLiteral(":/icons/menu.png") << QPoint(24, 10) << QPoint(24, 11);
+    QTest::newRow("calendar") << QStringLiteral(":/icons/calendar.png") << QPoint(1, 14) << QPoint(2, 14);
+    QTest::newRow("lid of the bin") << QStringLiteral(":/icons/delete.png") << QPoint(6, 4) << QPoint(6, 5);
+    QTest::newRow("head of the refreshing arrow")
+        << QStringLiteral(":/icons/toolbar/refresh.png") << QPoint(21, 7) << QPoint(20, 7);
+}
+
+void TestImages::straightLinesStandOnWholePixels()
+{
+    QFETCH(QString, name);
+    QFETCH(QPoint, outside);
+    QFETCH(QPoint, inside);
+    constexpr int kHardlySeen = 8;  // of 255
+    const QImage picture = image(name);
+    QVERIFY(picture.pixelColor(outside).alpha() <= kHardlySeen);
+    QVERIFY(picture.pixelColor(inside).alpha() >= 255 - kHardlySeen);
+}
+
+/// So that it ends where the texts below it end.
+void TestImages::theLogoReachesFromEdgeToEdge()
+{
+    constexpr int kEdge = 4;  // pixels of 858
+    const QImage logo = image(QStringLiteral(":/resources/halvorn_logo.png"));
+    const auto drawn = [&logo](int x) {
+        for (int y = 0; y < logo.height(); ++y) {
+            if (logo.pixelColor(x, y).alpha() > 0)
+                return true;
+        }
+        return false;
+    };
+    QVERIFY(drawn(kEdge));
+    QVERIFY(drawn(logo.width() - 1 - kEdge));
 }
 
 void TestImages::theArrowsOfATimeFieldAreDrawn()
