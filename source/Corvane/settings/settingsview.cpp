@@ -11,8 +11,10 @@
 #include "Corvane/settings/searchsettingsview.h"
 #include "Corvane/settings/settingssnapshot.h"
 #include "Corvane/settings/studysettingsview.h"
+#include "ZephanShared/widgets/fittedtext.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QHostInfo>
 #include <QLabel>
 #include <QMenu>
@@ -20,6 +22,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSettings>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -28,6 +31,8 @@ namespace {
 constexpr int kTabsMinimumHeight = 490;
 constexpr int kTabsMinimumWidth = 765;
 constexpr int kTabHeight = 35;
+constexpr int kTabTextHeight = 34;  // without the line below
+constexpr int kWidestTab = kTabsMinimumWidth;
 constexpr int kPromptStretch = 15;
 
 const char *const kMenuBarStyle =
@@ -209,6 +214,15 @@ void SettingsView::updateTabTexts()
     m_tabs->setTabText(m_tabs->indexOf(m_studyPage), tr("Study fields"));
     m_tabs->setTabText(m_tabs->indexOf(m_accessPage), tr("Access control") + QLatin1Char(' ') + tr("and") +
                                                           QLatin1Char('\n') + tr("Audit trail"));
+    fitTabTexts();
+}
+
+/// Two lines are higher than a tab in the letters of some languages.
+void SettingsView::fitTabTexts()
+{
+    QTabBar *bar = m_tabs->tabBar();
+    bar->setFont(fittedFont(QApplication::font(bar), QSize(kWidestTab, kTabTextHeight), Qt::AlignLeft,
+                            m_tabs->tabText(m_tabs->indexOf(m_accessPage))));
 }
 
 void SettingsView::savePages()

@@ -79,6 +79,7 @@ private:
     QMenu *addMenu(const QString &name);
     QAction *addAction(QMenu *menu, const QString &name, bool enabled);
     void updateTabTexts();
+    void fitTabTexts();
     void savePages();
     void reloadPages();
 

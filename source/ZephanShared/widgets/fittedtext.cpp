@@ -11,15 +11,19 @@ constexpr int kSmallestLetters = 9;  // pixels
 
 }  // namespace
 
-void showFitted(QLabel &label, const QString &text)
+QFont fittedFont(QFont font, const QSize &room, int flags, const QString &text)
 {
-    QFont font = QApplication::font(&label);
-    const QRect room(0, 0, label.width(), label.height());
+    const QRect area(QPoint(), room);
     const auto fits = [&] {
-        return room.contains(QFontMetrics(font).boundingRect(room, Qt::TextWordWrap, text));
+        return area.contains(QFontMetrics(font).boundingRect(area, flags, text));
     };
     for (int size = QFontInfo(font).pixelSize(); size > kSmallestLetters && !fits(); --size)
         font.setPixelSize(size - 1);
-    label.setFont(font);
+    return font;
+}
+
+void showFitted(QLabel &label, const QString &text)
+{
+    label.setFont(fittedFont(QApplication::font(&label), label.size(), Qt::TextWordWrap, text));
     label.setText(text);
 }

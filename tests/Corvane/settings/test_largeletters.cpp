@@ -2,6 +2,7 @@
 #include "Corvane/settings/searchsettingsview.h"
 #include "Corvane/settings/studysettingsview.h"
 #include "fieldpages.h"
+#include "settingsbench.h"
 #include "settingstest.h"
 #include "support/pluginfolder.h"
 
@@ -11,6 +12,8 @@
 #include <QLayout>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QTabBar>
+#include <QTabWidget>
 #include <QTest>
 
 #include <algorithm>
@@ -24,7 +27,10 @@ namespace {
 // A page in the smallest window.
 constexpr QSize kSmallestPage(796, 455);
 
-constexpr int kUsualLetters = 12;  // pixels
+constexpr int kTabHeight = 35;
+
+constexpr int kSmallLetters = 10;  // pixels
+constexpr int kUsualLetters = 12;
 constexpr int kLargeLetters = 20;
 constexpr int kHugeLetters = 24;
 
@@ -88,6 +94,8 @@ private slots:
     void aNewFieldIsInSightBelowTheOtherColumn();
     void theTitlesOfGroupsAreNotCovered_data();
     void theTitlesOfGroupsAreNotCovered();
+    void noTabCutsItsTwoLines_data();
+    void noTabCutsItsTwoLines();
 
 private:
     void useLetters(int pixels);
@@ -236,6 +244,28 @@ void TestLargeLetters::theTitlesOfGroupsAreNotCovered()
         const int titleBottom = kTitleTop + group->fontMetrics().height();
         QVERIFY2(group->layout()->contentsRect().top() >= titleBottom, qPrintable(group->title()));
     }
+}
+
+void TestLargeLetters::noTabCutsItsTwoLines_data()
+{
+    QTest::addColumn<int>("pixels");
+    QTest::addColumn<bool>("smaller");
+    QTest::newRow("small letters stay as they are") << kSmallLetters << false;
+    QTest::newRow("large letters become smaller") << kLargeLetters << true;
+}
+
+void TestLargeLetters::noTabCutsItsTwoLines()
+{
+    QFETCH(int, pixels);
+    QFETCH(bool, smaller);
+    useLetters(pixels);
+    SettingsBench bench(m_workstation, kAllRights);
+    const QTabBar *bar = child<QTabWidget>(bench.view(), "settings_tabs")->tabBar();
+    const QString text = bar->tabText(bar->count() - 1);
+    QCOMPARE(text.count(QLatin1Char('\n')), 1);
+    const QRect room(0, 0, 1000, 1000);
+    QVERIFY(bar->fontMetrics().boundingRect(room, Qt::AlignLeft, text).height() < kTabHeight);
+    QCOMPARE(bar->fontInfo().pixelSize() < pixels, smaller);
 }
 
 QTEST_MAIN(TestLargeLetters)
