@@ -43,7 +43,6 @@ signals:
     void logError(Actions::Action action, ZephanError errorCode, QVariant errorData);
     void disableAuditTrailViewer(bool disable);
     void disableAccessControlManagement(bool disable);
-    void databaseClicked();
 
 public slots:
     /// Takes over the operator's rights and shows the home view. A null pointer leaves the rights as they
