@@ -2,6 +2,7 @@
 
 #include "Corvane/settings/formparts.h"
 #include "ZephanShared/widgets/removebutton.h"
+#include "ZephanShared/widgets/returnkey.h"
 
 #include <QComboBox>
 #include <QEvent>
@@ -60,6 +61,7 @@ QToolButton *CustomPersonField::makeArrow(Qt::ArrowType arrow)
     button->setArrowType(arrow);
     button->setFocusPolicy(Qt::StrongFocus);
     button->setFixedSize(FormParts::kFieldHeight, FormParts::kFieldHeight);
+    clickByReturn(button);
     return button;
 }
 

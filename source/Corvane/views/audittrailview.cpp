@@ -4,6 +4,7 @@
 #include "CommunicationAndData/settings/settingskeys.h"
 #include "Corvane/views/audittrailquerymodel.h"
 #include "ZephanShared/widgets/dateedit.h"
+#include "ZephanShared/widgets/returnkey.h"
 #include "ZephanShared/widgets/selectionpopup.h"
 
 #include <QAction>
@@ -170,6 +171,7 @@ void AuditTrailView::buildConnectionButton()
     m_disconnectAction = menu->addAction(QString(), this, &AuditTrailView::disconnectFromDatabase);
     m_disconnectAction->setEnabled(false);
     m_connectButton->setMenu(menu);
+    clickByReturn(m_connectButton);
     // As of a combo box: by itself a tool button opens its menu for the mouse alone.
     auto *openMenu = new QShortcut(Qt::ALT + Qt::Key_Down, m_connectButton);
     openMenu->setContext(Qt::WidgetShortcut);

@@ -9,6 +9,7 @@
 #include "Corvane/views/zephansplash.h"
 #include "ZephanShared/toolkit/logger.h"
 #include "ZephanShared/toolkit/nativepath.h"
+#include "ZephanShared/widgets/returnkey.h"
 #include "ZephanShared/widgets/styleprinter.h"
 
 #include <QCoreApplication>
@@ -203,6 +204,9 @@ void CentralElement::buildHeader()
     addHeaderButton(m_menuButton, QStringLiteral("header_menu_button"), QStringLiteral(":/icons/menu.png"),
                     SLOT(showAbout()));
 
+    // Its own size is that of a button with a text.
+    m_homeButton->setFixedSize(m_settingsButton->sizeHint());
+
     m_title = new QLabel(tr("Title"), this);
     m_title->setObjectName(QStringLiteral("header_title"));
     m_title->setMaximumHeight(kTitleMaximumHeight);
@@ -218,6 +222,7 @@ void CentralElement::addHeaderButton(QAbstractButton *button, const QString &nam
     button->setObjectName(name);
     button->setIcon(QIcon(icon));
     button->setIconSize(kIconSize);
+    clickByReturn(button);
     connect(button, SIGNAL(clicked()), m_viewStacker, slot);
     m_header->addWidget(button);
 }

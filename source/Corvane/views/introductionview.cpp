@@ -1,6 +1,7 @@
 #include "Corvane/views/introductionview.h"
 
 #include "Corvane/views/productlabel.h"
+#include "ZephanShared/widgets/returnkey.h"
 
 #include <QGridLayout>
 #include <QIcon>
@@ -11,6 +12,7 @@ namespace {
 
 constexpr QSize kIconSize(144, 144);
 constexpr int kProductWidth = 300;
+constexpr int kWidestAlike = 240;  // three of them fit into the smallest window
 
 // Shares of the free height above the product label, between it and the buttons, and below them.
 constexpr int kStretchAbove = 13;
@@ -62,6 +64,7 @@ void IntroductionView::updateTexts()
     m_databaseButton->setText(tr("Database Management"));
     m_accessButton->setText(tr("Access Control Management"));
     m_auditTrailButton->setText(tr("Audit Trail Viewer"));
+    widenAlike();
 }
 
 void IntroductionView::disableAuditTrailView(bool disable)
@@ -81,8 +84,20 @@ QToolButton *IntroductionView::createButton(const QString &name, const QString &
     button->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     button->setIcon(QIcon(icon));
     button->setIconSize(kIconSize);
+    clickByReturn(button);
     connect(button, SIGNAL(clicked()), this, signal);
     return button;
+}
+
+/// The buttons that are seen are as wide as the one with the longest text, as long as the row fits.
+void IntroductionView::widenAlike()
+{
+    const QList<QToolButton *> seen = {m_settingsButton, m_accessButton, m_auditTrailButton};
+    int width = 0;
+    for (const QToolButton *button : seen)
+        width = qMax(width, button->sizeHint().width());
+    for (QToolButton *button : seen)
+        button->setMinimumWidth(qMin(width, kWidestAlike));
 }
 
 QGridLayout *IntroductionView::createButtonRow()

@@ -32,6 +32,7 @@ public slots:
 private:
     QToolButton *createButton(const QString &name, const QString &icon, const char *signal);
     QGridLayout *createButtonRow();
+    void widenAlike();
 
     QVBoxLayout *m_layout;
     QToolButton *m_settingsButton;

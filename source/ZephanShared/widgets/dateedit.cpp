@@ -3,6 +3,7 @@
 #include "ZephanShared/toolkit/plaintime.h"
 #include "ZephanShared/widgets/dateformathelper.h"
 #include "ZephanShared/widgets/datetyping.h"
+#include "ZephanShared/widgets/returnkey.h"
 #include "ZephanShared/widgets/styleprinter.h"
 
 #include <QCalendarWidget>
@@ -63,6 +64,7 @@ DateEdit::DateEdit(bool withTime, QWidget *parent)
     m_calendarButton->setIcon(QIcon(QStringLiteral(":/icons/calendar.png")));
     m_calendarButton->setIconSize(QSize(kButtonSize, kButtonSize));
     m_calendarButton->setFixedHeight(m_lineEdit->sizeHint().height());
+    clickByReturn(m_calendarButton);
 
     auto *row = new QHBoxLayout;
     row->addWidget(m_lineEdit, kEditStretch);

@@ -1,5 +1,6 @@
 #include "ZephanShared/widgets/removebutton.h"
 
+#include "ZephanShared/widgets/returnkey.h"
 #include "ZephanShared/widgets/styleprinter.h"
 
 #include <QIcon>
@@ -11,6 +12,7 @@ RemoveButton::RemoveButton(bool withStyle, QWidget *parent)
 {
     setIcon(QIcon(QStringLiteral(":/icons/delete.png")));
     setAccessibleName(tr("Remove custom field"));
+    clickByReturn(this);
     connect(this, SIGNAL(clicked()), this, SLOT(confirm()));
 }
 

@@ -23,6 +23,7 @@ private slots:
     void aRowWithANumberBelowTwoCanNotGoUp_data();
     void aRowWithANumberBelowTwoCanNotGoUp();
     void requestsAreToldAndTakenOnce();
+    void rowsMoveByReturn();
     void aRowWithoutAFieldGoesAtTheNextChange();
     void aHandedInRowWithAFreeNumberKeepsIt();
     void aHandedInRowReportsLikeTheOthers();
@@ -87,6 +88,17 @@ void TestCustomPersonField::requestsAreToldAndTakenOnce()
     QVERIFY(!row.takeMoveUp());
     QVERIFY(row.takeMoveDown());
     QVERIFY(!row.takeMoveDown());
+}
+
+void TestCustomPersonField::rowsMoveByReturn()
+{
+    setStored(kCustom, QStringLiteral("1:A=0:true,2:B=0:true"));
+    FieldSettingsView page;
+    show(page);
+    QTest::keyClick(rowPart(page, 0, kRowDown), Qt::Key_Return);
+    QCOMPARE(rowNames(page), (QStringList{"B", "A"}));
+    QTest::keyClick(rowPart(page, 1, kRowUp), Qt::Key_Enter);
+    QCOMPARE(rowNames(page), (QStringList{"A", "B"}));
 }
 
 void TestCustomPersonField::aRowWithoutAFieldGoesAtTheNextChange()

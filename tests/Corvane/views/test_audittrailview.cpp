@@ -31,6 +31,7 @@ private slots:
     void theScreenFromTopToBottom();
     void tabGoesFromTheFiltersToTheTableAndTheButton();
     void theConnectionMenuOpensByTheKeyboard();
+    void returnOnTheButtonConnects();
     void withoutAConnectionFiltersRaiseNoQueryAndNoEvent();
     void filters_data();
     void filters();
@@ -135,6 +136,14 @@ void TestAuditTrailView::theConnectionMenuOpensByTheKeyboard()
     QTest::keyClick(button, Qt::Key_Down, Qt::AltModifier);
     QVERIFY(!m_bench->disconnectAction()->isEnabled());
     QCOMPARE(m_bench->rows(), -1);
+}
+
+void TestAuditTrailView::returnOnTheButtonConnects()
+{
+    makeEncryptedLog(m_bench->log());
+    m_bench->openView();
+    QTest::keyClick(m_bench->find<QToolButton>("audit_connect_button"), Qt::Key_Return);
+    QCOMPARE(m_bench->rows(), 5);
 }
 
 void TestAuditTrailView::withoutAConnectionFiltersRaiseNoQueryAndNoEvent()

@@ -67,6 +67,7 @@ private slots:
     void headerIsHiddenOnTheLoginAndTheHomeView();
     void headerButtonsLeadToTheViews_data();
     void headerButtonsLeadToTheViews();
+    void headerButtonsAreAllOfOneSize();
     void menuButtonOpensTheAboutDialog();
     void missingRightsDisableTheHeaderButtons();
     void headerFollowsTheLanguage();
@@ -310,6 +311,21 @@ void TestCentralElement::headerButtonsLeadToTheViews()
     QTest::mouseClick(find(button), Qt::LeftButton);
     QCOMPARE(view(), className);
     QCOMPARE(qobject_cast<QLabel *>(find("header_title"))->text(), title);
+
+    m_element->findChild<ViewStacker *>()->showAuditTrail();
+    QTest::keyClick(find(button), Qt::Key_Return);
+    QCOMPARE(view(), className);
+}
+
+void TestCentralElement::headerButtonsAreAllOfOneSize()
+{
+    startWell();
+    m_element->findChild<ViewStacker *>()->showSettings();
+    QCoreApplication::sendPostedEvents();
+    for (const char *name : kHeaderButtons) {
+        QCOMPARE(find(name)->size(), find("header_settings_button")->size());
+        QCOMPARE(find(name)->y(), find("header_settings_button")->y());
+    }
 }
 
 void TestCentralElement::menuButtonOpensTheAboutDialog()

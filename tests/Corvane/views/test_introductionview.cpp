@@ -2,8 +2,11 @@
 #include "Corvane/views/productlabel.h"
 #include "ZephanShared/widgets/styleprinter.h"
 
+#include <QApplication>
 #include <QGridLayout>
+#include <QKeySequence>
 #include <QLabel>
+#include <QScopeGuard>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -46,6 +49,10 @@ private slots:
     void buttonsHaveTheirTextsAndStandInOneRow();
     void aClickEmitsTheButtonsSignalAlone_data();
     void aClickEmitsTheButtonsSignalAlone();
+    void aKeyEmitsTheButtonsSignalOnce_data();
+    void aKeyEmitsTheButtonsSignalOnce();
+    void buttonsAreAsWideAsTheWidest_data();
+    void buttonsAreAsWideAsTheWidest();
     void theDatabaseButtonCannotBeReached();
     void disablingIsRepeatableAndCanBeTakenBack_data();
     void disablingIsRepeatableAndCanBeTakenBack();
@@ -122,6 +129,64 @@ void TestIntroductionView::aClickEmitsTheButtonsSignalAlone()
     QCOMPARE(QVector<int>({settings.count(), database.count(), access.count(), auditTrail.count()}), counts);
 }
 
+void TestIntroductionView::aKeyEmitsTheButtonsSignalOnce_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("signal");
+    QTest::addColumn<int>("key");
+
+    const QList<QPair<QString, QByteArray>> buttons = {
+        {kSettings, SIGNAL(settingsClicked())},
+        {kAccess, SIGNAL(accessClicked())},
+        {kAuditTrail, SIGNAL(auditTrailClicked())},
+    };
+    for (const auto &entry : buttons) {
+        for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
+            const QString row = entry.first + QLatin1String(" by ") + QKeySequence(key).toString();
+            QTest::newRow(qPrintable(row)) << entry.first << entry.second << int(key);
+        }
+    }
+}
+
+void TestIntroductionView::aKeyEmitsTheButtonsSignalOnce()
+{
+    QFETCH(QString, name);
+    QFETCH(QByteArray, signal);
+    QFETCH(int, key);
+    const QSignalSpy clicked(m_view.get(), signal.constData());
+    m_view->show();
+    QTest::keyClick(button(name), static_cast<Qt::Key>(key));
+    QCOMPARE(clicked.count(), 1);
+}
+
+void TestIntroductionView::buttonsAreAsWideAsTheWidest_data()
+{
+    QTest::addColumn<int>("letters");
+
+    QTest::newRow("in usual letters") << 12;
+    QTest::newRow("in large letters") << 15;
+}
+
+void TestIntroductionView::buttonsAreAsWideAsTheWidest()
+{
+    QFETCH(int, letters);
+    const QFont usual = QApplication::font();
+    const auto restore = qScopeGuard([&] { QApplication::setFont(usual); });
+    QFont font = usual;
+    font.setPixelSize(letters);
+    QApplication::setFont(font);
+    IntroductionView view(nullptr, nullptr);
+    view.resize(780, 580);
+    view.show();
+    const auto width = [&view](const QString &name) {
+        return view.findChild<QToolButton *>(name)->width();
+    };
+    QVERIFY(width(kAccess) > 152);
+    QCOMPARE(width(kSettings), width(kAccess));
+    QCOMPARE(width(kAuditTrail), width(kAccess));
+    QCOMPARE(view.width(), 780);
+}
+
 void TestIntroductionView::theDatabaseButtonCannotBeReached()
 {
     const QSignalSpy database(m_view.get(), SIGNAL(databaseClicked()));
@@ -130,7 +195,8 @@ void TestIntroductionView::theDatabaseButtonCannotBeReached()
     QVERIFY(!hidden->isVisible());
     QVERIFY(!hidden->isEnabled());
     QTest::mouseClick(hidden, Qt::LeftButton);
-    QTest::keyClick(hidden, Qt::Key_Space);
+    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter})
+        QTest::keyClick(hidden, key);
     QCOMPARE(database.count(), 0);
 }
 

@@ -54,6 +54,7 @@ private slots:
     void noNameOfADayIsCut();
     void calendarStaysOnTheScreen();
     void aClickThatAlsoActivatesChoosesTheDayOnce();
+    void theCalendarOpensByReturn();
     void aDayIsChosenInTheCalendarWithTheKeyboard();
     void escapeClosesTheCalendarAndKeepsTheText();
     void aSecondPressOfTheButtonClosesTheCalendar();
@@ -224,6 +225,13 @@ void TestDateEditCalendar::aClickThatAlsoActivatesChoosesTheDayOnce()
     QCOMPARE(changed.count(), 1);
     QCOMPARE(form.text(), QStringLiteral("20.06.2016"));
     QVERIFY(calendar->isHidden());
+}
+
+void TestDateEditCalendar::theCalendarOpensByReturn()
+{
+    const DateForm form;
+    QTest::keyClick(form.date->calendarButton(), Qt::Key_Return);
+    QTRY_VERIFY(form.calendar()->isVisible());
 }
 
 void TestDateEditCalendar::aDayIsChosenInTheCalendarWithTheKeyboard()

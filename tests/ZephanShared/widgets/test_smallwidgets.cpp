@@ -2,17 +2,22 @@
 #include "ZephanShared/widgets/combowithuuid.h"
 #include "ZephanShared/widgets/logindialog.h"
 #include "ZephanShared/widgets/removebutton.h"
+#include "ZephanShared/widgets/returnkey.h"
 #include "ZephanShared/widgets/selectionpopup.h"
 #include "ZephanShared/widgets/styleprinter.h"
 #include "support/messageboxes.h"
 
 #include <QAccessible>
 #include <QDialogButtonBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
+#include <QToolButton>
+
+#include <memory>
 
 namespace {
 
@@ -78,6 +83,8 @@ private slots:
     void removeButtonAnswers();
     void removeButtonKeys_data();
     void removeButtonKeys();
+    void removeButtonAsksByTheKeyboard_data();
+    void removeButtonAsksByTheKeyboard();
     void styledQuestionIsFramelessOverTheButton();
     void plainQuestionHasNoStyle();
 
@@ -91,6 +98,10 @@ private slots:
     void loginDialogHasNoCloseButton();
     void loginDialogAnswers_data();
     void loginDialogAnswers();
+
+    void returnClicksAButton_data();
+    void returnClicksAButton();
+    void aHeldReturnClicksOnce();
 
     void selectionListOpensAndClosesWithoutAClick();
     void typingInASelectionListFindsAnItemAndPicksNothing();
@@ -221,6 +232,26 @@ void TestSmallWidgets::removeButtonKeys()
     QCOMPARE(removed.count(), 0);
 }
 
+void TestSmallWidgets::removeButtonAsksByTheKeyboard_data()
+{
+    QTest::addColumn<int>("key");
+
+    QTest::newRow("Return") << int(Qt::Key_Return);
+    QTest::newRow("Enter of the number pad") << int(Qt::Key_Enter);
+    QTest::newRow("Space") << int(Qt::Key_Space);
+}
+
+void TestSmallWidgets::removeButtonAsksByTheKeyboard()
+{
+    QFETCH(int, key);
+    RemoveButton button(false, nullptr);
+    const QSignalSpy removed(&button, SIGNAL(deleteCustomField()));
+    const MessageBoxes boxes({QStringLiteral("Ok")});
+    QTest::keyClick(&button, static_cast<Qt::Key>(key));
+    QCOMPARE(boxes.seen().size(), 1);
+    QCOMPARE(removed.count(), 1);
+}
+
 void TestSmallWidgets::styledQuestionIsFramelessOverTheButton()
 {
     QWidget window;
@@ -343,6 +374,48 @@ void TestSmallWidgets::loginDialogAnswers()
     QCOMPARE(dialog.result(), result);
     QCOMPARE(dialog.username(), QStringLiteral("ben"));
     QCOMPARE(dialog.password(), QStringLiteral("x y"));
+}
+
+void TestSmallWidgets::returnClicksAButton_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<bool>("enabled");
+    QTest::addColumn<int>("clicks");
+
+    QTest::newRow("Return clicks") << int(Qt::Key_Return) << true << 1;
+    QTest::newRow("Enter of the number pad clicks") << int(Qt::Key_Enter) << true << 1;
+    QTest::newRow("Space clicks as before") << int(Qt::Key_Space) << true << 1;
+    QTest::newRow("a letter does nothing") << int(Qt::Key_A) << true << 0;
+    QTest::newRow("a disabled button is not clicked") << int(Qt::Key_Return) << false << 0;
+}
+
+void TestSmallWidgets::returnClicksAButton()
+{
+    QFETCH(int, key);
+    QFETCH(bool, enabled);
+    QFETCH(int, clicks);
+    for (QAbstractButton *button :
+         {static_cast<QAbstractButton *>(new QToolButton), static_cast<QAbstractButton *>(new QPushButton)}) {
+        const std::unique_ptr<QAbstractButton> owner(button);
+        clickByReturn(button);
+        button->setEnabled(enabled);
+        const QSignalSpy clicked(button, SIGNAL(clicked()));
+        button->show();
+        QTest::keyClick(button, static_cast<Qt::Key>(key));
+        QCOMPARE(clicked.count(), clicks);
+    }
+}
+
+void TestSmallWidgets::aHeldReturnClicksOnce()
+{
+    QToolButton button;
+    clickByReturn(&button);
+    const QSignalSpy clicked(&button, SIGNAL(clicked()));
+    for (const bool repeated : {false, true, true}) {
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QString(), repeated);
+        QCoreApplication::sendEvent(&button, &press);
+    }
+    QCOMPARE(clicked.count(), 1);
 }
 
 void TestSmallWidgets::selectionListOpensAndClosesWithoutAClick()
