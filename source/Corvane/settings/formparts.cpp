@@ -1,6 +1,7 @@
 #include "Corvane/settings/formparts.h"
 
 #include "ZephanShared/toolkit/nativepath.h"
+#include "ZephanShared/widgets/returnkey.h"
 #include "ZephanShared/widgets/wrappingcheckbox.h"
 
 #include <QBoxLayout>
@@ -202,6 +203,7 @@ QPushButton *addButton(QBoxLayout *layout, const QString &name)
     auto *button = new QPushButton;
     button->setObjectName(name);
     button->setFixedHeight(kButtonHeight);
+    clickByReturn(button);
     layout->addWidget(button);
     return button;
 }

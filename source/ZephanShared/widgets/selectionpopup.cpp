@@ -1,5 +1,7 @@
 #include "ZephanShared/widgets/selectionpopup.h"
 
+#include "ZephanShared/widgets/returnkey.h"
+
 #include <QEvent>
 #include <QKeyEvent>
 #include <QPushButton>
@@ -22,6 +24,7 @@ SelectionPopup::SelectionPopup(QPushButton *button, QWidget *parent)
     setAttribute(Qt::WA_NoMouseReplay);
     setSelectionMode(QAbstractItemView::MultiSelection);
     m_button->setCheckable(true);
+    clickByReturn(m_button);
     // Assistive technology checks the button without a click. After a click there is nothing left to do.
     connect(m_button, &QPushButton::toggled, this, &SelectionPopup::followButton, Qt::QueuedConnection);
     hide();

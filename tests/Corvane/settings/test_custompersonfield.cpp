@@ -23,7 +23,7 @@ private slots:
     void aRowWithANumberBelowTwoCanNotGoUp_data();
     void aRowWithANumberBelowTwoCanNotGoUp();
     void requestsAreToldAndTakenOnce();
-    void rowsMoveByReturn();
+    void rowsAreAddedAndMoveByReturn();
     void aRowWithoutAFieldGoesAtTheNextChange();
     void aHandedInRowWithAFreeNumberKeepsIt();
     void aHandedInRowReportsLikeTheOthers();
@@ -90,7 +90,7 @@ void TestCustomPersonField::requestsAreToldAndTakenOnce()
     QVERIFY(!row.takeMoveDown());
 }
 
-void TestCustomPersonField::rowsMoveByReturn()
+void TestCustomPersonField::rowsAreAddedAndMoveByReturn()
 {
     setStored(kCustom, QStringLiteral("1:A=0:true,2:B=0:true"));
     FieldSettingsView page;
@@ -99,6 +99,8 @@ void TestCustomPersonField::rowsMoveByReturn()
     QCOMPARE(rowNames(page), (QStringList{"B", "A"}));
     QTest::keyClick(rowPart(page, 1, kRowUp), Qt::Key_Enter);
     QCOMPARE(rowNames(page), (QStringList{"A", "B"}));
+    QTest::keyClick(child<QPushButton>(page, "add_custom_field"), Qt::Key_Return);
+    QCOMPARE(rowNames(page), (QStringList{"A", "B", "New field"}));
 }
 
 void TestCustomPersonField::aRowWithoutAFieldGoesAtTheNextChange()

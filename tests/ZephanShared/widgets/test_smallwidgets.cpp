@@ -104,6 +104,7 @@ private slots:
     void aHeldReturnClicksOnce();
 
     void selectionListOpensAndClosesWithoutAClick();
+    void aSelectionListOpensByReturn();
     void typingInASelectionListFindsAnItemAndPicksNothing();
 };
 
@@ -442,6 +443,21 @@ void TestSmallWidgets::selectionListOpensAndClosesWithoutAClick()
     button.click();
     QCoreApplication::processEvents();
     QVERIFY(!list.isVisible());
+}
+
+void TestSmallWidgets::aSelectionListOpensByReturn()
+{
+    QPushButton button;
+    SelectionPopup list(&button, &button);
+    list.addItem(QStringLiteral("one"));
+    connect(&button, &QPushButton::clicked, &list, &SelectionPopup::showOrHide);
+    button.show();
+    QTest::keyClick(&button, Qt::Key_Return);
+    QVERIFY(list.isVisible());
+    QTest::keyClick(&list, Qt::Key_Escape);
+    QVERIFY(!list.isVisible());
+    QTest::keyClick(&button, Qt::Key_Enter);
+    QVERIFY(list.isVisible());
 }
 
 void TestSmallWidgets::typingInASelectionListFindsAnItemAndPicksNothing()
