@@ -153,12 +153,13 @@ ActionLogFile::Health ActionLogFile::examine()
         if (health != Health::Sound)
             return health;
     }
-    if (entries != QLatin1String("0") && !holdsActionLog()) {
-        setErrorText(QStringLiteral("The file holds other tables than those of the action log"));
-        return Health::Damaged;
+    if (entries != QLatin1String("0")) {
+        const Health health = lookForActionLog();
+        if (health != Health::Sound)
+            return health;
     }
     run(QStringLiteral("PRAGMA journal_mode = WAL"));
-    run(QStringLiteral("PRAGMA synchronous = FULL"));
+    syncAtEachEvent();
     const Health health = complete();
     return health == Health::Sound ? tryToWrite() : health;
 }
@@ -176,11 +177,17 @@ ActionLogFile::Health ActionLogFile::readThrough()
     return Health::Damaged;
 }
 
-bool ActionLogFile::holdsActionLog()
+ActionLogFile::Health ActionLogFile::lookForActionLog()
 {
     const QString statement =
         QStringLiteral("SELECT count(*) FROM sqlite_master WHERE type = 'table' AND name = '%1'");
-    return run(statement.arg(QLatin1String(ActionLogTable::kTable))) == QLatin1String("1");
+    const QString tables = run(statement.arg(QLatin1String(ActionLogTable::kTable)));
+    if (!succeeded())
+        return healthOfError();
+    if (tables == QLatin1String("1"))
+        return Health::Sound;
+    setErrorText(QStringLiteral("The file holds other tables than those of the action log"));
+    return Health::Damaged;
 }
 
 ActionLogFile::Health ActionLogFile::complete()
@@ -247,10 +254,17 @@ bool ActionLogFile::write(const ActionLogEntry &entry)
 {
     if (!ActionLogWriter::write(entry))
         return false;
-    if (FileIdentity::of(m_path) == m_file && FileIdentity::of(m_path + kJournalSuffix) == m_journal)
+    if (isInPlace())
         return true;
     setErrorText(QStringLiteral("The file of the action log was removed or replaced"));
     return false;
+}
+
+/// A log that was opened without a write-ahead journal may get one from another program.
+bool ActionLogFile::isInPlace() const
+{
+    return FileIdentity::of(m_path) == m_file &&
+           (m_journal.isNull() || FileIdentity::of(m_path + kJournalSuffix) == m_journal);
 }
 
 void ActionLogFile::close()

@@ -26,11 +26,12 @@ private:
     Health openFile();
     Health examine();
     Health readThrough();
-    bool holdsActionLog();
+    Health lookForActionLog();
     Health complete();
     Health tryToWrite();
     Health healthOfError() const;
     bool moveAside();
+    bool isInPlace() const;
 
     const QString m_directory;
     const QString m_path;

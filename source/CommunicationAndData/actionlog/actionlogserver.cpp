@@ -59,7 +59,7 @@ bool ActionLogServer::connect()
         return false;
     m_server = SqlSchema::serverOf(database());
     if (m_server == QSqlDriver::SQLite)
-        run(QStringLiteral("PRAGMA synchronous = FULL"));
+        syncAtEachEvent();
     return true;
 }
 

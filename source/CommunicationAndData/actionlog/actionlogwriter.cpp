@@ -92,6 +92,13 @@ QString ActionLogWriter::run(const QString &statement)
     return value;
 }
 
+/// A journal that is removed, as a log without a write-ahead one has it, has to be gone from its folder on
+/// disk as well: one that a power failure brings back would take the event away again.
+void ActionLogWriter::syncAtEachEvent()
+{
+    run(QStringLiteral("PRAGMA synchronous = EXTRA"));
+}
+
 bool ActionLogWriter::completeTables(QSqlDriver::DbmsType server)
 {
     if (!hasTables()) {

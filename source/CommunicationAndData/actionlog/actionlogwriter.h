@@ -58,6 +58,8 @@ protected:
     }
     void setErrorText(const QString &text);
 
+    /// Of an SQLite database: whatever is written is on disk when the statement is done.
+    void syncAtEachEvent();
     /// Makes the tables and the hash where they are missing. \return whether both tables are as they should
     /// be
     bool completeTables(QSqlDriver::DbmsType server);

@@ -30,16 +30,14 @@ public:
     ///
     /// \param applicationName  name of the program
     /// \param interactive      a person works with the program
-    /// \return  0 when `engineInitialized` will follow from the event loop; `kActionLogNotOpened` when the
-    /// log
-    ///          can be neither opened nor made; `kEngineNotReady` when it is open already
+    /// \return  0 when `engineInitialized` will follow from the event loop; `kActionLogNotOpened` when there
+    ///          is no log to be had; `kEngineNotReady` when it is open already
     unsigned initializeEngine(const QString &applicationName, bool interactive);
 
     /// Completes the log and lets go of it; later events are dropped with a line in the run-time log.
     ///
-    /// \return  0 when `engineShutdown` will follow from the event loop; `kEngineNotReady` when the log is
-    /// not
-    ///          open
+    /// \return  0 when `engineShutdown` will follow from the event loop; `kEngineNotReady` when no log is
+    /// open
     unsigned shutdownEngine();
 
 public slots:

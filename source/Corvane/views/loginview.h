@@ -4,6 +4,8 @@
 #include "ZephanShared/toolkit/uuidstring.h"
 #include "ZephanShared/widgets/baseview.h"
 
+#include <QPointer>
+
 class AccessControl;
 class ClickableLineEdit;
 class QComboBox;
@@ -98,7 +100,7 @@ private:
     QPushButton *m_goBackButton = nullptr;
 
     QLabel *m_statusLabel = nullptr;
-    SupportConnectionHandler *m_handler;
+    QPointer<SupportConnectionHandler> m_handler;
     QString m_currentUser;  ///< domain, backslash, user
     UuidString m_operatorId;
     AccessControl *m_accessControl = nullptr;

@@ -1,6 +1,7 @@
 #include "CommunicationAndData/settings/settingshandler.h"
 #include "actionlogreader.h"
 #include "enginerun.h"
+#include "support/ordinaryuser.h"
 #include "support/workstation.h"
 
 #include <QDir>
@@ -78,6 +79,8 @@ private slots:
     void fullDiskIsACriticalError_data();
     void fullDiskIsACriticalError();
     void fullDiskAtTheStartIsNoDamage();
+    void forbiddenLogIsNoStartAndNoDamage_data();
+    void forbiddenLogIsNoStartAndNoDamage();
 
 private:
     QString directory() const;
@@ -224,6 +227,47 @@ void TestEngineProcesses::fullDiskAtTheStartIsNoDamage()
     QVERIFY(shell.waitForFinished(kPatience));
     const QByteArray line = shell.readAllStandardOutput().trimmed();
     QVERIFY2(line.startsWith("error ") || line.startsWith("ready\ncritical "), line);
+    QVERIFY(QDir(directory()).entryList({QStringLiteral("*damaged*")}).isEmpty());
+    QCOMPARE(infos(), QStringList(QStringLiteral("old")));
+}
+
+void TestEngineProcesses::forbiddenLogIsNoStartAndNoDamage_data()
+{
+    QTest::addColumn<int>("ofFile");
+    QTest::addColumn<int>("ofDirectory");
+    QTest::addColumn<ZephanError>("error");
+
+    QTest::newRow("a file that may only be read is a bad start")
+        << 0x4444 << 0x7777 << ZephanErrors::kActionLogNotWritten;
+    QTest::newRow("a file that may not even be read is refused")
+        << 0 << 0x7777 << ZephanErrors::kActionLogNotOpened;
+    QTest::newRow("a directory that may only be read is refused")
+        << 0x6666 << 0x5555 << ZephanErrors::kActionLogNotOpened;
+}
+
+void TestEngineProcesses::forbiddenLogIsNoStartAndNoDamage()
+{
+    QFETCH(int, ofFile);
+    QFETCH(int, ofDirectory);
+    QFETCH(ZephanError, error);
+
+    {
+        EngineRun run;
+        QCOMPARE(run.start(), 0U);
+        run.log(QStringLiteral("old"));
+        QCOMPARE(run.engine.shutdownEngine(), 0U);
+    }
+    QVERIFY(QFile::setPermissions(m_workstation.path(QString()), QFile::Permissions(0x7777)));
+    QVERIFY(QFile::setPermissions(directory() + QStringLiteral("/actionlog.db"), QFile::Permissions(ofFile)));
+    QVERIFY(QFile::setPermissions(directory(), QFile::Permissions(ofDirectory)));
+    {
+        const OrdinaryUser user;
+        EngineRun run;
+        QCOMPARE(run.start(), error);
+        QCOMPARE(run.engine.shutdownEngine(), ZephanErrors::kEngineNotReady);
+    }
+    QVERIFY(QFile::setPermissions(directory(), QFile::Permissions(0x7777)));
+    QVERIFY(QFile::setPermissions(directory() + QStringLiteral("/actionlog.db"), QFile::Permissions(0x6666)));
     QVERIFY(QDir(directory()).entryList({QStringLiteral("*damaged*")}).isEmpty());
     QCOMPARE(infos(), QStringList(QStringLiteral("old")));
 }
