@@ -20,7 +20,7 @@ namespace {
 constexpr int kEvents = 600;
 
 // Milliseconds: longer than the engine waits for a lock, and shorter than it waits for two.
-constexpr int kBetweenTwoWaits = 7500;
+constexpr int kBetweenTwoWaits = 8000;
 
 void useSqliteBehindOdbc(const QString &file)
 {
