@@ -58,6 +58,7 @@ private slots:
     void aChangedSettingIsSavedAndFoundRecorded();
     void settingsAreSavedByTheEndOfTheProgramWithTheKeyboardAlone();
     void anotherAdministratorSignsInWithAPassword();
+    void theWindowStaysLightOnADarkDesktop();
     void operatorsSignInByEveryWayOnTheDemonstrationWorkstation();
     void aRoleAndAUserAreAddedWithTheKeyboardAloneAndTheUserMayDoWhatTheRoleAllows();
     void aChangedSettingIsDistributedAndLoadedBack();
@@ -190,6 +191,12 @@ void TestRoad::anotherAdministratorSignsInWithAPassword()
     const QVector<Event> events = m_workstation->recorded();
     QVERIFY2(events == expected, describe(events).constData());
     QVERIFY(!m_workstation->runtimeLog().contains("corvane-e2e-secret"));
+}
+
+void TestRoad::theWindowStaysLightOnADarkDesktop()
+{
+    const Output walk = m_workstation->drive(QStringLiteral("darkdesktop.py"), QStringLiteral("dark"));
+    QVERIFY2(walk.exitCode == 0, walk.text.constData());
 }
 
 void TestRoad::operatorsSignInByEveryWayOnTheDemonstrationWorkstation()

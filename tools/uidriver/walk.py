@@ -30,6 +30,7 @@ class Walk:
         path = os.path.join(self.folder, "%02d-%s.png" % (self.count, name))
         self.screen.screenshot(path)
         print("  " + path, flush=True)
+        return path
 
     def sign_in(self):
         program = self.program

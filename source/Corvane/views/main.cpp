@@ -15,6 +15,7 @@
 #include <QPixmap>
 #include <QPointer>
 #include <QSettings>
+#include <QStyle>
 #include <QStyleFactory>
 #include <QTranslator>
 
@@ -133,6 +134,8 @@ int main(int argc, char *argv[])
     showSplash(splash);
 
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("fusion")));
+    // Style sheets, logo and icons are made for light ground, so a dark desktop does not lend its colours.
+    QApplication::setPalette(QApplication::style()->standardPalette());
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Halvorn Corvane"));
     QGuiApplication::setWindowIcon(programIcon());
 
