@@ -2,6 +2,7 @@
 
 #include "Corvane/accesscontrol/accessrole.h"
 #include "Corvane/settings/formparts.h"
+#include "ZephanShared/widgets/onelinevalidator.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -29,6 +30,7 @@ AccessRoleEditDialog::AccessRoleEditDialog(QWidget *parent)
 void AccessRoleEditDialog::buildName(QVBoxLayout *layout)
 {
     m_nameEdit = new QLineEdit(this);
+    new OneLineValidator(m_nameEdit);
     m_nameEdit->setObjectName(QStringLiteral("role_name_edit"));
     m_nameEdit->setMinimumWidth(kNameWidth);
     m_nameEdit->setFixedHeight(FormParts::kFieldHeight);

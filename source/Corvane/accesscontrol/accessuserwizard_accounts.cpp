@@ -2,6 +2,7 @@
 
 #include "CommunicationAndData/access/accessmethodsystem.h"
 #include "Corvane/settings/formparts.h"
+#include "ZephanShared/widgets/onelinevalidator.h"
 #include "ZephanShared/widgets/waitcursor.h"
 
 #include <QComboBox>
@@ -87,6 +88,7 @@ void AccessUserWizard::setManualEntry()
 void AccessUserWizard::buildManualEntry()
 {
     m_manualEdit = new QLineEdit(m_manualWidget);
+    new OneLineValidator(m_manualEdit);
     m_manualEdit->setObjectName(QStringLiteral("manual_edit"));
     m_manualEdit->setFixedHeight(FormParts::kFieldHeight);
     connect(m_manualEdit, SIGNAL(textChanged(QString)), this, SLOT(customEdited(QString)));

@@ -3,6 +3,7 @@
 #include "CommunicationAndData/access/passwordhelper.h"
 #include "Corvane/settings/formparts.h"
 #include "ZephanShared/widgets/combowithuuid.h"
+#include "ZephanShared/widgets/onelinevalidator.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
@@ -99,6 +100,7 @@ void AccessUserWizard::addCredentials(const OperatorModel &oper, bool managed)
 QLineEdit *AccessUserWizard::addEdit(int field, const char *name, const QString &text)
 {
     auto *edit = new QLineEdit(text, this);
+    new OneLineValidator(edit);
     edit->setObjectName(QLatin1String(name));
     edit->setCursorPosition(0);
     connect(edit, SIGNAL(textEdited(QString)), this, SLOT(userEdited()));

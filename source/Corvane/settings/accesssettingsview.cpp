@@ -3,6 +3,7 @@
 #include "CommunicationAndData/settings/settingshandler.h"
 #include "CommunicationAndData/settings/settingskeys.h"
 #include "Corvane/settings/formparts.h"
+#include "ZephanShared/widgets/onelinevalidator.h"
 #include "ZephanShared/widgets/wrappingcheckbox.h"
 
 #include <QComboBox>
@@ -160,7 +161,7 @@ QWidget *AccessSettingsView::buildAudit(QWidget *parent)
     m_auditLocation = new QLineEdit(frame);
     m_auditLocation->setObjectName(QStringLiteral("audit_trail_location"));
     m_auditLocation->setFixedHeight(FormParts::kFieldHeight);
-    FormParts::keepOneLine(m_auditLocation);
+    new OneLineValidator(m_auditLocation);
     layout->addWidget(m_auditLocation);
 
     m_onlineTitle = FormParts::addTitle(layout);

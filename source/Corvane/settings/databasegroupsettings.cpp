@@ -5,6 +5,7 @@
 #include "CommunicationAndData/settings/settingskeys.h"
 #include "Corvane/settings/formparts.h"
 #include "ZephanShared/toolkit/nativepath.h"
+#include "ZephanShared/widgets/onelinevalidator.h"
 
 #include <QComboBox>
 #include <QFileDialog>
@@ -174,6 +175,7 @@ QLineEdit *DatabaseGroupSettings::addField(const char *name, QLabel *label)
     field->setObjectName(QLatin1String(name));
     field->setFixedHeight(FormParts::kFieldHeight);
     field->setEnabled(m_editable);
+    new OneLineValidator(field);
     label->setBuddy(field);
     m_layout->addWidget(field);
     return field;

@@ -1,6 +1,7 @@
 #include "Corvane/settings/formparts.h"
 
 #include "ZephanShared/toolkit/nativepath.h"
+#include "ZephanShared/widgets/onelinevalidator.h"
 #include "ZephanShared/widgets/returnkey.h"
 #include "ZephanShared/widgets/wrappingcheckbox.h"
 
@@ -13,7 +14,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QRegularExpression>
 #include <QScrollArea>
 #include <QScrollBar>
 
@@ -215,7 +215,7 @@ QLineEdit *addEditWithButton(QBoxLayout *layout, const QString &name, QPushButto
     auto *edit = new QLineEdit;
     edit->setObjectName(name);
     edit->setFixedHeight(kFieldHeight);
-    keepOneLine(edit);
+    new OneLineValidator(edit);
     row->addWidget(edit);
     button = addButton(row, name + QStringLiteral("_browse"));
     return edit;
@@ -231,17 +231,6 @@ void setBold(QLabel *label)
 void leaveWheelToPage(QWidget *widget)
 {
     new WheelGuard(widget);
-}
-
-void keepOneLine(QLineEdit *edit)
-{
-    QObject::connect(edit, &QLineEdit::textEdited, edit, [edit](QString text) {
-        static const QRegularExpression lineEnds(QStringLiteral("[\\r\\n\\x{2028}\\x{2029}]"));
-        const int length = text.size();
-        text.remove(lineEnds);
-        if (text.size() != length)
-            edit->setText(text);
-    });
 }
 
 void setLabelText(QLabel *label, QWidget *field, const QString &text)

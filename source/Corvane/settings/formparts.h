@@ -50,10 +50,6 @@ void setBold(QLabel *label);
 /// Keeps the wheel from changing a widget that doesn't have the focus: the page scrolls instead.
 void leaveWheelToPage(QWidget *widget);
 
-/// Takes the line ends out of what is pasted or dropped: an edit shows them as blanks, and no application
-/// would find what a path with them stands for.
-void keepOneLine(QLineEdit *edit);
-
 /// Sets a label's text and names the widget that it stands by after it.
 void setLabelText(QLabel *label, QWidget *field, const QString &text);
 

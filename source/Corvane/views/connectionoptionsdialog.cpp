@@ -1,5 +1,7 @@
 #include "Corvane/views/connectionoptionsdialog.h"
 
+#include "ZephanShared/widgets/onelinevalidator.h"
+
 #include <QComboBox>
 #include <QFileDialog>
 #include <QGridLayout>
@@ -148,8 +150,10 @@ void ConnectionOptionsDialog::buildButtons()
     m_grid->addWidget(m_cancelButton, kAreaRow + 1, 1, Qt::AlignRight);
     connect(m_saveButton, &QPushButton::clicked, this, &ConnectionOptionsDialog::handleSaveClicked);
     connect(m_cancelButton, &QPushButton::clicked, this, &ConnectionOptionsDialog::handleCancelClicked);
-    for (QLineEdit *edit : {m_username, m_password, m_location})
+    for (QLineEdit *edit : {m_username, m_password, m_location}) {
+        new OneLineValidator(edit);
         connect(edit, SIGNAL(textChanged(QString)), this, SLOT(handleSaveButtonState()));
+    }
 }
 
 QLabel *ConnectionOptionsDialog::makeLabel(const QString &text, QWidget *parent) const

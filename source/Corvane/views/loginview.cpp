@@ -6,6 +6,7 @@
 #include "ZephanShared/toolkit/logger.h"
 #include "ZephanShared/widgets/clickablelineedit.h"
 #include "ZephanShared/widgets/fittedtext.h"
+#include "ZephanShared/widgets/onelinevalidator.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -191,6 +192,7 @@ QComboBox *LoginView::createLoginCombo(const QString &name)
 ClickableLineEdit *LoginView::createField(const QString &name)
 {
     auto *field = new ClickableLineEdit(this);
+    new OneLineValidator(field);
     field->setObjectName(name);
     field->setFixedSize(kFieldSize);
     return field;

@@ -1,5 +1,7 @@
 #include "ZephanShared/widgets/columnlineedit.h"
 
+#include "ZephanShared/widgets/onelinevalidator.h"
+
 #include <QUuid>
 
 ColumnLineEdit::ColumnLineEdit(QString text, UuidString id, QWidget *parent)
@@ -7,6 +9,7 @@ ColumnLineEdit::ColumnLineEdit(QString text, UuidString id, QWidget *parent)
     , m_savedText(text)
     , m_id(id.isNull() ? UuidString(QUuid::createUuid().toString()) : id)
 {
+    new OneLineValidator(this);
     connect(this, SIGNAL(editingFinished()), this, SLOT(edited()));
 }
 
@@ -17,6 +20,7 @@ ColumnLineEdit::ColumnLineEdit(ColumnLineEdit *other)
     , m_id(other->m_id)
     , m_updated(other->m_updated)
 {
+    new OneLineValidator(this);
     connect(this, SIGNAL(editingFinished()), this, SLOT(edited()));
 }
 

@@ -1,5 +1,7 @@
 #include "ZephanShared/widgets/logindialog.h"
 
+#include "ZephanShared/widgets/onelinevalidator.h"
+
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -39,6 +41,8 @@ LoginDialog::LoginDialog(const QString &username, const QString &password, const
     m_username->setObjectName(QStringLiteral("username_edit"));
     m_password->setObjectName(QStringLiteral("password_edit"));
     m_password->setEchoMode(QLineEdit::Password);
+    new OneLineValidator(m_username);
+    new OneLineValidator(m_password);
 
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(new QLabel(caption));

@@ -4,6 +4,8 @@
 #include "support/messageboxes.h"
 
 #include <QAccessible>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QTest>
 
@@ -41,6 +43,7 @@ class TestAccessRoleEditor : public QObject
 private slots:
     void itsTextsAreThese();
     void aNewRoleHasTheTypedName();
+    void aPastedNameLosesTheEndOfItsLine();
     void aNewRoleThatIsCancelledIsNone_data();
     void aNewRoleThatIsCancelledIsNone();
     void aNewRoleWithoutANameIsGivenToTheView();
@@ -88,6 +91,17 @@ void TestAccessRoleEditor::aNewRoleHasTheTypedName()
     QCOMPARE(role->roleName(), text("Head nurse"));
     QCOMPARE(role->roleID(), 0u);
     QCOMPARE(role->accessTypes(), 0);
+    QVERIFY(steps.areDone());
+}
+
+void TestAccessRoleEditor::aPastedNameLosesTheEndOfItsLine()
+{
+    QGuiApplication::clipboard()->setText(text("Head nurse\r\n"));
+    const EditorSteps steps(
+        {[](QDialog &dialog) { shown<QLineEdit>(dialog, kName)->paste(); }, press("save_button")});
+    const Role role = AccessRole::newRole();
+    QVERIFY(role);
+    QCOMPARE(role->roleName(), text("Head nurse"));
     QVERIFY(steps.areDone());
 }
 

@@ -16,6 +16,7 @@ private slots:
     void theReturnKeyPressesTheButtonThatHasTheFocus();
     void aReturnKeyThatIsHeldDownRemovesNothing_data();
     void aReturnKeyThatIsHeldDownRemovesNothing();
+    void whatIsPastedLosesTheEndOfItsLine();
     void theTabulatorGoesFromTopToBottom();
     void screenReadersAreToldEachName();
 };
@@ -63,6 +64,18 @@ void TestAccessUserWizardKeys::aReturnKeyThatIsHeldDownRemovesNothing()
              int(QDialog::Rejected));
     QVERIFY(boxes.seen().isEmpty());
     QVERIFY(!button.deleted());
+}
+
+void TestAccessUserWizardKeys::whatIsPastedLosesTheEndOfItsLine()
+{
+    const OperatorModel oper = newInternalUser(
+        {typeInto("last_name_edit", text("Lovelace\r\n")), typeInto("username_edit", text("ada\n")),
+         typeInto("password_edit", text("secret\n")), typeInto("confirm_edit", text("secret")),
+         press("save_button")});
+    QVERIFY(oper);
+    QCOMPARE(oper->lastName(), text("Lovelace"));
+    QCOMPARE(oper->username(), text("ada"));
+    QVERIFY(PasswordHelper::isPassword(text("secret"), oper->salt(), oper->passwordHash()));
 }
 
 void TestAccessUserWizardKeys::theTabulatorGoesFromTopToBottom()

@@ -1,6 +1,7 @@
 #include "Corvane/settings/databasegroupfixture.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
@@ -22,6 +23,7 @@ private slots:
     void choosingAnotherDatabaseSavesTheOneShown();
     void theStoreKeepsNameAndPasswordUnreadable();
     void theMapIsWrittenAndTheStoreIsNot();
+    void whatIsPastedLosesTheEndOfItsLine();
     void driverParametersAreAlwaysSavedEmpty();
     void sqlTypes_data();
     void sqlTypes();
@@ -180,6 +182,18 @@ void TestDatabaseGroupSettings::theMapIsWrittenAndTheStoreIsNot()
                                {text("supportdb/driverparams"), QString()},
                                {text("supportdb/sqltype"), 1}}));
     QVERIFY(store()->generalSettings()->allKeys().isEmpty());
+}
+
+void TestDatabaseGroupSettings::whatIsPastedLosesTheEndOfItsLine()
+{
+    QVariantMap map = supportMap({}, QVariant());
+    showMap(map);
+    QApplication::clipboard()->setText(text("halvorn\r\n"));
+    for (const char *name : {"username_edit", "password_edit", "offline_location_edit"}) {
+        find<QLineEdit>(name)->selectAll();
+        find<QLineEdit>(name)->paste();
+        QCOMPARE(find<QLineEdit>(name)->text(), text("halvorn"));
+    }
 }
 
 void TestDatabaseGroupSettings::driverParametersAreAlwaysSavedEmpty()

@@ -2,6 +2,7 @@
 #include "support/filedialogs.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
@@ -45,6 +46,7 @@ private slots:
     void anEmptiedNameLeavesTheStoredOne();
     void linesThatAreNoPairAreLeftOut();
     void offlineSavesTheLocationAndKeepsTheParameters();
+    void whatIsPastedLosesTheEndOfItsLine();
     void browsingFillsTheLocation();
     void cancelChangesNothing();
     void returnOnCancelCancels_data();
@@ -305,6 +307,19 @@ void TestConnectionOptionsDialog::offlineSavesTheLocationAndKeepsTheParameters()
     QCOMPARE(m_online.value(ConnectionOptions::kOnlineMode).toBool(), false);
     QCOMPARE(m_offline.value(ConnectionOptions::kLocation).toString(), QStringLiteral("/elsewhere.db"));
     QCOMPARE(m_online.value(ConnectionOptions::kParams), onlineMap().value(ConnectionOptions::kParams));
+}
+
+void TestConnectionOptionsDialog::whatIsPastedLosesTheEndOfItsLine()
+{
+    open();
+    QApplication::clipboard()->setText(QStringLiteral("auditor\r\n"));
+    for (const char *name : {"audit_username", "audit_password", "audit_location"}) {
+        auto *edit = m_dialog->findChild<QLineEdit *>(QLatin1String(name));
+        QVERIFY2(edit, name);
+        edit->selectAll();
+        edit->paste();
+        QCOMPARE(edit->text(), QStringLiteral("auditor"));
+    }
 }
 
 void TestConnectionOptionsDialog::browsingFillsTheLocation()

@@ -2,7 +2,9 @@
 #include "loginfixture.h"
 #include "testaccount.h"
 
+#include <QClipboard>
 #include <QComboBox>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -19,6 +21,7 @@ private slots:
     void aChoiceCountsAgainAfterAFailure();
     void aSecondPressDuringAnAdministratorsSignInAsksForNothing();
     void returnOnAFocusedButtonPressesIt();
+    void aPastedNameAndPasswordLoseTheEndsOfTheirLines();
     void aChangeOfLanguageKeepsTheTypedTextAndTheWay();
 
 private:
@@ -103,6 +106,21 @@ void TestLoginOrders::returnOnAFocusedButtonPressesIt()
     goBack->setFocus();
     QTest::keyClick(goBack, Qt::Key_Return);
     QCOMPARE(page(), QStringLiteral("selection_page"));
+}
+
+void TestLoginOrders::aPastedNameAndPasswordLoseTheEndsOfTheirLines()
+{
+    const UuidString id = m_database->addOperator(OperatorModelData::InternalUser, "anna", 0x5, "s3cret");
+    choose(kAuthenticated, kInternalUser);
+    const auto paste = [this](const char *field, const char *text) {
+        QGuiApplication::clipboard()->setText(QLatin1String(text));
+        find<QLineEdit>(field)->paste();
+    };
+    paste("username_edit", "anna\r\n");
+    paste("password_edit", "s3cret\n");
+    clickSignIn();
+    QTRY_COMPARE(m_loggedIn->size(), 1);
+    QCOMPARE(signedInOperator(), id);
 }
 
 void TestLoginOrders::aChangeOfLanguageKeepsTheTypedTextAndTheWay()

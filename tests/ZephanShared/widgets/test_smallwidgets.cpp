@@ -1,6 +1,7 @@
 #include "ZephanShared/widgets/clickablelineedit.h"
 #include "ZephanShared/widgets/combowithuuid.h"
 #include "ZephanShared/widgets/logindialog.h"
+#include "ZephanShared/widgets/onelinevalidator.h"
 #include "ZephanShared/widgets/removebutton.h"
 #include "ZephanShared/widgets/returnkey.h"
 #include "ZephanShared/widgets/selectionpopup.h"
@@ -8,7 +9,9 @@
 #include "support/messageboxes.h"
 
 #include <QAccessible>
+#include <QClipboard>
 #include <QDialogButtonBox>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
@@ -76,6 +79,10 @@ private slots:
     void lineEditTellsOfTheClickAndThenPlacesItsCursor();
     void lineEditTellsOfEveryMouseButton();
     void lineEditIsSilentWhileDisabledAndEnablesByName();
+
+    void whatIsPastedIntoOneLineLosesItsLineEnds_data();
+    void whatIsPastedIntoOneLineLosesItsLineEnds();
+    void oneLineTellsNobodyOfALineEnd();
 
     void removeButtonTexts_data();
     void removeButtonTexts();
@@ -149,6 +156,54 @@ void TestSmallWidgets::lineEditIsSilentWhileDisabledAndEnablesByName()
     QVERIFY(edit.isEnabled());
     QTest::mouseClick(&edit, Qt::LeftButton);
     QCOMPARE(clicked.count(), 1);
+}
+
+void TestSmallWidgets::whatIsPastedIntoOneLineLosesItsLineEnds_data()
+{
+    QTest::addColumn<QString>("pasted");
+    QTest::addColumn<QString>("left");
+
+    QTest::newRow("a word without one") << "anna"
+                                        << "anna";
+    QTest::newRow("at the end") << "anna\n"
+                                << "anna";
+    QTest::newRow("at the end on Windows") << "anna\r\n"
+                                           << "anna";
+    QTest::newRow("in the middle") << "an\nna"
+                                   << "anna";
+    QTest::newRow("several, and nothing else") << "\n\r\n\n"
+                                               << "";
+    QTest::newRow("between lines and paragraphs") << QStringLiteral(u"an\u2028na\u2029") << "anna";
+    QTest::newRow("blanks and tabulators stay") << " an\tna "
+                                                << " an\tna ";
+}
+
+void TestSmallWidgets::whatIsPastedIntoOneLineLosesItsLineEnds()
+{
+    QFETCH(QString, pasted);
+    QFETCH(QString, left);
+    QLineEdit edit;
+    new OneLineValidator(&edit);
+    edit.setText(QStringLiteral("<>"));
+    edit.setCursorPosition(1);
+    QGuiApplication::clipboard()->setText(pasted);
+    edit.paste();
+    QCOMPARE(edit.text(), QLatin1Char('<') + left + QLatin1Char('>'));
+    QCOMPARE(edit.cursorPosition(), 1 + left.size());
+    QVERIFY(edit.hasAcceptableInput());
+}
+
+void TestSmallWidgets::oneLineTellsNobodyOfALineEnd()
+{
+    QLineEdit edit;
+    new OneLineValidator(&edit);
+    QStringList told;
+    connect(&edit, &QLineEdit::textChanged, this, [&told](const QString &text) { told.append(text); });
+    connect(&edit, &QLineEdit::textEdited, this, [&told](const QString &text) { told.append(text); });
+    QGuiApplication::clipboard()->setText(QStringLiteral("one\r\n"));
+    edit.paste();
+    told.removeDuplicates();
+    QCOMPARE(told, QStringList(QStringLiteral("one")));
 }
 
 void TestSmallWidgets::removeButtonTexts_data()

@@ -5,6 +5,8 @@
 #include "support/messageboxes.h"
 
 #include <QAccessible>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QHelpEvent>
 #include <QSignalSpy>
 #include <QTableWidget>
@@ -64,6 +66,7 @@ private slots:
     void aNewEditIsUpdatedUntilToldOtherwise();
     void anEditWithoutAnIdDrawsOne();
     void anEditKeepsTheIdThatItIsGiven();
+    void aPastedNameLosesTheEndOfItsLine();
     void typingAndRestoringBeforeLeavingTellsNothing();
     void aChangeAndItsRestoringTellTwiceAndCountAsUpdated();
     void leavingWithoutAChangeTellsNothing();
@@ -126,6 +129,19 @@ void TestTableWidgets::anEditKeepsTheIdThatItIsGiven()
 {
     const ColumnLineEdit edit(QString(), kId, nullptr);
     QCOMPARE(edit.id().toString(), kId.toString());
+}
+
+void TestTableWidgets::aPastedNameLosesTheEndOfItsLine()
+{
+    Form form(text("Ward 4"));
+    form.edit.unsetUpdates();
+    QGuiApplication::clipboard()->setText(text("Ward 4\n"));
+    form.edit.setFocus();
+    form.edit.selectAll();
+    form.edit.paste();
+    form.leave();
+    QCOMPARE(form.edit.text(), text("Ward 4"));
+    QVERIFY(!form.edit.isUpdated());
 }
 
 void TestTableWidgets::typingAndRestoringBeforeLeavingTellsNothing()
