@@ -1593,7 +1593,7 @@ Jetzt speichern?</translation>
     </message>
     <message>
         <source>None</source>
-        <translation>Keine</translation>
+        <translation>Keines</translation>
     </message>
     <message>
         <source>GDT</source>
