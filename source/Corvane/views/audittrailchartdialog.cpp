@@ -3,6 +3,7 @@
 #include "Corvane/views/audittrailquerymodel.h"
 #include "Corvane/views/savefile.h"
 #include "ZephanShared/toolkit/plaintime.h"
+#include "ZephanShared/toolkit/wholefile.h"
 #include "ZephanShared/widgets/dateformathelper.h"
 
 #include <QBarCategoryAxis>
@@ -246,7 +247,8 @@ bool AuditTrailChartDialog::writePicture(const QString &file, QString &cause) co
         m_view->render(&painter, picture.rect(), m_view->rect());
     }
     QSaveFile target(file);
-    const bool saved = target.open(QIODevice::WriteOnly) && picture.save(&target, "PNG") && target.commit();
+    const bool saved =
+        target.open(QIODevice::WriteOnly) && picture.save(&target, "PNG") && commitWhole(target);
     cause = target.errorString();
     return saved;
 }

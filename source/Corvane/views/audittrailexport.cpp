@@ -3,6 +3,7 @@
 #include "Corvane/views/audittrailquerymodel.h"
 #include "Corvane/views/audittrailquerystring.h"
 #include "Corvane/views/csvtext.h"
+#include "ZephanShared/toolkit/wholefile.h"
 
 #include <QSaveFile>
 #include <QSqlQuery>
@@ -41,7 +42,7 @@ AuditTrailReader::End AuditTrailExport::save(const QString &file, const QString 
         m_reader.read(statement, expected, tr("Saving the audit trail"), [&target](const QSqlQuery &row) {
             return writeRecord(target, AuditTrailQueryModel::shownTexts(row));
         });
-    if (end == End::Complete && target.commit())
+    if (end == End::Complete && commitWhole(target))
         return end;
     m_errorText = end == End::Failed ? m_reader.errorText() : target.errorString();
     target.cancelWriting();

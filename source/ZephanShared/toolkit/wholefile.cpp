@@ -1,0 +1,8 @@
+#include "ZephanShared/toolkit/wholefile.h"
+
+#include <QSaveFile>
+
+bool commitWhole(QSaveFile &file)
+{
+    return file.flush() && file.commit();
+}
