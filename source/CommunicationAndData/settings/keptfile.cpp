@@ -1,6 +1,7 @@
 #include "CommunicationAndData/settings/keptfile.h"
 
 #include "ZephanShared/toolkit/plaintime.h"
+#include "ZephanShared/toolkit/wholefile.h"
 
 #include <QCryptographicHash>
 #include <QDateTime>
@@ -84,7 +85,7 @@ bool copy(const QString &path, const QString &name)
         if (block.isEmpty() || target.write(block) != block.size())
             return false;
     }
-    return target.commit();
+    return commitWhole(target);
 }
 
 }  // namespace
@@ -95,5 +96,17 @@ QString keepFile(const QString &path, const QString &reason)
     if (!former.isEmpty())
         return former;
     const QString name = freeName(path, reason);
-    return !name.isEmpty() && (link(path, name) || copy(path, name)) ? name : QString();
+    return !name.isEmpty() && duplicateFile(path, name) ? name : QString();
+}
+
+bool duplicateFile(const QString &path, const QString &name)
+{
+    return link(path, name) || copy(path, name);
+}
+
+bool replaceByFile(const QString &path, const QString &name)
+{
+    std::error_code error;
+    std::filesystem::rename(nativeName(path), nativeName(name), error);
+    return !error;
 }

@@ -11,4 +11,11 @@
 /// \return        the name under which the bytes are kept; empty if they could not be
 QString keepFile(const QString &path, const QString &reason);
 
+/// Gives the bytes of a file a second name, which must be free: a link where the file system has links, or a
+/// copy that is whole.
+bool duplicateFile(const QString &path, const QString &name);
+
+/// Gives a file the name of another, which goes in the same step.
+bool replaceByFile(const QString &path, const QString &name);
+
 #endif

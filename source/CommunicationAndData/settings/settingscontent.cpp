@@ -7,18 +7,17 @@
 
 namespace {
 
-/// "/" and the like stand for the whole of the settings when they are removed.
-bool isKey(const QString &key)
-{
-    return key.count(QLatin1Char('/')) < key.size();
-}
-
 bool same(const QVariant &left, const QVariant &right)
 {
     return left.userType() == right.userType() && left == right;
 }
 
 }  // namespace
+
+bool SettingsContent::isKey(const QString &key)
+{
+    return key.count(QLatin1Char('/')) < key.size();
+}
 
 QMap<QString, QVariant> SettingsContent::of(const QSettings &settings)
 {

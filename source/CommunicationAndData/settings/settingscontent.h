@@ -12,6 +12,10 @@ class QSettings;
 /// What settings say, full key to value, apart from where they say it.
 namespace SettingsContent {
 
+/// Whether a text names a setting. "/" and the like do not: they stand for the whole of the settings when
+/// they are removed, and cannot be read again when they are written.
+bool isKey(const QString &key);
+
 /// All values of open settings. No group may be entered in them.
 QMap<QString, QVariant> of(const QSettings &settings);
 

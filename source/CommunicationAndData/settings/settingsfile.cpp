@@ -2,23 +2,19 @@
 
 #include "CommunicationAndData/settings/formerfiles.h"
 #include "CommunicationAndData/settings/inicodec.h"
+#include "CommunicationAndData/settings/inilock.h"
 #include "CommunicationAndData/settings/inirepair.h"
 #include "CommunicationAndData/settings/keptfile.h"
 #include "CommunicationAndData/settings/settingscontent.h"
 #include "CommunicationAndData/settings/settingsobject.h"
 #include "ZephanShared/toolkit/logger.h"
+#include "ZephanShared/toolkit/wholefile.h"
 
-#include <QDateTime>
-#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QSaveFile>
 #include <QSet>
-#include <QThread>
 
 namespace {
-
-constexpr int kLongestLockMaking = 1000;  // milliseconds; it takes some microseconds
-constexpr int kLockInterval = 50;
 
 std::unique_ptr<SettingsObject> openInMemoryFor(const QString &path, const QByteArray &readable)
 {
@@ -62,7 +58,7 @@ QByteArray bytesOf(const QString &path)
 bool replaceFile(const QString &path, const QByteArray &text)
 {
     QSaveFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.commit();
+    return file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && commitWhole(file);
 }
 
 /// The file of an organisation's application, found without reading it.
@@ -111,26 +107,13 @@ bool SettingsFile::isSettings(const QString &path)
     return !bytes.isNull() && bytes.size() <= kLargestIni && repairIni(bytes).isSettings();
 }
 
-void SettingsFile::clearAbandonedLock(const QString &path)
-{
-    const QString name = path + QLatin1String(".lock");
-    QElapsedTimer waiting;
-    waiting.start();
-    for (QFileInfo lock(name); lock.isFile() && lock.size() == 0; lock.refresh()) {
-        const bool old = lock.lastModified().msecsTo(QDateTime::currentDateTime()) > kLongestLockMaking;
-        if (old || waiting.hasExpired(kLongestLockMaking)) {
-            QFile::remove(name);
-            return;
-        }
-        QThread::msleep(kLockInterval);
-    }
-}
-
 bool SettingsFile::secure(const QString &path, QByteArray *readable)
 {
-    clearAbandonedLock(path);
+    const bool isFree = IniLock::clear(path);
+    if (!isFree)
+        warnOnce(path, QStringLiteral("%1 is locked for good; its settings stay in memory").arg(path));
     if (!QFileInfo::exists(path))
-        return true;
+        return isFree;
     const QByteArray bytes = bytesOf(path);
     if (bytes.isNull()) {
         warnOnce(path,
@@ -138,13 +121,13 @@ bool SettingsFile::secure(const QString &path, QByteArray *readable)
         return false;
     }
     const RepairedIni found = repairIni(bytes);
-    if (found.isSound())
-        return true;
+    if (readable)
+        *readable = found.isSound() ? bytes : found.text;
+    if (found.isSound() || !isFree)
+        return isFree;
     const QString damage = found.damage.join(QLatin1String(", "));
     const QString kept = keepFile(path, found.damage.first());
     if (kept.isEmpty() || !replaceFile(path, found.text)) {
-        if (readable)
-            *readable = found.text;
         warnOnce(path,
                  QStringLiteral("%1 is damaged (%2) and cannot be replaced; its settings stay in memory")
                      .arg(path, damage));

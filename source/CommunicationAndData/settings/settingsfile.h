@@ -13,8 +13,8 @@ class SettingsObject;
 ///
 /// A file that `QSettings` would read only in part, and overwrite with that part, is first kept: its bytes
 /// stay beside it under its name, the time and the damage, as "corvane.ini.20240229T081500Z.not-utf-8.kept",
-/// and what could be read of it is written in its place. A file that cannot be read or kept is never written:
-/// the settings then live in memory. Both leave a warning in the run-time log.
+/// and what could be read of it is written in its place. A file that cannot be read, kept or locked is never
+/// written: the settings then live in memory. Both leave a warning in the run-time log.
 namespace SettingsFile {
 
 /// Opens an ini file in UTF-8. A file that does not exist gives empty settings.
@@ -37,10 +37,6 @@ bool secure(const QString &path, QByteArray *readable = nullptr);
 
 /// Whether a file is an ordinary one that holds settings, though perhaps damaged, and not something else.
 bool isSettings(const QString &path);
-
-/// Removes the lock of a process that was killed while it made it. Nobody's name is in such a lock, and
-/// `QSettings` would wait half a minute for its owner.
-void clearAbandonedLock(const QString &path);
 
 }  // namespace SettingsFile
 

@@ -140,12 +140,13 @@ void SettingsHandler::findActiveConfiguration()
 
 QVariant SettingsHandler::value(const QString &key, const QVariant &defaultValue)
 {
-    return d->settings().value(key, defaultValue);
+    return SettingsContent::isKey(key) ? d->settings().value(key, defaultValue) : defaultValue;
 }
 
 void SettingsHandler::setValue(const QString &key, const QVariant &value)
 {
-    d->settings().setValue(key, value);
+    if (SettingsContent::isKey(key))
+        d->settings().setValue(key, value);
 }
 
 QVariant SettingsHandler::safeValue(const QString &key, const QVariant &defaultValue)
@@ -168,7 +169,7 @@ void SettingsHandler::setSafeValue(const QString &key, const QVariant &value)
                     QStringLiteral("No cipher for %1, which keeps its former value").arg(key));
         return;
     }
-    d->settings().setValue(key, form);
+    setValue(key, form);
 }
 
 QMap<QString, QVariant> SettingsHandler::databaseSettings(const QString &group)
@@ -328,6 +329,14 @@ std::unique_ptr<QSettings> openLocalApplicationSettings()
 std::unique_ptr<QSettings> openSettingsFile(const QString &path)
 {
     return SettingsFile::open(path);
+}
+
+bool syncSettingsFile(QSettings &settings)
+{
+    if (auto *object = qobject_cast<SettingsObject *>(&settings))
+        return object->syncAndReport();
+    settings.sync();
+    return settings.status() != QSettings::AccessError;
 }
 
 bool isSettingsFile(const QString &path)

@@ -24,7 +24,8 @@ public:
 
     /// A plain value, or the default when there is none.
     QVariant value(const QString &key, const QVariant &defaultValue = QVariant());
-    /// Writes a plain value through to the working settings.
+    /// Writes a plain value through to the working settings. A key without a name, as "" or "/", is passed
+    /// over.
     void setValue(const QString &key, const QVariant &value);
 
     /// The deciphered value of a safe key. A damaged or foreign stored form counts as absent: it gives the
@@ -127,6 +128,10 @@ std::unique_ptr<QSettings> openLocalApplicationSettings();
 
 /// Opens an ini file with the encoding that all settings files of the suite have, UTF-8.
 std::unique_ptr<QSettings> openSettingsFile(const QString &path);
+
+/// Writes what is pending in settings that one of these two opened, and takes in what others wrote. False if
+/// it could not be written: it is tried once more at the end, and the file stays as it was.
+bool syncSettingsFile(QSettings &settings);
 
 /// Whether a file can be a settings file: an ordinary file that can be read, no larger than one can be, and
 /// text in which there is a setting or nothing to misread. A file that is damaged in places is one.

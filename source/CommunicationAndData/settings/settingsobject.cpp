@@ -1,12 +1,21 @@
 #include "CommunicationAndData/settings/settingsobject.h"
 
+#include "CommunicationAndData/settings/formercopy.h"
 #include "CommunicationAndData/settings/formerfiles.h"
 #include "CommunicationAndData/settings/inicodec.h"
+#include "CommunicationAndData/settings/inilock.h"
+#include "CommunicationAndData/settings/iniscanner.h"
 #include "CommunicationAndData/settings/settingscontent.h"
 #include "CommunicationAndData/settings/settingsfile.h"
 #include "ZephanShared/toolkit/logger.h"
 
+#include <QCoreApplication>
+#include <QEvent>
+#include <QFile>
+#include <QFileInfo>
 #include <QSet>
+
+#include <algorithm>
 
 namespace {
 
@@ -15,6 +24,21 @@ QString placeInMemory()
 {
     static int count = 0;
     return QStringLiteral(":/settings/in_memory_%1.ini").arg(++count);
+}
+
+/// Whether a file that `QSettings` wrote has a line for each of so many settings, and the last one to its
+/// end.
+bool holdsLines(const QString &path, int count)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    const QByteArray bytes = file.readAll();
+    int lines = 0;
+    IniScanner scanner(bytes);
+    for (IniLine line; scanner.next(line);)
+        lines += line.equals > 0 ? 1 : 0;
+    return lines >= count && (count == 0 || bytes.endsWith('\n'));
 }
 
 /// The last settings are written while the process ends, so the table is never destroyed.
@@ -55,9 +79,18 @@ SettingsObject::SettingsObject(const QString &path, const QMap<QString, QVariant
 
 SettingsObject::~SettingsObject()
 {
-    const bool written = syncAndReport();
+    const bool written = close();
     if (m_onDisk)
         FormerFiles::remember(m_path, !written);
+}
+
+bool SettingsObject::close()
+{
+    if (!m_isClosing) {
+        m_isClosing = true;
+        m_isSaved = syncAndReport();
+    }
+    return m_isSaved;
 }
 
 bool SettingsObject::syncAndReport()
@@ -70,6 +103,19 @@ bool SettingsObject::syncAndReport()
     return written;
 }
 
+bool SettingsObject::isOnDisk() const
+{
+    return m_onDisk;
+}
+
+bool SettingsObject::event(QEvent *event)
+{
+    if (event->type() != QEvent::UpdateRequest)
+        return QSettings::event(event);
+    syncAndReport();
+    return true;
+}
+
 bool SettingsObject::write()
 {
     if (!m_onDisk) {
@@ -78,10 +124,49 @@ bool SettingsObject::write()
     }
     if (m_stamp != FileStamp::of(m_path) && !SettingsFile::secure(m_path))
         return false;
-    SettingsFile::clearAbandonedLock(m_path);
+    if (!IniLock::await(m_path))
+        return false;
+    const FileStamp before = FileStamp::of(m_path);
+    FormerCopy former(m_path);
     sync();
+    const bool written = status() != AccessError || isWritten();
+    const bool isPart = before != FileStamp::of(m_path) && takeBackPart(former);
     m_stamp = FileStamp::of(m_path);
-    return status() != AccessError || isWritten();
+    return written && !isPart;
+}
+
+/// Whether only a part of the settings has got into the file. The former one comes back then, and what was to
+/// be written is pending as before.
+bool SettingsObject::takeBackPart(FormerCopy &former)
+{
+    if (holdsLines(m_path, ownKeys()))
+        return false;
+    const bool staysPending = !m_isClosing && group().isEmpty();
+    const auto content = staysPending ? SettingsContent::of(*this) : QMap<QString, QVariant>();
+    if (QFileInfo(m_path).size() > 0) {
+        // Somebody else may have written less in the meantime.
+        sync();
+        if (holdsLines(m_path, ownKeys()))
+            return false;
+    }
+    former.putBack();
+    sync();
+    if (staysPending) {
+        SettingsContent::replace(*this, content);
+        // It would be tried again at once, and without an end.
+        QCoreApplication::removePostedEvents(this, QEvent::UpdateRequest);
+    }
+    return true;
+}
+
+/// How many settings are of the file itself, and not of one that stands in for what is missing here.
+int SettingsObject::ownKeys()
+{
+    const bool hasFallbacks = fallbacksEnabled();
+    setFallbacksEnabled(false);
+    const QStringList keys = allKeys();
+    setFallbacksEnabled(hasFallbacks);
+    return static_cast<int>(std::count_if(keys.begin(), keys.end(), SettingsContent::isKey));
 }
 
 // An object that could not write once says so for ever; what another one on the same file says is of now.

@@ -7,6 +7,8 @@
 #include <QSettings>
 #include <QVariant>
 
+class FormerCopy;
+
 /// An ini file in UTF-8, open, that does not swallow what it cannot write: that is logged, once for each
 /// file.
 class SettingsObject : public QSettings
@@ -25,18 +27,32 @@ public:
     SettingsObject(const QString &path, const QMap<QString, QVariant> &content);
     ~SettingsObject() override;
 
-    /// Writes what is pending, and takes in what others wrote. False if anything could not be written.
+    /// Writes what is pending, and takes in what others wrote. False if anything could not be written; it
+    /// stays pending, and the file stays as it was.
     bool syncAndReport();
+    /// The same for the last time: what could not be written is given up.
+    bool close();
+
+    /// False for settings in memory.
+    bool isOnDisk() const;
+
+protected:
+    /// A change is written from the event loop with the same care.
+    bool event(QEvent *event) override;
 
 private:
     bool write();
     bool isWritten() const;
+    bool takeBackPart(FormerCopy &former);
+    int ownKeys();
     void report();
 
     const QString m_path;
     const bool m_onDisk;
     QMap<QString, QVariant> m_start;  // in memory: what was there before anything was changed
     FileStamp m_stamp;
+    bool m_isClosing = false;
+    bool m_isSaved = false;
 };
 
 #endif

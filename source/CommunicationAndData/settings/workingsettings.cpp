@@ -4,8 +4,15 @@
 #include "CommunicationAndData/settings/settingsfile.h"
 #include "CommunicationAndData/settings/settingsobject.h"
 
+#include <QCoreApplication>
 #include <QEvent>
 #include <QFileInfo>
+
+namespace {
+
+constexpr int kRetryInterval = 5000;  // milliseconds
+
+}  // namespace
 
 WorkingSettings::WorkingSettings()
     : WorkingSettings(SettingsFile::openInMemory())
@@ -21,11 +28,15 @@ WorkingSettings::WorkingSettings(std::unique_ptr<SettingsObject> absolute)
 {
     m_absolute->installEventFilter(this);
     m_shared->installEventFilter(this);
+    m_retry.setSingleShot(true);
+    m_retry.setInterval(kRetryInterval);
+    connect(&m_retry, &QTimer::timeout, this, &WorkingSettings::writeChanges);
 }
 
 WorkingSettings::~WorkingSettings()
 {
-    sync();
+    // Before the two objects go, each of which would write what is pending in its own way.
+    m_absolute->close();
 }
 
 QSettings *WorkingSettings::shared() const
@@ -41,17 +52,21 @@ QSettings &WorkingSettings::absolute() const
 bool WorkingSettings::sync()
 {
     const bool written = m_absolute->syncAndReport();
+    // After a change that could not be written the objects do not request it any more.
     if (written)
         m_shared->sync();
+    else if (m_absolute->isOnDisk() && QCoreApplication::instance())
+        m_retry.start();
     return written;
 }
 
 void WorkingSettings::setHeld(bool held)
 {
-    // A request that was passed over is not made again.
-    if (m_held && !held)
-        sync();
+    const bool isReleased = m_held && !held;
     m_held = held;
+    // A request that was passed over is not made again.
+    if (isReleased)
+        writeChanges();
 }
 
 bool WorkingSettings::isReadable() const
@@ -63,7 +78,12 @@ bool WorkingSettings::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() != QEvent::UpdateRequest)
         return QObject::eventFilter(watched, event);
+    writeChanges();
+    return true;
+}
+
+void WorkingSettings::writeChanges()
+{
     if (!m_held)
         sync();
-    return true;
 }

@@ -3,6 +3,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QTimer>
 
 #include <memory>
 
@@ -12,7 +13,7 @@ class SettingsObject;
 /// The file that holds the working settings at the moment, open.
 ///
 /// It is written from the event loop soon after a change, by `sync` and at destruction, whole or not at all.
-/// What cannot be written is logged once and stays in memory.
+/// What cannot be written is logged once, stays in memory and is tried again every five seconds.
 class WorkingSettings : public QObject
 {
     Q_OBJECT
@@ -44,8 +45,11 @@ public:
 private:
     explicit WorkingSettings(std::unique_ptr<SettingsObject> absolute);
 
+    void writeChanges();
+
     const std::unique_ptr<SettingsObject> m_absolute;
     const std::unique_ptr<QSettings> m_shared;
+    QTimer m_retry;
     bool m_held = false;
 };
 

@@ -55,7 +55,7 @@ void ConnectionCache::remember(const QMap<QString, QVariant> &connection) const
     for (const char *name : kRememberedNames)
         cache->setValue(QLatin1String(name), connection.value(key(name)));
     cache->endGroup();
-    cache->sync();
+    syncSettingsFile(*cache);
 }
 
 QString ConnectionCache::key(const char *name) const

@@ -34,9 +34,9 @@ QString directoryOf(const QString &dataPath)
 /// Whether the working settings are on disk: without a file there must be none.
 bool areOnDisk(const QString &workingFile)
 {
-    QSettings *settings = SettingsHandler::getInstance()->generalSettings();
-    settings->sync();
-    return QFile::exists(workingFile) || settings->allKeys().isEmpty();
+    SettingsHandler *handler = SettingsHandler::getInstance();
+    handler->flushSettingsFile();
+    return QFile::exists(workingFile) || handler->generalSettings()->allKeys().isEmpty();
 }
 
 /// The newest of the former working files in a directory; empty without one.

@@ -31,7 +31,7 @@ void SettingsView::autosave()
     const auto cache = openSettingsFile(m_dataPath + QLatin1String(LocalCache::kFileName));
     if (cache->value(QLatin1String(LocalCache::kAutosaveInfo), false).toBool()) {
         cache->setValue(QLatin1String(LocalCache::kAutosaveInfo), false);
-        cache->sync();
+        syncSettingsFile(*cache);
         showMessage(tr("Autosaving settings to local application settings file. "
                        "This message is only shown once."));
     }
@@ -52,7 +52,7 @@ void SettingsView::localSaveToggled(bool enabled)
         cache->setValue(QLatin1String(LocalCache::kLocalSave), enabled);
         if (enabled)
             cache->setValue(QLatin1String(LocalCache::kAutosaveInfo), true);
-        cache->sync();
+        syncSettingsFile(*cache);
     }
     // Where the cache cannot be written nothing was switched.
     if (m_autosaveAction)
@@ -93,8 +93,7 @@ void SettingsView::copyToLocalSettings(QSettings &local, QString &message)
     copyKeys(*working, keys, local);
     // In one write, so that no moment leaves the applications half of it.
     removeStaleParameters(local);
-    local.sync();
-    const bool isOnDisk = local.status() != QSettings::AccessError;
+    const bool isOnDisk = syncSettingsFile(local);
     if (!isOnDisk || local.allKeys().size() < keys.size()) {
         message += tr("Not all settings were saved.");
         emit logError(Actions::SaveSettings, ZephanErrors::kSettingsIncomplete,

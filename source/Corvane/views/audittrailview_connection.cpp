@@ -82,7 +82,7 @@ void AuditTrailView::storeConnectionOptions()
     m_localCache->setValue(QLatin1String(LocalCache::kLocation),
                            m_offlineOptions.value(kLocation).toString());
     m_localCache->endGroup();
-    m_localCache->sync();
+    syncSettingsFile(*m_localCache);
 }
 
 bool AuditTrailView::isOnline() const

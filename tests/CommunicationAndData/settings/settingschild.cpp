@@ -30,7 +30,8 @@ int writeNumbers()
         store->setValue(QStringLiteral("%1/filler_%2").arg(key).arg(i), QString(20, QLatin1Char('x')));
     for (int i = 1; count == 0 || i <= count; ++i) {
         store->setValue(key + QStringLiteral("/number"), i);
-        store->generalSettings()->sync();
+        if (!store->flushSettingsFile())
+            return EXIT_FAILURE;
         std::printf("%d\n", i);
         std::fflush(stdout);
     }

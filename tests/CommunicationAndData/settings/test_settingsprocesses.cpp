@@ -1,4 +1,5 @@
 #include "CommunicationAndData/settings/inirepair.h"
+#include "storechecks.h"
 #include "support/workstation.h"
 
 #include <QDir>
@@ -7,11 +8,13 @@
 #include <QSettings>
 #include <QTest>
 
+#include <algorithm>
 #include <memory>
 
 namespace {
 
 constexpr int kRounds = 25;
+constexpr int kRepairs = 15;
 constexpr int kFillers = 200;
 
 std::unique_ptr<QProcess> child(const QStringList &arguments)
@@ -49,6 +52,7 @@ class TestSettingsProcesses : public QObject
 
 private slots:
     void aKilledProcessLosesNothingThatWasOnDisk();
+    void aProcessKilledWhileItRepairsLosesNoByte();
     void aLockThatAKilledProcessLeftHoldsNobodyUp();
     void twoProcessesKeepEachOthersKeys();
     void whatIsPendingAtTheEndIsWritten();
@@ -87,6 +91,35 @@ void TestSettingsProcesses::aKilledProcessLosesNothingThatWasOnDisk()
         QVERIFY(content.value(QStringLiteral("ui/number")).toInt() >= acknowledged);
         QCOMPARE(countBelow(content, QStringLiteral("ui")), kFillers + 1);
     }
+}
+
+void TestSettingsProcesses::aProcessKilledWhileItRepairsLosesNoByte()
+{
+    const QString path = file(QStringLiteral("repaired.ini"));
+    int repairs = 0;
+    for (int round = 0; round < kRepairs; ++round) {
+        const QByteArray damaged = "[ui]\nround=" + QByteArray::number(round) +
+                                   QByteArray("\nfiller=\xe4\xf6").repeated(1000) + '\n';
+        QVERIFY(writeFile(path, damaged));
+        const auto process =
+            child({QStringLiteral("write"), path, QStringLiteral("his"), QStringLiteral("0")});
+        QVERIFY(process->waitForStarted());
+        if (round % 2 == 0)
+            QTRY_VERIFY_WITH_TIMEOUT(readFile(path) != damaged, 30000);
+        else
+            QTest::qWait(QRandomGenerator::system()->bounded(60));
+        process->kill();
+        QVERIFY(process->waitForFinished());
+        if (readFile(path) == damaged)
+            continue;
+        ++repairs;
+        const QStringList copies = keptCopies(path);
+        QVERIFY(std::any_of(copies.begin(), copies.end(),
+                            [&damaged](const QString &copy) { return readFile(copy) == damaged; }));
+        QVERIFY(repairIni(readFile(path)).isSound());
+        QVERIFY(readFile(path).contains("round=" + QByteArray::number(round)));
+    }
+    QVERIFY(repairs > 0);
 }
 
 void TestSettingsProcesses::aLockThatAKilledProcessLeftHoldsNobodyUp()

@@ -1,0 +1,474 @@
+#include "CommunicationAndData/settings/settingshandler.h"
+#include "storechecks.h"
+#include "support/fulldisk.h"
+#include "support/ordinaryuser.h"
+#include "support/workstation.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLockFile>
+#include <QSettings>
+#include <QTest>
+
+#include <sys/stat.h>
+
+namespace {
+
+const QString kGood = QStringLiteral("ui/good");
+const QString kWritten = QStringLiteral("ui/written");
+const QByteArray kSound = "[ui]\ngood=1\n";
+const QByteArray kSoundAndWritten = "[ui]\ngood=1\nwritten=1\n";
+const QByteArray kDamaged = "[ui]\ngood=\xe4\n";
+
+// Longer than the store waits before it tries again.
+constexpr int kLongEnough = 15000;  // milliseconds
+
+constexpr unsigned long kRoomForLock = 300;  // bytes
+
+/// What a process leaves that was killed while it held the lock. There is no process with so high a number.
+bool writeLock(const QString &name, int age)
+{
+    if (!writeFile(name, "2147483646\nsettings_child\nworkstation\n"))
+        return false;
+    QFile file(name);
+    const QDateTime time = QDateTime::currentDateTime().addSecs(-age);
+    return file.open(QIODevice::ReadWrite) && file.setFileTime(time, QFileDevice::FileModificationTime);
+}
+
+}  // namespace
+
+/// What stands in the way of the settings' file, for a while or for good.
+class TestSettingsObstacles : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+
+    void whatCanBeNoLockIsRemoved_data();
+    void whatCanBeNoLockIsRemoved();
+    void theAbandonedLockOfAnotherAccountIsRemoved();
+    void aLockThatStaysKeepsTheSettingsInMemory_data();
+    void aLockThatStaysKeepsTheSettingsInMemory();
+    void aFileIsReadWhileSomebodyWritesIt();
+
+    void aDiskWithoutRoomForAllLeavesTheFileWhole_data();
+    void aDiskWithoutRoomForAllLeavesTheFileWhole();
+    void aDiskWithoutRoomForAllGetsNoPartOfANewFile();
+    void localApplicationSettingsAreLeftWholeAsWell();
+    void aValueIsWrittenOnceTheDiskHasRoomAgain();
+    void aValueIsWrittenOnceNothingIsInTheWayAnyMore();
+    void aHeldChangeIsNotWrittenByTryingAgain();
+    void aDamagedFileOnAFullDiskStaysUntilItCanBeKept();
+
+    void whatAnotherProcessWritesMeanwhileIsTakenIn();
+    void aCacheFileDamagedWhileItIsOpenIsKept();
+    void aLinkIsWrittenThrough_data();
+    void aLinkIsWrittenThrough();
+
+    void aKeyOfAnyKindComesBack_data();
+    void aKeyOfAnyKindComesBack();
+    void aKeyWithoutANameIsPassedOver_data();
+    void aKeyWithoutANameIsPassedOver();
+    void aVeryLongValueComesBack();
+
+private:
+    QString lock() const
+    {
+        return m_path + QStringLiteral(".lock");
+    }
+    QStringList logged(const QString &text) const
+    {
+        return linesWith(m_workstation.runtimeLog(), text);
+    }
+    void park()
+    {
+        store()->changeSettingsFile(m_workstation.dataDirectory() + QStringLiteral("parking.ini"));
+    }
+    void openWith(const QByteArray &bytes)
+    {
+        QVERIFY(writeFile(m_path, bytes));
+        store()->changeSettingsFile(m_path);
+    }
+
+    Workstation m_workstation;
+    QString m_path;
+    int m_count = 0;
+};
+
+void TestSettingsObstacles::init()
+{
+    park();
+    // Also for whoever has no privileges.
+    QFile::setPermissions(m_workstation.path(QString()), QFile::Permissions(0x7755));
+    m_path = m_workstation.dataDirectory() + QStringLiteral("case_%1/corvane.ini").arg(++m_count);
+}
+
+void TestSettingsObstacles::whatCanBeNoLockIsRemoved_data()
+{
+    QTest::addColumn<QString>("kind");
+
+    QTest::newRow("an empty directory") << QStringLiteral("directory");
+    QTest::newRow("a link that leads nowhere") << QStringLiteral("link");
+    QTest::newRow("a pipe") << QStringLiteral("pipe");
+}
+
+void TestSettingsObstacles::whatCanBeNoLockIsRemoved()
+{
+    QFETCH(QString, kind);
+    openWith(kSound);
+    if (kind == QLatin1String("directory"))
+        QVERIFY(QDir().mkpath(lock()));
+    else if (kind == QLatin1String("link"))
+        QVERIFY(QFile::link(m_path + QStringLiteral(".nowhere"), lock()));
+    else
+        QCOMPARE(mkfifo(qPrintable(lock()), 0600), 0);
+    store()->setValue(kWritten, 1);
+    QVERIFY(store()->flushSettingsFile());
+    QCOMPARE(readFile(m_path), kSoundAndWritten);
+    QVERIFY(!QFileInfo::exists(lock()));
+}
+
+void TestSettingsObstacles::theAbandonedLockOfAnotherAccountIsRemoved()
+{
+    QVERIFY(writeFile(m_path, kSound));
+    QVERIFY(QFile::setPermissions(QFileInfo(m_path).path(), QFile::Permissions(0x7777)));
+    QVERIFY(QFile::setPermissions(m_path, QFile::Permissions(0x6666)));
+    QVERIFY(writeLock(lock(), 60));
+    const OrdinaryUser nobody;
+    store()->changeSettingsFile(m_path);
+    store()->setValue(kWritten, 1);
+    QVERIFY(store()->flushSettingsFile());
+    QCOMPARE(readFile(m_path), kSoundAndWritten);
+    park();
+}
+
+void TestSettingsObstacles::aLockThatStaysKeepsTheSettingsInMemory_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("good");
+
+    QTest::newRow("of a sound file") << kSound << QStringLiteral("1");
+    QTest::newRow("of a damaged file") << kDamaged << QString::fromUtf8("ä");
+    QTest::newRow("of a file that is not there") << QByteArray() << QString();
+}
+
+void TestSettingsObstacles::aLockThatStaysKeepsTheSettingsInMemory()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, good);
+    const QString inside = lock() + QStringLiteral("/inside");
+    QVERIFY(writeFile(inside, "kept"));
+    if (!bytes.isEmpty())
+        QVERIFY(writeFile(m_path, bytes));
+    store()->changeSettingsFile(m_path);
+    QCOMPARE(store()->value(kGood).toString(), good);
+    store()->setValue(kWritten, 1);
+    QVERIFY(!store()->flushSettingsFile());
+    QCOMPARE(store()->value(kWritten).toInt(), 1);
+    park();
+    QCOMPARE(readFile(m_path), bytes);
+    QCOMPARE(readFile(inside), QByteArray("kept"));
+    QCOMPARE(keptCopies(m_path), QStringList());
+    QCOMPARE(logged(m_path).filter(QStringLiteral("WRN CV: ")).size(), 1);
+    QCOMPARE(logged(m_path).filter(QStringLiteral("ERR CV: ")).size(), 1);
+}
+
+void TestSettingsObstacles::aFileIsReadWhileSomebodyWritesIt()
+{
+    QVERIFY(writeFile(m_path, kSound));
+    QLockFile writer(lock());
+    QVERIFY(writer.lock());
+    store()->changeSettingsFile(m_path);
+    QCOMPARE(store()->value(kGood).toInt(), 1);
+    QVERIFY(QFileInfo::exists(lock()));
+    writer.unlock();
+}
+
+void TestSettingsObstacles::aDiskWithoutRoomForAllLeavesTheFileWhole_data()
+{
+    QTest::addColumn<bool>("linked");
+    QTest::addColumn<int>("size");
+
+    QTest::newRow("of few settings") << false << 1000;
+    QTest::newRow("of many settings") << false << 50000;
+    QTest::newRow("behind a link") << true << 1000;
+}
+
+void TestSettingsObstacles::aDiskWithoutRoomForAllLeavesTheFileWhole()
+{
+    QFETCH(bool, linked);
+    QFETCH(int, size);
+    const QByteArray bytes = "[ui]\ngood=1\nlong=" + QByteArray(size, 'x') + '\n';
+    const QString real = QFileInfo(m_path).path() + QStringLiteral("/real/settings.ini");
+    if (linked) {
+        QVERIFY(writeFile(real, bytes));
+        QVERIFY(QFile::link(real, m_path));
+        store()->changeSettingsFile(m_path);
+    } else {
+        openWith(bytes);
+    }
+    {
+        const FullDisk disk(kRoomForLock);
+        store()->setValue(kWritten, 1);
+        QVERIFY(!store()->flushSettingsFile());
+        QCOMPARE(readFile(m_path), bytes);
+        QCOMPARE(store()->value(kWritten).toInt(), 1);
+        QCOMPARE(store()->value(kGood).toInt(), 1);
+        // From the event loop, and at the end.
+        store()->generalSettings()->setValue(kWritten, 2);
+        QCoreApplication::processEvents();
+        QCOMPARE(readFile(m_path), bytes);
+        park();
+    }
+    QCOMPARE(readFile(m_path), bytes);
+    QCOMPARE(QFileInfo(m_path).isSymLink(), linked);
+    store()->changeSettingsFile(m_path);
+    QVERIFY(!store()->generalSettings()->contains(kWritten));
+    store()->setValue(kWritten, 3);
+    QVERIFY(store()->flushSettingsFile());
+    QCOMPARE(readFile(m_path), bytes + "written=3\n");
+    QCOMPARE(QFileInfo(m_path).dir().entryList({QStringLiteral("*.former")}), QStringList());
+}
+
+void TestSettingsObstacles::aDiskWithoutRoomForAllGetsNoPartOfANewFile()
+{
+    store()->changeSettingsFile(m_path);
+    {
+        const FullDisk disk(kRoomForLock);
+        store()->setValue(kGood, QString(1000, QLatin1Char('x')));
+        QVERIFY(!store()->flushSettingsFile());
+        QVERIFY(!QFile::exists(m_path));
+    }
+    QTRY_VERIFY_WITH_TIMEOUT(readFile(m_path).contains("good=xxx"), kLongEnough);
+}
+
+void TestSettingsObstacles::localApplicationSettingsAreLeftWholeAsWell()
+{
+    const QString path = m_workstation.localApplicationSettings();
+    const QByteArray bytes = "[ui]\ngood=1\nlong=" + QByteArray(1000, 'x') + '\n';
+    // What this file says stands in for what is missing in the other.
+    const QString standIn = QFileInfo(QFileInfo(path).path()).filePath() + QStringLiteral(".ini");
+    QVERIFY(writeFile(standIn, "[site]\na=1\nb=2\nc=3\n"));
+    QVERIFY(writeFile(path, bytes));
+    {
+        const FullDisk disk(kRoomForLock);
+        const auto local = openLocalApplicationSettings();
+        QVERIFY(local->contains(QStringLiteral("site/c")));
+        local->setValue(kWritten, 1);
+        QVERIFY(!syncSettingsFile(*local));
+        QCOMPARE(readFile(path), bytes);
+    }
+    QCOMPARE(readFile(path), bytes);
+    const auto local = openLocalApplicationSettings();
+    local->setValue(kWritten, 1);
+    QVERIFY(syncSettingsFile(*local));
+    QCOMPARE(readFile(path), bytes + "written=1\n");
+    QVERIFY(QFile::remove(path));
+    QVERIFY(QFile::remove(standIn));
+}
+
+void TestSettingsObstacles::aValueIsWrittenOnceTheDiskHasRoomAgain()
+{
+    openWith(kSound);
+    {
+        const FullDisk disk;
+        store()->generalSettings()->setValue(kGood, 2);
+        store()->setValue(kWritten, 2);
+        QCoreApplication::processEvents();
+        QCOMPARE(readFile(m_path), kSound);
+    }
+    store()->generalSettings()->setValue(kGood, 1);
+    store()->generalSettings()->setValue(kWritten, 1);
+    QTRY_COMPARE_WITH_TIMEOUT(readFile(m_path), kSoundAndWritten, kLongEnough);
+}
+
+void TestSettingsObstacles::aValueIsWrittenOnceNothingIsInTheWayAnyMore()
+{
+    const QString away = m_path + QStringLiteral(".away");
+    openWith(kSound);
+    QVERIFY(QFile::rename(m_path, away));
+    QVERIFY(QDir().mkpath(m_path));
+    store()->setValue(kWritten, 1);
+    QTRY_COMPARE(logged(m_path).filter(QStringLiteral("ERR CV: ")).size(), 1);
+    QVERIFY(QDir().rmdir(m_path));
+    QVERIFY(QFile::rename(away, m_path));
+    QTRY_COMPARE_WITH_TIMEOUT(readFile(m_path), kSoundAndWritten, kLongEnough);
+}
+
+void TestSettingsObstacles::aHeldChangeIsNotWrittenByTryingAgain()
+{
+    openWith(kSound);
+    store()->store();
+    store()->holdChanges();
+    store()->setValue(kWritten, 1);
+    QCoreApplication::processEvents();
+    {
+        const FullDisk disk;
+        store()->restore();
+        store()->setValue(kGood, 2);
+        QCoreApplication::processEvents();
+    }
+    store()->store();
+    store()->holdChanges();
+    store()->setValue(kWritten, 1);
+    QTest::qWait(6000);
+    QCOMPARE(readFile(m_path), kSound);
+    store()->restore();
+    QTRY_COMPARE_WITH_TIMEOUT(readFile(m_path), QByteArray("[ui]\ngood=2\n"), kLongEnough);
+}
+
+void TestSettingsObstacles::aDamagedFileOnAFullDiskStaysUntilItCanBeKept()
+{
+    QVERIFY(writeFile(m_path, kDamaged));
+    {
+        const FullDisk disk;
+        store()->changeSettingsFile(m_path);
+        store()->setValue(kWritten, 1);
+        QCOMPARE(store()->value(kWritten).toInt(), 1);
+        park();
+    }
+    QCOMPARE(readFile(m_path), kDamaged);
+    store()->changeSettingsFile(m_path);
+    QCOMPARE(store()->value(kGood).toString(), QString::fromUtf8("ä"));
+    QCOMPARE(keptCopies(m_path).size(), 1);
+    QCOMPARE(readFile(keptCopies(m_path).first()), kDamaged);
+    QCOMPARE(readFile(m_path), QByteArray("[ui]\ngood=ä\n"));
+}
+
+void TestSettingsObstacles::whatAnotherProcessWritesMeanwhileIsTakenIn()
+{
+    openWith("[ui]\ngood=1\nold=1\n");
+    store()->setValue(kWritten, 1);
+    const QString other = m_path + QStringLiteral(".new");
+    QVERIFY(writeFile(other, "[his]\nsystem=theirs\n\n[ui]\ngood=22\n"));
+    QCOMPARE(rename(qPrintable(other), qPrintable(m_path)), 0);
+    QVERIFY(store()->flushSettingsFile());
+    QCOMPARE(readFile(m_path), QByteArray("[his]\nsystem=theirs\n\n[ui]\ngood=22\nwritten=1\n"));
+    QCOMPARE(store()->value(kGood).toInt(), 22);
+    QCOMPARE(store()->generalSettings()->value(QStringLiteral("his/system")).toString(),
+             QStringLiteral("theirs"));
+    QCOMPARE(keptCopies(m_path), QStringList());
+}
+
+void TestSettingsObstacles::aCacheFileDamagedWhileItIsOpenIsKept()
+{
+    const QString path = QFileInfo(m_path).path() + QStringLiteral("/local_cache");
+    QVERIFY(writeFile(path, "localsave=true\n"));
+    const auto cache = openSettingsFile(path);
+    QVERIFY(cache->value(QStringLiteral("localsave")).toBool());
+    const QByteArray bytes = "localsave=false\nlocation=\xe4\n";
+    QVERIFY(writeFile(path, bytes));
+    cache->setValue(QStringLiteral("online_mode"), true);
+    QCoreApplication::processEvents();
+    QCOMPARE(keptCopies(path).size(), 1);
+    QCOMPARE(readFile(keptCopies(path).first()), bytes);
+    QVERIFY(readFile(path).contains("location=ä\n"));
+    QVERIFY(readFile(path).contains("online_mode=true\n"));
+}
+
+void TestSettingsObstacles::aLinkIsWrittenThrough_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QByteArray>("afterwards");
+
+    QTest::newRow("to a file") << kSound << kSoundAndWritten;
+    QTest::newRow("to a file that is not there yet") << QByteArray() << QByteArray("[ui]\nwritten=1\n");
+}
+
+void TestSettingsObstacles::aLinkIsWrittenThrough()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(QByteArray, afterwards);
+    const QString real = QFileInfo(m_path).path() + QStringLiteral("/real/settings.ini");
+    QVERIFY(writeFile(real, bytes));
+    if (bytes.isEmpty())
+        QVERIFY(QFile::remove(real));
+    QVERIFY(QFile::link(real, m_path));
+    store()->changeSettingsFile(m_path);
+    store()->setValue(kWritten, 1);
+    park();
+    QVERIFY(QFileInfo(m_path).isSymLink());
+    QCOMPARE(readFile(real), afterwards);
+}
+
+void TestSettingsObstacles::aKeyOfAnyKindComesBack_data()
+{
+    QTest::addColumn<QString>("name");
+
+    QTest::newRow("no group") << QStringLiteral("name");
+    QTest::newRow("many groups") << QStringLiteral("a/b/c/d/e");
+    QTest::newRow("slashes in front, behind and doubled") << QStringLiteral("/a//b/");
+    QTest::newRow("an escape spelled out") << QStringLiteral("a/%41%U0042%2F");
+    QTest::newRow("a percent sign alone") << QStringLiteral("a%/%");
+    QTest::newRow("blanks around") << QStringLiteral(" a / b ");
+    QTest::newRow("a backslash") << QStringLiteral("a\\b/c");
+    QTest::newRow("what means something in an ini file") << QStringLiteral("[a]=;\"b\"/@c=;#,d");
+    QTest::newRow("line ends and tabs") << QStringLiteral("a\n/b\r\t");
+    QTest::newRow("letters of many scripts") << QString::fromUtf8("ä€/肺 𠮷🫁");
+    QTest::newRow("a zero character") << QStringLiteral("a/") + QChar(QChar::Null) + QLatin1Char('b');
+    QTest::newRow("the name of the section without a group") << QStringLiteral("General/a");
+    QTest::newRow("capitals") << QStringLiteral("database/defaultSearchCustomFields");
+    QTest::newRow("ten thousand characters") << QStringLiteral("a/") + QString(10000, QLatin1Char('x'));
+}
+
+void TestSettingsObstacles::aKeyOfAnyKindComesBack()
+{
+    QFETCH(QString, name);
+    store()->changeSettingsFile(m_path);
+    store()->setValue(kGood, 1);
+    store()->setValue(name, QStringLiteral("value"));
+    const QStringList keys = store()->generalSettings()->allKeys();
+    QCOMPARE(keys.size(), 2);
+    park();
+    // Under another name, or the values would come from memory.
+    const QString moved = m_path + QStringLiteral(".moved");
+    QVERIFY(QFile::rename(m_path, moved));
+    store()->changeSettingsFile(moved);
+    QCOMPARE(store()->generalSettings()->allKeys(), keys);
+    QCOMPARE(store()->value(name).toString(), QStringLiteral("value"));
+    QCOMPARE(keptCopies(moved), QStringList());
+}
+
+void TestSettingsObstacles::aKeyWithoutANameIsPassedOver_data()
+{
+    QTest::addColumn<QString>("name");
+
+    QTest::newRow("empty") << QString();
+    QTest::newRow("a slash") << QStringLiteral("/");
+    QTest::newRow("slashes") << QStringLiteral("//");
+}
+
+void TestSettingsObstacles::aKeyWithoutANameIsPassedOver()
+{
+    QFETCH(QString, name);
+    openWith(kSound);
+    store()->setValue(name, QStringLiteral("value"));
+    store()->setSafeValue(name, QStringLiteral("secret"));
+    QCOMPARE(store()->value(name, 7).toInt(), 7);
+    QCOMPARE(store()->safeValue(name, 8).toInt(), 8);
+    QCOMPARE(store()->generalSettings()->allKeys(), QStringList(kGood));
+    park();
+    QCOMPARE(readFile(m_path), kSound);
+}
+
+void TestSettingsObstacles::aVeryLongValueComesBack()
+{
+    const QString text = QString::fromUtf8("ä, \"b\"; ").repeated(100000);
+    const QString password = QStringLiteral("persondb/password");
+    store()->changeSettingsFile(m_path);
+    store()->setValue(kGood, text);
+    store()->setSafeValue(password, text.left(100000));
+    park();
+    const QString moved = m_path + QStringLiteral(".moved");
+    QVERIFY(QFile::rename(m_path, moved));
+    store()->changeSettingsFile(moved);
+    QVERIFY(store()->value(kGood).toString() == text);
+    QVERIFY(store()->safeValue(password).toString() == text.left(100000));
+    QCOMPARE(keptCopies(moved), QStringList());
+}
+
+QTEST_GUILESS_MAIN(TestSettingsObstacles)
+#include "test_settingsobstacles.moc"
