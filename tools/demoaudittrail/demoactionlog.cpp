@@ -4,9 +4,8 @@
 #include "CommunicationAndData/sqlcipher/databasekey.h"
 #include "ZephanShared/toolkit/nativepath.h"
 #include "demoaudittrail/demoevents.h"
+#include "demoaudittrail/wholefile.h"
 
-#include <QFile>
-#include <QFileInfo>
 #include <QSqlError>
 #include <QSqlQuery>
 
@@ -64,11 +63,9 @@ bool fillFile(const QString &path, const DemoTrail &trail, QString &error)
 
 bool makeDemoActionLog(const QString &directory, const DemoTrail &trail, QString &error)
 {
-    const QString path = nativePath(directory + QLatin1Char('/') + QLatin1String(ActionLogTable::kFileName));
-    if (QFileInfo::exists(path))
-        return true;
-    if (makeFile(directory, error) && fillFile(path, trail, error))
-        return true;
-    QFile::remove(path);
-    return false;
+    const QString name = QLatin1Char('/') + QLatin1String(ActionLogTable::kFileName);
+    const auto make = [&](const QString &folder) {
+        return makeFile(folder, error) && fillFile(nativePath(folder + name), trail, error);
+    };
+    return makeWholeFile(directory + name, make, error);
 }

@@ -14,7 +14,7 @@ struct DemoTrail
 };
 
 /// Makes the encrypted file `actionlog.db` in a directory, as the programs of the suite keep it, and fills it
-/// in one transaction. A file that is there already stays as it is.
+/// whole or not at all. A file that is there already stays as it is.
 ///
 /// \param error  set to what failed
 bool makeDemoActionLog(const QString &directory, const DemoTrail &trail, QString &error);

@@ -13,10 +13,10 @@
 #include "ZephanShared/toolkit/nativepath.h"
 #include "ZephanShared/toolkit/plaintime.h"
 #include "demoaudittrail/demoactionlog.h"
+#include "demoaudittrail/wholefile.h"
 
 #include <QDateTime>
 #include <QDir>
-#include <QFile>
 #include <QSettings>
 #include <QSqlDatabase>
 #include <QSqlError>
@@ -185,8 +185,6 @@ QVariantMap siteParameters(const QString &path)
 
 bool makeSiteDatabase(const QString &path, QString &error)
 {
-    if (QFile::exists(path))
-        return true;
     bool made = false;
     {
         QSqlDatabase database =
@@ -206,8 +204,6 @@ bool makeSiteDatabase(const QString &path, QString &error)
 
 bool makeOfflineFile(const QString &folder, QString &error)
 {
-    if (QFile::exists(folder + QLatin1Char('/') + QLatin1String(kOfflineAccessFile)))
-        return true;
     AccessControlOffline offline(QStringLiteral("demooffline"));
     if (!offline.openOfflineDatabase(nativePath(folder), error))
         return false;
@@ -253,13 +249,21 @@ bool writeConnections(const QString &data, const QString &site, const QString &o
 
 bool makeDemoSite(const QString &data, QString &error)
 {
-    const QString site = data + QStringLiteral("/site.db");
+    const QString siteName = QStringLiteral("/site.db");
+    const QString site = data + siteName;
     const QString offline = data + QStringLiteral("/Databases");
+    const QString offlineFile = offline + QLatin1Char('/') + QLatin1String(kOfflineAccessFile);
     DemoTrail trail;
     trail.lastDay = QDate::currentDate().addDays(-1);
     if (!makeDemoActionLog(data + QLatin1String(kActionLogFolder), trail, error))
         return false;
-    if (!makeSiteDatabase(site, error) || !makeOfflineFile(offline, error))
+    const auto makeSite = [&](const QString &folder) {
+        return makeSiteDatabase(folder + siteName, error);
+    };
+    const auto makeOffline = [&](const QString &folder) {
+        return makeOfflineFile(folder, error);
+    };
+    if (!makeWholeFile(site, makeSite, error) || !makeWholeFile(offlineFile, makeOffline, error))
         return false;
     if (!writeConnections(data, site, offline)) {
         error = QStringLiteral("The connections cannot be written.");

@@ -1,11 +1,12 @@
 #include "demosettings.h"
 #include "demosite.h"
 
-#include "CommunicationAndData/settings/settingskeys.h"
+#include "demoaudittrail/wholefile.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QSaveFile>
 #include <QTextStream>
 
@@ -52,11 +53,15 @@ int main(int argc, char *argv[])
         QTextStream(stderr) << "The version cannot be written in " << data << '\n';
         return kFailed;
     }
-    if (!QFileInfo::exists(settings) && !writeDemoSettings(settings)) {
-        QTextStream(stderr) << "The settings cannot be written: " << settings << '\n';
+    QString error;
+    const QString settingsName = QLatin1Char('/') + QFileInfo(settings).fileName();
+    const auto writeSettings = [&](const QString &folder) {
+        return writeDemoSettings(folder + settingsName);
+    };
+    if (!makeWholeFile(settings, writeSettings, error)) {
+        QTextStream(stderr) << error << '\n';
         return kFailed;
     }
-    QString error;
     if (!makeDemoSite(data, error)) {
         QTextStream(stderr) << "The site's databases cannot be made: " << error << '\n';
         return kFailed;
