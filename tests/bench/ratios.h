@@ -15,12 +15,22 @@ public:
 
     /// Processor seconds of the best run of a benchmark; 0 where none ran.
     double best(const std::string &name) const;
+    /// Seconds that somebody waited in the best run of a benchmark; 0 where none ran.
+    double bestElapsed(const std::string &name) const;
 
     /// Prints a line "name: ratio", with what it should be. Nothing where one of the two is missing.
     static void print(const std::string &name, double value, double peer, const std::string &aim);
 
 private:
-    std::map<std::string, double> m_best;
+    struct Times
+    {
+        double processor = 0;
+        double elapsed = 0;
+    };
+
+    Times times(const std::string &name) const;
+
+    std::map<std::string, Times> m_best;
 };
 
 #endif
