@@ -2,13 +2,13 @@
 
 #include "CommunicationAndData/settings/settingshandler.h"
 #include "CommunicationAndData/settings/settingskeys.h"
+#include "ZephanShared/toolkit/filesystempath.h"
 
 #include <QEventLoop>
 #include <QFile>
 #include <QFileInfo>
 #include <QSettings>
 
-#include <filesystem>
 #include <system_error>
 
 namespace {
@@ -67,15 +67,6 @@ bool fetch(int id, Announcement &announcement)
     store()->getOnlineSettings(id);
     loop.exec();
     return isFetched;
-}
-
-std::filesystem::path nativeName(const QString &path)
-{
-#ifdef Q_OS_WIN
-    return std::filesystem::path(path.toStdWString());
-#else
-    return std::filesystem::path(QFile::encodeName(path).toStdString());
-#endif
 }
 
 }  // namespace
@@ -176,7 +167,7 @@ bool SettingsUpdate::replaceFile() const
     if (!isWritten || !QFile::setPermissions(m_stagingPath, QFile::permissions(m_path)))
         return false;
     std::error_code error;
-    std::filesystem::rename(nativeName(m_stagingPath), nativeName(m_path), error);
+    std::filesystem::rename(filesystemPath(m_stagingPath), filesystemPath(m_path), error);
     return !error;
 }
 

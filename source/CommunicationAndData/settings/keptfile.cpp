@@ -1,5 +1,6 @@
 #include "CommunicationAndData/settings/keptfile.h"
 
+#include "ZephanShared/toolkit/filesystempath.h"
 #include "ZephanShared/toolkit/plaintime.h"
 #include "ZephanShared/toolkit/wholefile.h"
 
@@ -10,22 +11,12 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
-#include <filesystem>
 #include <system_error>
 
 namespace {
 
 constexpr int kMostNames = 100;  // of one second and reason
 constexpr qint64 kBlockSize = 1 << 20;
-
-std::filesystem::path nativeName(const QString &path)
-{
-#ifdef Q_OS_WIN
-    return std::filesystem::path(path.toStdWString());
-#else
-    return std::filesystem::path(QFile::encodeName(path).toStdString());
-#endif
-}
 
 QByteArray digestOf(const QString &path)
 {
@@ -68,8 +59,8 @@ QString freeName(const QString &path, const QString &reason)
 bool link(const QString &path, const QString &name)
 {
     std::error_code error;
-    std::filesystem::create_hard_link(nativeName(QFileInfo(path).canonicalFilePath()), nativeName(name),
-                                      error);
+    std::filesystem::create_hard_link(filesystemPath(QFileInfo(path).canonicalFilePath()),
+                                      filesystemPath(name), error);
     return !error;
 }
 

@@ -15,6 +15,8 @@
 #include <sql.h>
 #include <sqlext.h>
 
+#include <algorithm>
+#include <initializer_list>
 #include <type_traits>
 
 namespace {
@@ -44,14 +46,27 @@ OdbcDiagnosis diagnosis(SQLSMALLINT type, const QVariant &handle, const QSqlErro
     return result;
 }
 
-template<std::size_t count>
-bool isOneOf(int number, const int (&numbers)[count])
+/// What a kind of server tells by numbers of its own.
+struct ServerNumbers
 {
-    for (const int candidate : numbers) {
-        if (candidate == number)
-            return true;
-    }
-    return false;
+    std::initializer_list<int> noRights;
+    std::initializer_list<int> noTable;
+    std::initializer_list<int> conflict;
+    std::initializer_list<int> taken;
+};
+
+OdbcCause causeOfNumber(int native, const ServerNumbers &numbers)
+{
+    const auto isOneOf = [native](const std::initializer_list<int> &candidates) {
+        return std::find(candidates.begin(), candidates.end(), native) != candidates.end();
+    };
+    if (isOneOf(numbers.noRights))
+        return OdbcCause::NoRights;
+    if (isOneOf(numbers.noTable))
+        return OdbcCause::NoTable;
+    if (isOneOf(numbers.conflict))
+        return OdbcCause::Conflict;
+    return isOneOf(numbers.taken) ? OdbcCause::Taken : OdbcCause::Other;
 }
 
 OdbcCause causeOnSqlite(int native)
@@ -79,35 +94,23 @@ OdbcCause causeOnMySql(int native)
 {
     // Access denied to a database, a command, a column, a procedure, without a privilege; read-only server,
     // read-only transaction.
-    constexpr int noRights[] = {1044, 1142, 1143, 1370, 1227, 1290, 1792, 1836};
-    constexpr int noTable[] = {1146};
+    const std::initializer_list<int> noRights = {1044, 1142, 1143, 1370, 1227, 1290, 1792, 1836};
+    const std::initializer_list<int> noTable = {1146};
     // Record changed since, lock wait time-out, lock table full, deadlock.
-    constexpr int conflict[] = {1020, 1205, 1206, 1213};
-    constexpr int taken[] = {1062, 1586};
-    if (isOneOf(native, noRights))
-        return OdbcCause::NoRights;
-    if (isOneOf(native, noTable))
-        return OdbcCause::NoTable;
-    if (isOneOf(native, conflict))
-        return OdbcCause::Conflict;
-    return isOneOf(native, taken) ? OdbcCause::Taken : OdbcCause::Other;
+    const std::initializer_list<int> conflict = {1020, 1205, 1206, 1213};
+    const std::initializer_list<int> taken = {1062, 1586};
+    return causeOfNumber(native, {noRights, noTable, conflict, taken});
 }
 
 OdbcCause causeOnMsSql(int native)
 {
     // Permission denied on an object, a column, in a database; database read-only.
-    constexpr int noRights[] = {229, 230, 262, 300, 3906};
-    constexpr int noTable[] = {208};
+    const std::initializer_list<int> noRights = {229, 230, 262, 300, 3906};
+    const std::initializer_list<int> noTable = {208};
     // Deadlock, lock time-out, snapshot conflict.
-    constexpr int conflict[] = {1205, 1222, 3960};
-    constexpr int taken[] = {2601, 2627};
-    if (isOneOf(native, noRights))
-        return OdbcCause::NoRights;
-    if (isOneOf(native, noTable))
-        return OdbcCause::NoTable;
-    if (isOneOf(native, conflict))
-        return OdbcCause::Conflict;
-    return isOneOf(native, taken) ? OdbcCause::Taken : OdbcCause::Other;
+    const std::initializer_list<int> conflict = {1205, 1222, 3960};
+    const std::initializer_list<int> taken = {2601, 2627};
+    return causeOfNumber(native, {noRights, noTable, conflict, taken});
 }
 
 /// PostgreSQL tells everything by the state and nothing by the number.
