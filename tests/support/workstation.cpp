@@ -3,9 +3,42 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QStringList>
+
+#include <unistd.h>
+
+namespace {
+
+/// What the settings store still writes when the process ends, after the workstation has gone. It is older
+/// than the store and so goes after it.
+class LateFiles
+{
+public:
+    ~LateFiles()
+    {
+        // A process that was split off ends while the workstation is in use.
+        if (getpid() != m_owner)
+            return;
+        for (const QString &folder : qAsConst(m_folders))
+            QDir(folder).removeRecursively();
+    }
+    void add(const QString &folder)
+    {
+        m_folders.append(folder);
+    }
+
+private:
+    const pid_t m_owner = getpid();
+    QStringList m_folders;
+};
+
+LateFiles g_lateFiles;
+
+}  // namespace
 
 Workstation::Workstation()
 {
+    g_lateFiles.add(m_root.path());
     QDir root(m_root.path());
     root.mkpath(QStringLiteral("ProgramData/Halvorn"));
     root.mkpath(QStringLiteral("tmp"));
