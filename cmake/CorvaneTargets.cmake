@@ -79,7 +79,7 @@ function(corvane_test name)
     # Where thread-local storage of loaded drivers and plug-ins lies, the address sanitizer guesses from the C library's
     # own notes. A guess that is wrong ends the search for leaks by "Tracer caught signal 11", so it must not guess.
     set(sanitizers "ASAN_OPTIONS=intercept_tls_get_addr=0;UBSAN_OPTIONS=print_stacktrace=1;")
-    string(APPEND sanitizers "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/support/leaks.supp:print_suppressions=0")
+    string(APPEND sanitizers "LSAN_OPTIONS=suppressions='${CMAKE_SOURCE_DIR}/tests/support/leaks.supp':print_suppressions=0")
     set_tests_properties(${name} PROPERTIES
         TIMEOUT ${TEST_TIMEOUT}
         LABELS "${TEST_LABELS}"

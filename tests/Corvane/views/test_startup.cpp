@@ -88,7 +88,7 @@ void TestStartup::closingBeforeAnySignInWritesLogoutAndStopping()
 void TestStartup::leavingTheSettingsViewIsRecordedBeforeTheLogout()
 {
     if (geteuid() != 0)
-        QSKIP("only an administrator can sign in without a password");
+        QSKIP("only root is sure to be an administrator");
     RunningProgram program(m_workstation->environment());
     QVERIFY(signIn(program));
     program.click(QStringLiteral("settings_button"));
