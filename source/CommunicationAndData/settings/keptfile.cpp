@@ -98,6 +98,6 @@ bool duplicateFile(const QString &path, const QString &name)
 bool replaceByFile(const QString &path, const QString &name)
 {
     std::error_code error;
-    std::filesystem::rename(nativeName(path), nativeName(name), error);
+    std::filesystem::rename(filesystemPath(path), filesystemPath(name), error);
     return !error;
 }
