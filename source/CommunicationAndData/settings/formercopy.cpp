@@ -33,8 +33,8 @@ FormerCopy::~FormerCopy()
 
 void FormerCopy::putBack()
 {
-    if (!m_existed)
+    if (!m_copy.isEmpty())
+        replaceByFile(m_copy, m_file);
+    else if (!m_existed && QFileInfo::exists(m_path))
         QFile::remove(QFileInfo(m_path).canonicalFilePath());
-    else if (!m_copy.isEmpty() && replaceByFile(m_copy, m_file))
-        m_copy.clear();
 }

@@ -1,5 +1,6 @@
 #include "CommunicationAndData/settings/workingsettings.h"
 
+#include "CommunicationAndData/settings/formercopy.h"
 #include "CommunicationAndData/settings/inirepair.h"
 #include "CommunicationAndData/settings/settingsfile.h"
 #include "CommunicationAndData/settings/settingsobject.h"
@@ -35,8 +36,13 @@ WorkingSettings::WorkingSettings(std::unique_ptr<SettingsObject> absolute)
 
 WorkingSettings::~WorkingSettings()
 {
-    // Before the two objects go, each of which would write what is pending in its own way.
-    m_absolute->close();
+    if (m_absolute->close() || !m_absolute->isOnDisk())
+        return;
+    // The two objects write what is pending once more when they go, also over what must not be written.
+    FormerCopy former(m_absolute->fileName());
+    m_shared.reset();
+    m_absolute.reset();
+    former.putBack();
 }
 
 QSettings *WorkingSettings::shared() const

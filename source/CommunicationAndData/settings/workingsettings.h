@@ -47,8 +47,8 @@ private:
 
     void writeChanges();
 
-    const std::unique_ptr<SettingsObject> m_absolute;
-    const std::unique_ptr<QSettings> m_shared;
+    std::unique_ptr<SettingsObject> m_absolute;
+    std::unique_ptr<QSettings> m_shared;
     QTimer m_retry;
     bool m_held = false;
 };

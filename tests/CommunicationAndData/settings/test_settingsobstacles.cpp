@@ -64,6 +64,7 @@ private slots:
     void aDamagedFileOnAFullDiskStaysUntilItCanBeKept();
 
     void whatAnotherProcessWritesMeanwhileIsTakenIn();
+    void aDamagedFileThatCannotBeKeptStays();
     void aCacheFileDamagedWhileItIsOpenIsKept();
     void aLinkIsWrittenThrough_data();
     void aLinkIsWrittenThrough();
@@ -351,6 +352,25 @@ void TestSettingsObstacles::whatAnotherProcessWritesMeanwhileIsTakenIn()
     QCOMPARE(store()->generalSettings()->value(QStringLiteral("his/system")).toString(),
              QStringLiteral("theirs"));
     QCOMPARE(keptCopies(m_path), QStringList());
+}
+
+void TestSettingsObstacles::aDamagedFileThatCannotBeKeptStays()
+{
+    // With the time and the damage the name would be longer than a name can be.
+    m_path =
+        QFileInfo(m_path).path() + QLatin1Char('/') + QString(225, QLatin1Char('x')) + QStringLiteral(".ini");
+    openWith(kSoundAndWritten);
+    QVERIFY(writeFile(m_path, kDamaged));
+    store()->setValue(kWritten, 2);
+    QVERIFY(!store()->flushSettingsFile());
+    QCOMPARE(readFile(m_path), kDamaged);
+    QCOMPARE(store()->value(kWritten).toInt(), 2);
+    park();
+    QCOMPARE(readFile(m_path), kDamaged);
+    QCOMPARE(QFileInfo(m_path).dir().entryList(QDir::Files).size(), 1);
+    store()->changeSettingsFile(m_path);
+    QCOMPARE(store()->value(kGood).toString(), QString::fromUtf8("ä"));
+    QVERIFY(!store()->generalSettings()->contains(kWritten));
 }
 
 void TestSettingsObstacles::aCacheFileDamagedWhileItIsOpenIsKept()
