@@ -3,7 +3,6 @@
 #include "CommunicationAndData/settings/settingshandler.h"
 #include "CommunicationAndData/settings/settingskeys.h"
 
-#include <QSettings>
 #include <QVariant>
 
 namespace {
@@ -130,7 +129,5 @@ bool writeDemoSettings(const QString &path)
     writeDatabaseGroup(store, kPersonDbGroup, QStringLiteral("halvorn_persons"));
     writeDatabaseGroup(store, kStudyDbGroup, QStringLiteral("halvorn_studies"));
     writeDatabaseGroup(store, kSupportDbGroup, QStringLiteral("halvorn_support"));
-    QSettings *settings = store->generalSettings();
-    settings->sync();
-    return settings->status() == QSettings::NoError;
+    return store->flushSettingsFile();
 }

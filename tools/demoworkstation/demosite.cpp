@@ -241,8 +241,7 @@ bool writeConnections(const QString &data, const QString &site, const QString &o
                     nativePath(data + QLatin1String(kActionLogFolder) + QLatin1Char('/') +
                                QLatin1String(ActionLogTable::kFileName)));
     cache->endGroup();
-    cache->sync();
-    return cache->status() == QSettings::NoError;
+    return syncSettingsFile(*cache);
 }
 
 }  // namespace

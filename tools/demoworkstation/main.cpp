@@ -1,6 +1,7 @@
 #include "demosettings.h"
 #include "demosite.h"
 
+#include "ZephanShared/toolkit/filecommit.h"
 #include "demoaudittrail/wholefile.h"
 
 #include <QCommandLineParser>
@@ -18,7 +19,7 @@ constexpr int kFailed = 1;
 bool writeVersion(const QString &path, const QString &version)
 {
     QSaveFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(version.toLatin1()) > 0 && file.commit();
+    return file.open(QIODevice::WriteOnly) && file.write(version.toLatin1()) > 0 && commitWhole(file);
 }
 
 }  // namespace

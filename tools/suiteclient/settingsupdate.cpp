@@ -161,8 +161,7 @@ void SettingsUpdate::keepWorkstation()
 /// Puts the new file, whole and on disk, in the place of the former one.
 bool SettingsUpdate::replaceFile() const
 {
-    store()->generalSettings()->sync();
-    const bool isWritten = store()->generalSettings()->status() == QSettings::NoError;
+    const bool isWritten = store()->flushSettingsFile();
     store()->changeSettingsFile(m_path);
     if (!isWritten || !QFile::setPermissions(m_stagingPath, QFile::permissions(m_path)))
         return false;

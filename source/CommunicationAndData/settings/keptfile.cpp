@@ -1,8 +1,8 @@
 #include "CommunicationAndData/settings/keptfile.h"
 
+#include "ZephanShared/toolkit/filecommit.h"
 #include "ZephanShared/toolkit/filesystempath.h"
 #include "ZephanShared/toolkit/plaintime.h"
-#include "ZephanShared/toolkit/wholefile.h"
 
 #include <QCryptographicHash>
 #include <QDateTime>

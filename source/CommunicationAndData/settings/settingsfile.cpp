@@ -7,8 +7,8 @@
 #include "CommunicationAndData/settings/keptfile.h"
 #include "CommunicationAndData/settings/settingscontent.h"
 #include "CommunicationAndData/settings/settingsobject.h"
+#include "ZephanShared/toolkit/filecommit.h"
 #include "ZephanShared/toolkit/logger.h"
-#include "ZephanShared/toolkit/wholefile.h"
 
 #include <QFileInfo>
 #include <QSaveFile>

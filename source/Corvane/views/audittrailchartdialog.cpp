@@ -2,8 +2,8 @@
 
 #include "Corvane/views/audittrailquerymodel.h"
 #include "Corvane/views/savefile.h"
+#include "ZephanShared/toolkit/filecommit.h"
 #include "ZephanShared/toolkit/plaintime.h"
-#include "ZephanShared/toolkit/wholefile.h"
 #include "ZephanShared/widgets/dateformathelper.h"
 
 #include <QBarCategoryAxis>

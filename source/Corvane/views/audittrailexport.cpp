@@ -3,7 +3,7 @@
 #include "Corvane/views/audittrailquerymodel.h"
 #include "Corvane/views/audittrailquerystring.h"
 #include "Corvane/views/csvtext.h"
-#include "ZephanShared/toolkit/wholefile.h"
+#include "ZephanShared/toolkit/filecommit.h"
 
 #include <QSaveFile>
 #include <QSqlQuery>

@@ -73,6 +73,7 @@ private slots:
     void unreachableDatabaseLeavesEverything();
     void damagedConfigurationLeavesEverything();
     void fileThatCannotBeWrittenStays();
+    void fileThatThereIsNoRoomForStays();
     void whatBelongsToTheWorkstationStays();
     void configurationWithoutDatabasesLeavesTheOwnOnes();
     void usersAreToldWhenTheyAreToBe();
@@ -255,6 +256,20 @@ void TestSuiteClient::fileThatCannotBeWrittenStays()
     QVERIFY(QDir().mkpath(m_client + text(".update/in_the_way")));
     const QByteArray file = readFile(m_client);
     QCOMPARE(update().code, 5);
+    QCOMPARE(readFile(m_client), file);
+}
+
+void TestSuiteClient::fileThatThereIsNoRoomForStays()
+{
+    distribute(example());
+    const QByteArray file = readFile(m_client);
+    // The client can write files of one block, of 512 bytes or 1024, as on a disk that is nearly full.
+    QProcess client;
+    client.start(text("sh"), {text("-c"), text("trap '' XFSZ; ulimit -f 1; exec \"$0\" --settings \"$1\""),
+                              QCoreApplication::applicationDirPath() + text("/suiteclient"), m_client});
+    QVERIFY(client.waitForFinished(kPatience));
+    QCOMPARE(client.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(client.exitCode(), 5);
     QCOMPARE(readFile(m_client), file);
 }
 

@@ -1,5 +1,5 @@
-#ifndef WHOLEFILE_H
-#define WHOLEFILE_H
+#ifndef FILECOMMIT_H
+#define FILECOMMIT_H
 
 class QSaveFile;
 

@@ -1,4 +1,4 @@
-#include "ZephanShared/toolkit/wholefile.h"
+#include "ZephanShared/toolkit/filecommit.h"
 
 #include "support/fulldisk.h"
 #include "support/workstation.h"
@@ -17,7 +17,7 @@ bool save(const QString &path, const QByteArray &bytes)
 
 }  // namespace
 
-class TestWholeFile : public QObject
+class TestFileCommit : public QObject
 {
     Q_OBJECT
 
@@ -26,7 +26,7 @@ private slots:
     void aFileIsReplacedByAllOrNothing();
 };
 
-void TestWholeFile::aFileIsReplacedByAllOrNothing_data()
+void TestFileCommit::aFileIsReplacedByAllOrNothing_data()
 {
     QTest::addColumn<int>("size");
     QTest::addColumn<int>("room");
@@ -39,7 +39,7 @@ void TestWholeFile::aFileIsReplacedByAllOrNothing_data()
     QTest::newRow("no bytes and no room") << 0 << 0 << true;
 }
 
-void TestWholeFile::aFileIsReplacedByAllOrNothing()
+void TestFileCommit::aFileIsReplacedByAllOrNothing()
 {
     QFETCH(int, size);
     QFETCH(int, room);
@@ -56,5 +56,5 @@ void TestWholeFile::aFileIsReplacedByAllOrNothing()
     QVERIFY(readFile(path) == (saved ? bytes : former));
 }
 
-QTEST_GUILESS_MAIN(TestWholeFile)
-#include "test_wholefile.moc"
+QTEST_GUILESS_MAIN(TestFileCommit)
+#include "test_filecommit.moc"

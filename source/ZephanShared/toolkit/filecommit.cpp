@@ -1,4 +1,4 @@
-#include "ZephanShared/toolkit/wholefile.h"
+#include "ZephanShared/toolkit/filecommit.h"
 
 #include <QSaveFile>
 
