@@ -87,6 +87,7 @@ private slots:
     void anArraySizeThatLiesIsHarmless_data();
     void anArraySizeThatLiesIsHarmless();
 
+    void withoutRoomSavingToTheLocalApplicationIsNoSuccess_data();
     void withoutRoomSavingToTheLocalApplicationIsNoSuccess();
     void whatCouldNotBeSavedIsNotWhatIsLoadedLater();
     void withoutRoomALoadIsTakenBackAtTheNextStart_data();
@@ -357,8 +358,16 @@ void TestSettingsBadFiles::anArraySizeThatLiesIsHarmless()
     QCOMPARE(readFile(m_file).count("params"), 5);
 }
 
+void TestSettingsBadFiles::withoutRoomSavingToTheLocalApplicationIsNoSuccess_data()
+{
+    QTest::addColumn<int>("room");
+    QTest::newRow("for anything") << static_cast<int>(kNoRoom);
+    QTest::newRow("for more than a part") << 300;
+}
+
 void TestSettingsBadFiles::withoutRoomSavingToTheLocalApplicationIsNoSuccess()
 {
+    QFETCH(int, room);
     m_files.setLocal({{"site/own", "local"}});
     const QByteArray local = readFile(m_files.local());
     SettingsBench bench(m_workstation, kAllRights);
@@ -366,7 +375,7 @@ void TestSettingsBadFiles::withoutRoomSavingToTheLocalApplicationIsNoSuccess()
     bench.takeEvents();
     m_boxes = std::make_unique<MessageBoxes>();
     {
-        const FullDisk disk(kNoRoom);
+        const FullDisk disk(static_cast<unsigned long>(room));
         bench.choose("local_menu", "save_action");
     }
     QCOMPARE(m_boxes->seen().size(), 1);
