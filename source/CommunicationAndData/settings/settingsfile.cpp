@@ -8,11 +8,14 @@
 #include "CommunicationAndData/settings/settingscontent.h"
 #include "CommunicationAndData/settings/settingsobject.h"
 #include "ZephanShared/toolkit/filecommit.h"
+#include "ZephanShared/toolkit/filesystempath.h"
 #include "ZephanShared/toolkit/logger.h"
 
 #include <QFileInfo>
 #include <QSaveFile>
 #include <QSet>
+
+#include <system_error>
 
 namespace {
 
@@ -55,6 +58,14 @@ QByteArray bytesOf(const QString &path)
     return bytes.isNull() ? QByteArray("") : bytes;
 }
 
+/// What nobody may look at counts as there.
+bool isThere(const QString &path)
+{
+    std::error_code error;
+    return std::filesystem::status(filesystemPath(path), error).type() !=
+           std::filesystem::file_type::not_found;
+}
+
 bool replaceFile(const QString &path, const QByteArray &text)
 {
     QSaveFile file(path);
@@ -89,6 +100,12 @@ std::unique_ptr<SettingsObject> SettingsFile::openSystemScope(const QString &org
     return openOnDisk(path, organisation, application);
 }
 
+bool SettingsFile::canReadSystemScope(const QString &organisation, const QString &application)
+{
+    const QString path = systemScopePath(organisation, application);
+    return !isThere(path) || !bytesOf(path).isNull();
+}
+
 std::unique_ptr<SettingsObject> SettingsFile::openInMemory()
 {
     return openInMemoryFor(QString(), QByteArray());
@@ -112,7 +129,7 @@ bool SettingsFile::secure(const QString &path, QByteArray *readable)
     const bool isFree = IniLock::clear(path);
     if (!isFree)
         warnOnce(path, QStringLiteral("%1 is locked for good; its settings stay in memory").arg(path));
-    if (!QFileInfo::exists(path))
+    if (!isThere(path))
         return isFree;
     const QByteArray bytes = bytesOf(path);
     if (bytes.isNull()) {

@@ -23,6 +23,9 @@ std::unique_ptr<SettingsObject> open(const QString &path);
 /// Opens the system-scope ini file of an organisation's application in UTF-8.
 std::unique_ptr<SettingsObject> openSystemScope(const QString &organisation, const QString &application);
 
+/// False if that file is there, for all that can be seen, and cannot be read.
+bool canReadSystemScope(const QString &organisation, const QString &application);
+
 /// Settings that are on no disk.
 std::unique_ptr<SettingsObject> openInMemory();
 

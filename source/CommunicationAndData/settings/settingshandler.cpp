@@ -326,6 +326,12 @@ std::unique_ptr<QSettings> openLocalApplicationSettings()
                                          QString::fromLatin1(kSuiteApplication));
 }
 
+bool canReadLocalApplicationSettings()
+{
+    return SettingsFile::canReadSystemScope(QString::fromLatin1(kSuiteOrganisation),
+                                            QString::fromLatin1(kSuiteApplication));
+}
+
 std::unique_ptr<QSettings> openSettingsFile(const QString &path)
 {
     return SettingsFile::open(path);

@@ -126,6 +126,10 @@ private:
 /// Opens the local application settings, the system-scope ini file of the suite. The caller owns the object.
 std::unique_ptr<QSettings> openLocalApplicationSettings();
 
+/// False if the local application settings are there and their file, or the way to it, is barred. Opened,
+/// they are empty then, whatever they hold.
+bool canReadLocalApplicationSettings();
+
 /// Opens an ini file with the encoding that all settings files of the suite have, UTF-8.
 std::unique_ptr<QSettings> openSettingsFile(const QString &path);
 

@@ -89,6 +89,7 @@ private:
     void copyToLocalSettings(QSettings &local, QString &message);
     void replaceByLocalSettings(bool silent);
     bool copyFromLocalSettings();
+    void tellIncompleteLoad(bool silent);
     bool exportTo(const QString &target, QString &message);
     bool copyWorkingFile(const QString &workingFile, const QString &target, QString &message);
     static void tellFailedCopy(QString &message);

@@ -111,6 +111,11 @@ void SettingsView::loadLocalSettings()
 void SettingsView::replaceByLocalSettings(bool silent)
 {
     logSettingsAction(Actions::LoadSettings, Actions::Human, QStringLiteral("Corvane Settings Local Load"));
+    // Taken for empty ones, settings that cannot be read just now would become that at the next save.
+    if (!canReadLocalApplicationSettings()) {
+        tellIncompleteLoad(silent);
+        return;
+    }
     SettingsParking parking(m_dataPath);
     parking.park();
     parking.unpark();
@@ -118,14 +123,10 @@ void SettingsView::replaceByLocalSettings(bool silent)
     // it.
     SettingsHandler::getInstance()->generalSettings()->clear();
     const bool complete = copyFromLocalSettings();
-    if (complete) {
+    if (complete)
         reloadPages();
-    } else {
-        emit logError(Actions::LoadSettings, ZephanErrors::kSettingsIncomplete,
-                      QStringLiteral("Not all settings were loaded"));
-        if (!silent)
-            showMessage(tr("Error") + QStringLiteral(": ") + tr("Not all settings were loaded."));
-    }
+    else
+        tellIncompleteLoad(silent);
     parking.clear();
     SettingsHandler::getInstance()->initAuditTrailSetting();
     removeRedundantSettings();
@@ -141,6 +142,14 @@ bool SettingsView::copyFromLocalSettings()
     QSettings *working = SettingsHandler::getInstance()->generalSettings();
     copyKeys(*local, local->allKeys(), *working);
     return local->allKeys().size() <= working->allKeys().size();
+}
+
+void SettingsView::tellIncompleteLoad(bool silent)
+{
+    emit logError(Actions::LoadSettings, ZephanErrors::kSettingsIncomplete,
+                  QStringLiteral("Not all settings were loaded"));
+    if (!silent)
+        showMessage(tr("Error") + QStringLiteral(": ") + tr("Not all settings were loaded."));
 }
 
 void SettingsView::takeLoadedSnapshots(Actions::Action action)

@@ -233,12 +233,18 @@ void TestSettingsSaving::unwritableLocalSettingsAreTold()
 
 void TestSettingsSaving::unwritableLocalSettingsAndAMissingRightReadThemAgain()
 {
+    m_files.setLocal({{"ui/measurement_units", 1}});
     SettingsBench bench(m_workstation, 0);
     bench.choose("local_menu", "load_action");
     bench.takeEvents();
-    QVERIFY(QDir().mkpath(m_files.local()));
+    child<QComboBox>(bench.view(), "measurement_units")->setCurrentIndex(0);
+    // What is no lock and cannot be removed bars the way for all who write.
+    const QString lock = m_files.local() + QStringLiteral(".lock");
+    QVERIFY(QDir().mkpath(lock + QStringLiteral("/stuck")));
     MessageBoxes boxes;
     bench.choose("local_menu", "save_action");
+    QVERIFY(QDir(lock).removeRecursively());
+    QCOMPARE(child<QComboBox>(bench.view(), "measurement_units")->currentIndex(), 1);
     QCOMPARE(boxes.seen().size(), 1);
     QCOMPARE(boxes.seen().first().text, QStringLiteral("Error: Cannot write to local settings file.") +
                                             kNoDatabaseNote + kNoAuditNote + kNoAccessNote);

@@ -1,6 +1,7 @@
 #include "settingsbench.h"
 #include "settingstest.h"
 #include "support/messageboxes.h"
+#include "support/ordinaryuser.h"
 
 #include <QComboBox>
 #include <QDir>
@@ -11,6 +12,8 @@
 #include <QTabWidget>
 #include <QTest>
 
+#include <functional>
+
 using namespace SettingsTest;
 
 namespace {
@@ -18,6 +21,9 @@ namespace {
 /// Two keys that differ in the file and are one when they are written: a file like this can't be copied
 /// whole.
 const QByteArray kCollapsingKeys = "[odd]\nb=1\n\\b=2\n\\\\b=3\n";
+
+/// Something that befalls a file.
+using Mishap = std::function<void(const QString &file)>;
 
 QAction *action(SettingsView &view, const char *name)
 {
@@ -69,6 +75,9 @@ private slots:
     void notAllSettingsLoadedIsToldAndTheTabsAreShown();
     void anInvalidValueIsSkippedInTheSnapshotAndLogged();
     void loadingALocalFileThatIsNotThereGivesEmptySettings();
+    void loadingALocalFileThatCannotBeReadIsToldAndIsNoLoad_data();
+    void loadingALocalFileThatCannotBeReadIsToldAndIsNoLoad();
+    void aLocalFileThatCannotBeReadLeavesTheLoadedSettingsAsTheyAre();
 
 private:
     Workstation m_workstation;
@@ -304,6 +313,86 @@ void TestSettingsView::loadingALocalFileThatIsNotThereGivesEmptySettings()
     QVERIFY(m_files.workingKeys().isEmpty());
     QVERIFY(tabs(bench.view())->isVisible());
 }
+
+void TestSettingsView::loadingALocalFileThatCannotBeReadIsToldAndIsNoLoad_data()
+{
+    QTest::addColumn<Mishap>("bar");
+    QTest::newRow("a file that may not be read") << Mishap(
+        [](const QString &file) { QVERIFY(QFile::setPermissions(file, QFile::Permissions(0x2200))); });
+    QTest::newRow("a folder that may not be entered") << Mishap([](const QString &file) {
+        QVERIFY(QFile::setPermissions(QFileInfo(file).path(), QFile::Permissions(0x6600)));
+    });
+    QTest::newRow("a folder in the place of the file")
+        << Mishap([](const QString &file) { QVERIFY(QFile::remove(file) && QDir().mkpath(file)); });
+    QTest::newRow("a link that leads to itself")
+        << Mishap([](const QString &file) { QVERIFY(QFile::remove(file) && QFile::link(file, file)); });
+}
+
+void TestSettingsView::loadingALocalFileThatCannotBeReadIsToldAndIsNoLoad()
+{
+    QFETCH(Mishap, bar);
+    setStored("site/own", "kept");
+    QVERIFY(store()->flushSettingsFile());
+    m_files.setLocal({{"application/language", "sv"}, {"site/new", 1}});
+    const QByteArray local = readFile(m_files.local());
+    const QString folder = QFileInfo(m_files.local()).path();
+    for (const QString &path : {m_workstation.path(QString()), folder})
+        QVERIFY(QFile::setPermissions(path, QFile::Permissions(0x7755)));
+    bar(m_files.local());
+
+    SettingsBench bench(m_workstation, kAllRights);
+    MessageBoxes boxes;
+    {
+        const OrdinaryUser user;
+        bench.choose("local_menu", "load_action");
+    }
+    QCOMPARE(boxes.seen().size(), 1);
+    QCOMPARE(boxes.seen().first().text, QStringLiteral("Error: Not all settings were loaded."));
+    QCOMPARE(boxes.seen().first().buttons, QStringList{"Ok"});
+    QCOMPARE(bench.takeEvents(),
+             QList<AuditEvent>({loaded(), settingsError(Actions::LoadSettings, 0x14100000,
+                                                        QStringLiteral("Not all settings were loaded"))}));
+    // There is nothing yet that could be saved over what is there.
+    QVERIFY(tabs(bench.view())->isHidden());
+    QVERIFY(!action(bench.view(), "save_action")->isEnabled());
+    QCOMPARE(stored("site/own").toString(), QStringLiteral("kept"));
+
+    // As soon as it can be read, it is loaded as ever.
+    QVERIFY(QFile::setPermissions(folder, QFile::Permissions(0x7755)));
+    QVERIFY(QFile::remove(m_files.local()) || QDir().rmdir(m_files.local()));
+    QVERIFY(writeFile(m_files.local(), local));
+    bench.choose("local_menu", "load_action");
+    QCOMPARE(boxes.seen().size(), 1);
+    QCOMPARE(m_files.workingKeys(), QStringList({"application/language", "site/new"}));
+    QCOMPARE(child<QComboBox>(bench.view(), "language")->currentData().toString(), QStringLiteral("sv"));
+    QCOMPARE(readFile(m_files.local()), local);
+}
+
+void TestSettingsView::aLocalFileThatCannotBeReadLeavesTheLoadedSettingsAsTheyAre()
+{
+    m_files.setLocal({{"application/language", "sv"}, {"other/program", "kept"}});
+    SettingsBench bench(m_workstation, kAllRights);
+    bench.choose("local_menu", "load_action");
+    const QByteArray local = readFile(m_files.local());
+    child<QComboBox>(bench.view(), "measurement_units")->setCurrentIndex(1);
+    QVERIFY(QFile::remove(m_files.local()) && QDir().mkpath(m_files.local()));
+    MessageBoxes boxes;
+    bench.choose("local_menu", "load_action");
+    QCOMPARE(boxes.seen().size(), 1);
+    QVERIFY(tabs(bench.view())->isVisible());
+    QCOMPARE(child<QComboBox>(bench.view(), "language")->currentData().toString(), QStringLiteral("sv"));
+    QCOMPARE(child<QComboBox>(bench.view(), "measurement_units")->currentIndex(), 1);
+
+    QVERIFY(QDir().rmdir(m_files.local()) && writeFile(m_files.local(), local));
+    bench.choose("local_menu", "save_action");
+    QCOMPARE(boxes.seen().last().text, QStringLiteral("Saving succeeded."));
+    QCOMPARE(m_files.localValue("application/language").toString(), QStringLiteral("sv"));
+    QCOMPARE(m_files.localValue("ui/measurement_units").toInt(), 1);
+    QCOMPARE(m_files.localValue("other/program").toString(), QStringLiteral("kept"));
+    QCOMPARE(m_files.workingValue("other/program").toString(), QStringLiteral("kept"));
+}
+
+Q_DECLARE_METATYPE(Mishap)
 
 QTEST_MAIN(TestSettingsView)
 #include "test_settingsview.moc"
