@@ -39,6 +39,7 @@ private slots:
     void eachViewHasItsHeaderAndTraces_data();
     void eachViewHasItsHeaderAndTraces();
     void settingsToAuditViewWritesStoppingThenStarted();
+    void aSwitchIsRecordedBeforeAndAfterTheViewAndTheHeaderChange();
     void homeViewItselfIsNotRecorded();
     void secondClickOnAccessControlWritesNothing();
     void refusedConnectionKeepsTheCurrentView();
@@ -179,6 +180,21 @@ void TestViewStacker::settingsToAuditViewWritesStoppingThenStarted()
     QCOMPARE(stopping.at(2).value<UuidString>(), UuidString());
     QCOMPARE(stopping.at(3).toString(), QString());
     QCOMPARE(stopping.at(4).toString(), QHostInfo::localHostName());
+}
+
+void TestViewStacker::aSwitchIsRecordedBeforeAndAfterTheViewAndTheHeaderChange()
+{
+    m_stacker->showSettings();
+    QStringList order;
+    const auto note = [this, &order](const QString &what) {
+        order.append(view() + QLatin1String(": ") + what);
+    };
+    connect(m_stacker.get(), &ViewStacker::logAction, this, [note] { note("recorded"); });
+    connect(m_stacker.get(), &ViewStacker::showPlainHeader, this, [note] { note("header"); });
+    connect(m_stacker.get(), &ViewStacker::setSubtitle, this, [note] { note("subtitle"); });
+    m_stacker->showAuditTrail();
+    QCOMPARE(order, (QStringList{"SettingsView: recorded", "AuditTrailView: header",
+                                 "AuditTrailView: subtitle", "AuditTrailView: recorded"}));
 }
 
 void TestViewStacker::homeViewItselfIsNotRecorded()
