@@ -5,6 +5,7 @@
 #include "Corvane/accesscontrol/supportconnectionhandler.h"
 #include "ZephanShared/widgets/celltable.h"
 #include "ZephanShared/widgets/columnlineedit.h"
+#include "ZephanShared/widgets/returnkey.h"
 
 #include <QAbstractButton>
 #include <QComboBox>
@@ -90,7 +91,7 @@ void AccesscontrolView::buildControls(QBoxLayout *column)
     m_addButton = new QPushButton(this);
     m_addButton->setObjectName(QStringLiteral("add_button"));
     m_addButton->setFixedHeight(kButtonHeight);
-    m_addButton->setAutoDefault(true);  // clicked by Enter as well
+    clickByReturn(m_addButton);
     m_methodPlaceholder = new QLabel(this);
     m_methodCombo = new QComboBox(this);
     m_methodCombo->setObjectName(QStringLiteral("method_combo"));
@@ -129,7 +130,7 @@ void AccesscontrolView::buildSaveButton(QBoxLayout *column)
     m_saveButton = new QPushButton(this);
     m_saveButton->setObjectName(QStringLiteral("save_button"));
     m_saveButton->setFixedHeight(kButtonHeight);
-    m_saveButton->setAutoDefault(true);
+    clickByReturn(m_saveButton);
     m_saveButton->setEnabled(false);
     connect(m_saveButton, SIGNAL(clicked()), this, SLOT(save()));
     column->addWidget(m_saveButton);

@@ -5,6 +5,7 @@
 #include "CommunicationAndData/settings/settingskeys.h"
 #include "Corvane/accesscontrol/accesscontroloffline.h"
 #include "ZephanShared/widgets/fittedtext.h"
+#include "ZephanShared/widgets/returnkey.h"
 #include "ZephanShared/widgets/waitcursor.h"
 
 #include <QEvent>
@@ -113,7 +114,7 @@ QVBoxLayout *SupportConnectionHandler::createConnectionRow()
     auto *button = new QPushButton;
     button->setObjectName(QStringLiteral("connection_options_button"));
     button->setFixedSize(kRowWidth, kRowHeight);
-    button->setAutoDefault(true);  // clicked by Enter as well
+    clickByReturn(button);
     connect(button, SIGNAL(clicked()), this, SLOT(connectionOptions()));
     auto *label = new QLabel;
     label->setObjectName(QStringLiteral("connection_state_label"));

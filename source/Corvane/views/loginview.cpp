@@ -7,6 +7,7 @@
 #include "ZephanShared/widgets/clickablelineedit.h"
 #include "ZephanShared/widgets/fittedtext.h"
 #include "ZephanShared/widgets/onelinevalidator.h"
+#include "ZephanShared/widgets/returnkey.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -99,6 +100,8 @@ void LoginView::updateTexts()
 
 void LoginView::toIntroduction()
 {
+    if (m_passwordEdit)
+        m_passwordEdit->clear();
     m_pages->setCurrentWidget(m_selectionPage);
     m_windowsAdministratorCombo->setFocus();
 }
@@ -158,7 +161,7 @@ QWidget *LoginView::createSignInPage()
     m_goBackButton->setObjectName(QStringLiteral("go_back_button"));
     connect(m_goBackButton, SIGNAL(clicked()), this, SLOT(toIntroduction()));
     for (QPushButton *button : {m_signInButton, m_goBackButton})
-        button->setAutoDefault(true);  // clicked by Enter as well
+        clickByReturn(button);
 
     auto *layout = new QVBoxLayout(page);
     layout->addWidget(m_usernameEdit);
@@ -193,6 +196,7 @@ ClickableLineEdit *LoginView::createField(const QString &name)
 {
     auto *field = new ClickableLineEdit(this);
     new OneLineValidator(field);
+    takeReturnOnce(field);  // after a few tries with a wrong password an account is locked
     field->setObjectName(name);
     field->setFixedSize(kFieldSize);
     return field;

@@ -48,7 +48,7 @@ public slots:
     /// Signs in by the present mode, unless a sign-in is under way or done.
     void logInUser();
     void accessControlLoginResult(ZephanError errorCode, QVariant errorData, QString errorMessage);
-    /// Goes back to the choice of a way to sign in.
+    /// Goes back to the choice of a way to sign in, and forgets a typed password.
     void toIntroduction();
     /// Switches the program to the language of an entry, and keeps it in `local_cache`.
     void languageChange(int index);

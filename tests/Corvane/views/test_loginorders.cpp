@@ -5,6 +5,7 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -21,6 +22,9 @@ private slots:
     void aChoiceCountsAgainAfterAFailure();
     void aSecondPressDuringAnAdministratorsSignInAsksForNothing();
     void returnOnAFocusedButtonPressesIt();
+    void aHeldReturnTriesOnce_data();
+    void aHeldReturnTriesOnce();
+    void goingBackForgetsThePassword();
     void aPastedNameAndPasswordLoseTheEndsOfTheirLines();
     void aChangeOfLanguageKeepsTheTypedTextAndTheWay();
 
@@ -106,6 +110,41 @@ void TestLoginOrders::returnOnAFocusedButtonPressesIt()
     goBack->setFocus();
     QTest::keyClick(goBack, Qt::Key_Return);
     QCOMPARE(page(), QStringLiteral("selection_page"));
+}
+
+void TestLoginOrders::aHeldReturnTriesOnce_data()
+{
+    QTest::addColumn<QString>("widget");
+    QTest::newRow("in the name") << "username_edit";
+    QTest::newRow("in the password") << "password_edit";
+    QTest::newRow("on the button") << "sign_in_button";
+}
+
+void TestLoginOrders::aHeldReturnTriesOnce()
+{
+    QFETCH(QString, widget);
+    const auto press = [&](bool repeated) {
+        QKeyEvent key(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"), repeated);
+        QCoreApplication::sendEvent(find<QWidget>(widget), &key);
+    };
+    choose(kAuthenticated, kInternalUser);
+    fillIn("anna", "wrong");
+    press(false);
+    QTRY_COMPARE(m_errors->size(), 1);
+    QTRY_VERIFY(m_view->findChildren<AccessControl *>().isEmpty());
+    press(true);
+    QVERIFY(m_view->findChildren<AccessControl *>().isEmpty());
+    press(false);
+    QTRY_COMPARE(m_errors->size(), 2);
+}
+
+void TestLoginOrders::goingBackForgetsThePassword()
+{
+    choose(kAdministrator, kOtherUser);
+    fillIn("anna", "s3cret");
+    QTest::mouseClick(find<QPushButton>("go_back_button"), Qt::LeftButton);
+    QCOMPARE(page(), QStringLiteral("selection_page"));
+    QCOMPARE(find<QLineEdit>("password_edit")->text(), QString());
 }
 
 void TestLoginOrders::aPastedNameAndPasswordLoseTheEndsOfTheirLines()

@@ -3,7 +3,6 @@
 #include "ZephanShared/widgets/logindialog.h"
 #include "ZephanShared/widgets/onelinevalidator.h"
 #include "ZephanShared/widgets/removebutton.h"
-#include "ZephanShared/widgets/returnkey.h"
 #include "ZephanShared/widgets/selectionpopup.h"
 #include "ZephanShared/widgets/styleprinter.h"
 #include "support/messageboxes.h"
@@ -12,15 +11,11 @@
 #include <QClipboard>
 #include <QDialogButtonBox>
 #include <QGuiApplication>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
-#include <QToolButton>
-
-#include <memory>
 
 namespace {
 
@@ -105,10 +100,6 @@ private slots:
     void loginDialogHasNoCloseButton();
     void loginDialogAnswers_data();
     void loginDialogAnswers();
-
-    void returnClicksAButton_data();
-    void returnClicksAButton();
-    void aHeldReturnClicksOnce();
 
     void selectionListOpensAndClosesWithoutAClick();
     void aSelectionListOpensByReturn();
@@ -430,48 +421,6 @@ void TestSmallWidgets::loginDialogAnswers()
     QCOMPARE(dialog.result(), result);
     QCOMPARE(dialog.username(), QStringLiteral("ben"));
     QCOMPARE(dialog.password(), QStringLiteral("x y"));
-}
-
-void TestSmallWidgets::returnClicksAButton_data()
-{
-    QTest::addColumn<int>("key");
-    QTest::addColumn<bool>("enabled");
-    QTest::addColumn<int>("clicks");
-
-    QTest::newRow("Return clicks") << int(Qt::Key_Return) << true << 1;
-    QTest::newRow("Enter of the number pad clicks") << int(Qt::Key_Enter) << true << 1;
-    QTest::newRow("Space clicks as before") << int(Qt::Key_Space) << true << 1;
-    QTest::newRow("a letter does nothing") << int(Qt::Key_A) << true << 0;
-    QTest::newRow("a disabled button is not clicked") << int(Qt::Key_Return) << false << 0;
-}
-
-void TestSmallWidgets::returnClicksAButton()
-{
-    QFETCH(int, key);
-    QFETCH(bool, enabled);
-    QFETCH(int, clicks);
-    for (QAbstractButton *button :
-         {static_cast<QAbstractButton *>(new QToolButton), static_cast<QAbstractButton *>(new QPushButton)}) {
-        const std::unique_ptr<QAbstractButton> owner(button);
-        clickByReturn(button);
-        button->setEnabled(enabled);
-        const QSignalSpy clicked(button, SIGNAL(clicked()));
-        button->show();
-        QTest::keyClick(button, static_cast<Qt::Key>(key));
-        QCOMPARE(clicked.count(), clicks);
-    }
-}
-
-void TestSmallWidgets::aHeldReturnClicksOnce()
-{
-    QToolButton button;
-    clickByReturn(&button);
-    const QSignalSpy clicked(&button, SIGNAL(clicked()));
-    for (const bool repeated : {false, true, true}) {
-        QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QString(), repeated);
-        QCoreApplication::sendEvent(&button, &press);
-    }
-    QCOMPARE(clicked.count(), 1);
 }
 
 void TestSmallWidgets::selectionListOpensAndClosesWithoutAClick()
