@@ -1,14 +1,39 @@
 #include "CommunicationAndData/settings/formercopy.h"
 
 #include "CommunicationAndData/settings/keptfile.h"
+#include "ZephanShared/toolkit/logger.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QLockFile>
 #include <QUuid>
 
 namespace {
 
 constexpr int kNameSize = 8;
+const auto kCutShort = QLatin1String("cut-short");
+
+QStringList copiesOf(const QFileInfo &file)
+{
+    QStringList copies;
+    const auto found =
+        file.dir().entryInfoList({file.fileName() + QLatin1Char('.') + QString(kNameSize, QLatin1Char('?')) +
+                                  QStringLiteral(".former")},
+                                 QDir::Files | QDir::Hidden, QDir::Time);
+    for (const QFileInfo &copy : found)
+        copies.append(copy.filePath());
+    return copies;
+}
+
+/// What `QSettings` writes ends with a line end.
+bool isCutShort(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    return file.size() == 0 || !file.seek(file.size() - 1) || file.read(1) != "\n";
+}
 
 }  // namespace
 
@@ -23,6 +48,27 @@ FormerCopy::FormerCopy(const QString &path)
                              .arg(m_file, QUuid::createUuid().toString(QUuid::Id128).left(kNameSize));
     if (duplicateFile(m_file, name))
         m_copy = name;
+}
+
+void FormerCopy::recover(const QString &path)
+{
+    const QFileInfo file(QFileInfo(path).canonicalFilePath());
+    if (!file.isFile())
+        return;
+    const QStringList copies = copiesOf(file);
+    if (copies.isEmpty())
+        return;
+    QLockFile lock(path + QLatin1String(".lock"));
+    if (!lock.tryLock() && lock.error() == QLockFile::LockFailedError)
+        return;  // A process is writing, and these are its own.
+    const QString name = file.filePath();
+    if (isCutShort(name) && !keepFile(name, kCutShort).isEmpty() && replaceByFile(copies.first(), name)) {
+        CORVANE_LOG(
+            Logger::Warning, Logger::Console, "FormerCopy::recover",
+            QStringLiteral("%1 was cut short when it was written; the former settings are in use").arg(path));
+    }
+    for (const QString &copy : copies)
+        QFile::remove(copy);
 }
 
 FormerCopy::~FormerCopy()

@@ -7,7 +7,7 @@
 ///
 /// On a disk that has no room for all of it, `QSettings` replaces a whole file by a part of one and takes
 /// that for success. A process that is killed at this moment leaves the copy behind, as
-/// "corvane.ini.0f1e2d3c.former".
+/// "corvane.ini.0f1e2d3c.former", for the next one that opens the file.
 class FormerCopy
 {
 public:
@@ -17,6 +17,11 @@ public:
 
     /// Puts the former file back in one step; where there was none, there is none again.
     void putBack();
+
+    /// What the opening of a file does about copies that a killed process has left: puts the newest one in
+    /// the place of a file that is empty or ends within a line, which is kept, and removes the others. That
+    /// leaves a warning in the run-time log.
+    static void recover(const QString &path);
 
 private:
     const QString m_path;

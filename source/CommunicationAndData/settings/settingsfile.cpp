@@ -1,5 +1,6 @@
 #include "CommunicationAndData/settings/settingsfile.h"
 
+#include "CommunicationAndData/settings/formercopy.h"
 #include "CommunicationAndData/settings/formerfiles.h"
 #include "CommunicationAndData/settings/inicodec.h"
 #include "CommunicationAndData/settings/inilock.h"
@@ -84,6 +85,7 @@ QString systemScopePath(const QString &organisation, const QString &application)
 
 std::unique_ptr<SettingsObject> SettingsFile::open(const QString &path)
 {
+    FormerCopy::recover(path);
     QByteArray readable;
     if (!secure(path, &readable))
         return openInMemoryFor(path, readable);
@@ -94,6 +96,7 @@ std::unique_ptr<SettingsObject> SettingsFile::openSystemScope(const QString &org
                                                               const QString &application)
 {
     const QString path = systemScopePath(organisation, application);
+    FormerCopy::recover(path);
     QByteArray readable;
     if (!secure(path, &readable))
         return openInMemoryFor(path, readable);

@@ -30,7 +30,7 @@ constexpr unsigned long kRoomForLock = 300;  // bytes
 /// What a process leaves that was killed while it held the lock. There is no process with so high a number.
 bool writeLock(const QString &name, int age)
 {
-    if (!writeFile(name, "2147483646\nsettings_child\nworkstation\n"))
+    if (!writeFile(name, "2147483646\nsettings_child\n\n"))
         return false;
     QFile file(name);
     const QDateTime time = QDateTime::currentDateTime().addSecs(-age);
@@ -58,6 +58,10 @@ private slots:
     void aDiskWithoutRoomForAllLeavesTheFileWhole();
     void aDiskWithoutRoomForAllGetsNoPartOfANewFile();
     void localApplicationSettingsAreLeftWholeAsWell();
+    void whatAProcessThatWasKilledThenLeftIsPutBack_data();
+    void whatAProcessThatWasKilledThenLeftIsPutBack();
+    void aWholeFileIsNotPutBack();
+    void aFileThatWasMovedAwayDoesNotComeBack();
     void aValueIsWrittenOnceTheDiskHasRoomAgain();
     void aValueIsWrittenOnceNothingIsInTheWayAnyMore();
     void aHeldChangeIsNotWrittenByTryingAgain();
@@ -269,6 +273,60 @@ void TestSettingsObstacles::localApplicationSettingsAreLeftWholeAsWell()
     QCOMPARE(readFile(path), bytes + "written=1\n");
     QVERIFY(QFile::remove(path));
     QVERIFY(QFile::remove(standIn));
+}
+
+void TestSettingsObstacles::whatAProcessThatWasKilledThenLeftIsPutBack_data()
+{
+    QTest::addColumn<QByteArray>("part");
+    QTest::addColumn<bool>("locked");
+
+    QTest::newRow("of an empty file") << QByteArray() << false;
+    QTest::newRow("of a file that ends within a line") << kSoundAndWritten.left(15) << false;
+    QTest::newRow("of one that it still held locked") << kSoundAndWritten.left(15) << true;
+}
+
+void TestSettingsObstacles::whatAProcessThatWasKilledThenLeftIsPutBack()
+{
+    QFETCH(QByteArray, part);
+    QFETCH(bool, locked);
+    QVERIFY(writeFile(m_path, part));
+    QVERIFY(writeFile(m_path + QStringLiteral(".0f1e2d3c.former"), kSound));
+    if (locked)
+        QVERIFY(writeLock(lock(), 1));
+    store()->changeSettingsFile(m_path);
+    QCOMPARE(store()->value(kGood).toInt(), 1);
+    QCOMPARE(readFile(m_path), kSound);
+    QCOMPARE(keptCopies(m_path).size(), 1);
+    QCOMPARE(readFile(keptCopies(m_path).first()), part);
+    QVERIFY(!QFile::exists(m_path + QStringLiteral(".0f1e2d3c.former")));
+    QCOMPARE(logged(m_path).filter(QStringLiteral("WRN CV: ")).size(), 1);
+}
+
+void TestSettingsObstacles::aWholeFileIsNotPutBack()
+{
+    const QString copy = m_path + QStringLiteral(".0f1e2d3c.former");
+    QVERIFY(writeFile(copy, kSound));
+    {
+        QLockFile writer(lock());
+        QVERIFY(writer.lock());
+        openWith(kSoundAndWritten);
+        QVERIFY(QFile::exists(copy));
+    }
+    park();
+    store()->changeSettingsFile(m_path);
+    QCOMPARE(store()->value(kWritten).toInt(), 1);
+    QVERIFY(!QFile::exists(copy));
+    QCOMPARE(readFile(m_path), kSoundAndWritten);
+    QCOMPARE(logged(m_path), QStringList());
+}
+
+void TestSettingsObstacles::aFileThatWasMovedAwayDoesNotComeBack()
+{
+    QVERIFY(writeFile(m_path + QStringLiteral(".0f1e2d3c.former"), kSound));
+    store()->changeSettingsFile(m_path);
+    QVERIFY(store()->generalSettings()->allKeys().isEmpty());
+    park();
+    QVERIFY(!QFile::exists(m_path));
 }
 
 void TestSettingsObstacles::aValueIsWrittenOnceTheDiskHasRoomAgain()
