@@ -73,12 +73,6 @@ private slots:
     void aLinkIsWrittenThrough_data();
     void aLinkIsWrittenThrough();
 
-    void aKeyOfAnyKindComesBack_data();
-    void aKeyOfAnyKindComesBack();
-    void aKeyWithoutANameIsPassedOver_data();
-    void aKeyWithoutANameIsPassedOver();
-    void aVeryLongValueComesBack();
-
 private:
     QString lock() const
     {
@@ -470,82 +464,6 @@ void TestSettingsObstacles::aLinkIsWrittenThrough()
     park();
     QVERIFY(QFileInfo(m_path).isSymLink());
     QCOMPARE(readFile(real), afterwards);
-}
-
-void TestSettingsObstacles::aKeyOfAnyKindComesBack_data()
-{
-    QTest::addColumn<QString>("name");
-
-    QTest::newRow("no group") << QStringLiteral("name");
-    QTest::newRow("many groups") << QStringLiteral("a/b/c/d/e");
-    QTest::newRow("slashes in front, behind and doubled") << QStringLiteral("/a//b/");
-    QTest::newRow("an escape spelled out") << QStringLiteral("a/%41%U0042%2F");
-    QTest::newRow("a percent sign alone") << QStringLiteral("a%/%");
-    QTest::newRow("blanks around") << QStringLiteral(" a / b ");
-    QTest::newRow("a backslash") << QStringLiteral("a\\b/c");
-    QTest::newRow("what means something in an ini file") << QStringLiteral("[a]=;\"b\"/@c=;#,d");
-    QTest::newRow("line ends and tabs") << QStringLiteral("a\n/b\r\t");
-    QTest::newRow("letters of many scripts") << QString::fromUtf8("ä€/肺 𠮷🫁");
-    QTest::newRow("a zero character") << QStringLiteral("a/") + QChar(QChar::Null) + QLatin1Char('b');
-    QTest::newRow("the name of the section without a group") << QStringLiteral("General/a");
-    QTest::newRow("capitals") << QStringLiteral("database/defaultSearchCustomFields");
-    QTest::newRow("ten thousand characters") << QStringLiteral("a/") + QString(10000, QLatin1Char('x'));
-}
-
-void TestSettingsObstacles::aKeyOfAnyKindComesBack()
-{
-    QFETCH(QString, name);
-    store()->changeSettingsFile(m_path);
-    store()->setValue(kGood, 1);
-    store()->setValue(name, QStringLiteral("value"));
-    const QStringList keys = store()->generalSettings()->allKeys();
-    QCOMPARE(keys.size(), 2);
-    park();
-    // Under another name, or the values would come from memory.
-    const QString moved = m_path + QStringLiteral(".moved");
-    QVERIFY(QFile::rename(m_path, moved));
-    store()->changeSettingsFile(moved);
-    QCOMPARE(store()->generalSettings()->allKeys(), keys);
-    QCOMPARE(store()->value(name).toString(), QStringLiteral("value"));
-    QCOMPARE(keptCopies(moved), QStringList());
-}
-
-void TestSettingsObstacles::aKeyWithoutANameIsPassedOver_data()
-{
-    QTest::addColumn<QString>("name");
-
-    QTest::newRow("empty") << QString();
-    QTest::newRow("a slash") << QStringLiteral("/");
-    QTest::newRow("slashes") << QStringLiteral("//");
-}
-
-void TestSettingsObstacles::aKeyWithoutANameIsPassedOver()
-{
-    QFETCH(QString, name);
-    openWith(kSound);
-    store()->setValue(name, QStringLiteral("value"));
-    store()->setSafeValue(name, QStringLiteral("secret"));
-    QCOMPARE(store()->value(name, 7).toInt(), 7);
-    QCOMPARE(store()->safeValue(name, 8).toInt(), 8);
-    QCOMPARE(store()->generalSettings()->allKeys(), QStringList(kGood));
-    park();
-    QCOMPARE(readFile(m_path), kSound);
-}
-
-void TestSettingsObstacles::aVeryLongValueComesBack()
-{
-    const QString text = QString::fromUtf8("ä, \"b\"; ").repeated(100000);
-    const QString password = QStringLiteral("persondb/password");
-    store()->changeSettingsFile(m_path);
-    store()->setValue(kGood, text);
-    store()->setSafeValue(password, text.left(100000));
-    park();
-    const QString moved = m_path + QStringLiteral(".moved");
-    QVERIFY(QFile::rename(m_path, moved));
-    store()->changeSettingsFile(moved);
-    QVERIFY(store()->value(kGood).toString() == text);
-    QVERIFY(store()->safeValue(password).toString() == text.left(100000));
-    QCOMPARE(keptCopies(moved), QStringList());
 }
 
 QTEST_GUILESS_MAIN(TestSettingsObstacles)
