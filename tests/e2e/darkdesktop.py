@@ -60,7 +60,7 @@ def main(launcher, folder):
             program.menu("Manage local application", "Load settings from local application")
             program.find("page tab", "General")
             check(walk, "page", [("label", "Date format"), ("combo box", "Date format"), ("check box", "12 hour clock"),
-                                 ("page tab", "Database")])
+                                 ("text", "Input file"), ("page tab", "Database")])
             program.close_window()
             code = program.wait()
             assert code == 0, "exit code %d" % code

@@ -31,15 +31,6 @@ QString firstLine(const QString &path)
     return line.isEmpty() ? QString() : QString::fromUtf8(line).trimmed();
 }
 
-/// The texts have colours of their own, so they stand on white whatever the colours of the desktop are.
-void putOnWhite(QTextEdit &edit)
-{
-    QPalette palette = edit.palette();
-    palette.setColor(QPalette::Base, Qt::white);
-    palette.setColor(QPalette::Text, Qt::black);
-    edit.setPalette(palette);
-}
-
 }  // namespace
 
 AboutDialog::AboutDialog(const QString &mainTitle, const QString &subtitle, const QString &version,
@@ -67,7 +58,6 @@ AboutDialog::AboutDialog(const QString &mainTitle, const QString &subtitle, cons
     m_text->setReadOnly(true);
     m_text->setMinimumSize(kMinimumTextSize);
     m_text->document()->setDefaultFont(m_aboutFont);
-    putOnWhite(*m_text);
     m_layout->addWidget(m_text);
 
     appendTitles(mainTitle, subtitle, version);

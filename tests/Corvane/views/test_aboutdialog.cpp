@@ -69,7 +69,6 @@ private slots:
     void opensAtTheTop();
     void isFramelessWithItsTitleOnTop();
     void theTextCanOnlyBeRead();
-    void theTextIsReadableOnADarkDesktop();
     void okAccepts_data();
     void okAccepts();
 
@@ -231,22 +230,6 @@ void TestAboutDialog::theTextCanOnlyBeRead()
     const QString before = text->toPlainText();
     QTest::keyClicks(text, QStringLiteral("typed"));
     QCOMPARE(text->toPlainText(), before);
-}
-
-void TestAboutDialog::theTextIsReadableOnADarkDesktop()
-{
-    const QPalette light = QApplication::palette();
-    QPalette dark = light;
-    dark.setColor(QPalette::Base, Qt::black);
-    dark.setColor(QPalette::Text, Qt::white);
-    QApplication::setPalette(dark);
-    AboutDialog dialog(QStringLiteral("Main"), QStringLiteral("Sub"), QStringLiteral("5.1"), QString(),
-                       m_about, nullptr);
-    dialog.show();
-    const QImage picture = textEdit(dialog)->viewport()->grab().toImage();
-    QApplication::setPalette(light);
-    QCOMPARE(picture.pixelColor(picture.width() / 2, picture.height() - 2), QColor(Qt::white));
-    QCOMPARE(linesOf(dialog).last().color, QColor(Qt::black));
 }
 
 void TestAboutDialog::okAccepts_data()
