@@ -94,6 +94,7 @@ void TestCommands::init()
     m_environment.insert("CALLS", path("calls"));
     m_environment.insert("DISPLAY", ":1");
     m_environment.insert("TEMP", path("home"));
+    m_environment.insert("TMPDIR", path("home"));
     imitate("id", "echo 0");
     imitate("sleep", "");
     imitate("dpkg-query", "echo installed");

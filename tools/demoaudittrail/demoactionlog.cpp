@@ -4,7 +4,7 @@
 #include "CommunicationAndData/sqlcipher/databasekey.h"
 #include "ZephanShared/toolkit/nativepath.h"
 #include "demoaudittrail/demoevents.h"
-#include "demoaudittrail/wholefile.h"
+#include "demoaudittrail/demofile.h"
 
 #include <QSqlError>
 #include <QSqlQuery>
@@ -67,5 +67,5 @@ bool makeDemoActionLog(const QString &directory, const DemoTrail &trail, QString
     const auto make = [&](const QString &folder) {
         return makeFile(folder, error) && fillFile(nativePath(folder + name), trail, error);
     };
-    return makeWholeFile(directory + name, make, error);
+    return makeDemoFile(directory + name, make, error);
 }

@@ -13,7 +13,7 @@
 #include "ZephanShared/toolkit/nativepath.h"
 #include "ZephanShared/toolkit/plaintime.h"
 #include "demoaudittrail/demoactionlog.h"
-#include "demoaudittrail/wholefile.h"
+#include "demoaudittrail/demofile.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -262,7 +262,7 @@ bool makeDemoSite(const QString &data, QString &error)
     const auto makeOffline = [&](const QString &folder) {
         return makeOfflineFile(folder, error);
     };
-    if (!makeWholeFile(site, makeSite, error) || !makeWholeFile(offlineFile, makeOffline, error))
+    if (!makeDemoFile(site, makeSite, error) || !makeDemoFile(offlineFile, makeOffline, error))
         return false;
     if (!writeConnections(data, site, offline)) {
         error = QStringLiteral("The connections cannot be written.");

@@ -2,7 +2,7 @@
 #include "demosite.h"
 
 #include "ZephanShared/toolkit/filecommit.h"
-#include "demoaudittrail/wholefile.h"
+#include "demoaudittrail/demofile.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -59,7 +59,7 @@ int main(int argc, char *argv[])
     const auto writeSettings = [&](const QString &folder) {
         return writeDemoSettings(folder + settingsName);
     };
-    if (!makeWholeFile(settings, writeSettings, error)) {
+    if (!makeDemoFile(settings, writeSettings, error)) {
         QTextStream(stderr) << error << '\n';
         return kFailed;
     }

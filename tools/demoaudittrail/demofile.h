@@ -1,5 +1,5 @@
-#ifndef WHOLEFILE_H
-#define WHOLEFILE_H
+#ifndef DEMOFILE_H
+#define DEMOFILE_H
 
 #include <QString>
 #include <functional>
@@ -11,7 +11,7 @@
 /// \param path   where the file shall be; its folder is made
 /// \param make   makes a file of the same name, with nothing beside it that it needs, in the folder given to
 /// it \param error  set to what failed where \p make leaves it empty
-bool makeWholeFile(const QString &path, const std::function<bool(const QString &folder)> &make,
-                   QString &error);
+bool makeDemoFile(const QString &path, const std::function<bool(const QString &folder)> &make,
+                  QString &error);
 
 #endif

@@ -1,4 +1,4 @@
-#include "demoaudittrail/wholefile.h"
+#include "demoaudittrail/demofile.h"
 
 #include <QDir>
 #include <QFile>
@@ -10,8 +10,7 @@ constexpr char kUnfinished[] = ".unfinished";  // the folder's name, behind the 
 
 }  // namespace
 
-bool makeWholeFile(const QString &path, const std::function<bool(const QString &folder)> &make,
-                   QString &error)
+bool makeDemoFile(const QString &path, const std::function<bool(const QString &folder)> &make, QString &error)
 {
     if (QFileInfo::exists(path))
         return true;
