@@ -129,7 +129,11 @@ def main(launcher, folder):
             walk.run()
         except Exception as problem:
             walk.picture("stopped-here")
-            print("The walk stopped: %s" % problem, file=sys.stderr)
+            if program.running:
+                print("The walk stopped: %s" % problem, file=sys.stderr)
+            else:
+                print("The program has ended by itself with code %d, which is 1 where it already runs on this machine."
+                      % program.wait(), file=sys.stderr)
             return 1
         finally:
             program.kill()

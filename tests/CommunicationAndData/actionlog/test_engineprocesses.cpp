@@ -102,6 +102,8 @@ QStringList TestEngineProcesses::infos() const
 
 void TestEngineProcesses::init()
 {
+    // What a writer that is killed leaves behind goes with this test's own folder.
+    qputenv("TMPDIR", m_workstation.temporaryDirectory().toLocal8Bit());
     ++m_run;
     SettingsHandler::getInstance()->changeSettingsFile(
         m_workstation.path(QStringLiteral("settings%1.ini").arg(m_run)));
