@@ -5,6 +5,9 @@
 #include <QRegularExpression>
 #include <QSettings>
 #include <QSqlDatabase>
+#include <QVector>
+
+#include <algorithm>
 
 namespace {
 
@@ -67,16 +70,20 @@ QString ownTimeouts(const QString &databaseName, uint loginSeconds, uint answerS
     return QString();
 }
 
-/// The highest number among an array's entries. A damaged file may claim any size.
-int lastEntry(QSettings &settings)
+/// The numbers of an array's entries, from 1, in their order. A damaged file may claim any size.
+QVector<int> entryNumbers(QSettings &settings)
 {
-    int last = 0;
+    QVector<int> numbers;
     settings.beginGroup(QLatin1String(SettingsKeys::kParams));
     const QStringList entries = settings.childGroups();
-    for (const QString &entry : entries)
-        last = qMax(last, entry.toInt());
     settings.endGroup();
-    return last;
+    for (const QString &entry : entries) {
+        const int number = entry.toInt();
+        if (number > 0 && entry == QString::number(number))
+            numbers.append(number);
+    }
+    std::sort(numbers.begin(), numbers.end());
+    return numbers;
 }
 
 /// A driver's name cut to a length that no driver has: the driver manager of Unix ends the program at one of
@@ -131,11 +138,11 @@ QVariantMap OdbcConnection::readParameters(QSettings &settings)
 {
     QVariantMap parameters;
     const QString keyName = QLatin1String(SettingsKeys::kParamKey);
-    const int last = lastEntry(settings);
-    const int size = qMin(settings.beginReadArray(QLatin1String(SettingsKeys::kParams)), last);
-    for (int i = 0; i < size; ++i) {
-        settings.setArrayIndex(i);
-        if (settings.contains(keyName))
+    const QVector<int> numbers = entryNumbers(settings);
+    const int size = settings.beginReadArray(QLatin1String(SettingsKeys::kParams));
+    for (const int number : numbers) {
+        settings.setArrayIndex(number - 1);
+        if (number <= size && settings.contains(keyName))
             parameters.insert(settings.value(keyName).toString(),
                               settings.value(QLatin1String(SettingsKeys::kParamValue)));
     }

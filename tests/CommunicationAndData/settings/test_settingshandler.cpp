@@ -59,6 +59,7 @@ private slots:
     void fewerParametersReplaceMore();
     void aDamagedSizeOfParametersIsHarmless_data();
     void aDamagedSizeOfParametersIsHarmless();
+    void aParameterFarBehindTheOthersIsFoundAtOnce();
     void aDatabaseGroupHoldsItsPlainKeys();
 
     void aForgottenGroupDoesNotChangeTheMeaningOfKeys();
@@ -363,6 +364,17 @@ void TestSettingsHandler::aDamagedSizeOfParametersIsHarmless()
     setParameters(group, {{QStringLiteral("a"), 1}, {QStringLiteral("b"), 2}});
     store()->setValue(kParamsSize, size);
     QCOMPARE(parameters(group).size(), count);
+}
+
+void TestSettingsHandler::aParameterFarBehindTheOthersIsFoundAtOnce()
+{
+    const QString group = key(SettingsKeys::kPersonDbGroup);
+    setParameters(group, {{QStringLiteral("a"), 1}, {QStringLiteral("b"), 2}});
+    store()->setValue(QStringLiteral("persondb/params/2147483647/key"), QStringLiteral("c"));
+    store()->setValue(QStringLiteral("persondb/params/2147483647/value"), 3);
+    store()->setValue(kParamsSize, 2147483647);
+    QCOMPARE(parameters(group),
+             (QVariantMap{{QStringLiteral("a"), 1}, {QStringLiteral("b"), 2}, {QStringLiteral("c"), 3}}));
 }
 
 void TestSettingsHandler::aDatabaseGroupHoldsItsPlainKeys()
