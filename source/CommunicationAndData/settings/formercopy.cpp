@@ -41,7 +41,8 @@ FormerCopy::FormerCopy(const QString &path)
     : m_path(path)
     , m_existed(QFileInfo::exists(path))
 {
-    if (!m_existed)
+    // What may not be written stays as it is, and not every platform would let its copy be removed.
+    if (!m_existed || !QFileInfo(path).isWritable())
         return;
     m_file = QFileInfo(path).canonicalFilePath();
     const QString name = QStringLiteral("%1.%2.former")
@@ -62,7 +63,10 @@ void FormerCopy::recover(const QString &path)
     if (!lock.tryLock() && lock.error() == QLockFile::LockFailedError)
         return;  // A process is writing, and these are its own.
     const QString name = file.filePath();
-    if (isCutShort(name) && !keepFile(name, kCutShort).isEmpty() && replaceByFile(copies.first(), name)) {
+    if (isCutShort(name)) {
+        // What cannot be put back now is left for a later opening.
+        if (keepFile(name, kCutShort).isEmpty() || !replaceByFile(copies.first(), name))
+            return;
         CORVANE_LOG(
             Logger::Warning, Logger::Console, "FormerCopy::recover",
             QStringLiteral("%1 was cut short when it was written; the former settings are in use").arg(path));
@@ -77,10 +81,14 @@ FormerCopy::~FormerCopy()
         QFile::remove(m_copy);
 }
 
-void FormerCopy::putBack()
+bool FormerCopy::putBack()
 {
-    if (!m_copy.isEmpty())
-        replaceByFile(m_copy, m_file);
-    else if (!m_existed && QFileInfo::exists(m_path))
-        QFile::remove(QFileInfo(m_path).canonicalFilePath());
+    if (!m_existed)
+        return !QFileInfo::exists(m_path) || QFile::remove(QFileInfo(m_path).canonicalFilePath());
+    if (m_copy.isEmpty())
+        return false;
+    const bool isBack = replaceByFile(m_copy, m_file);
+    if (!isBack)
+        m_copy.clear();
+    return isBack;
 }

@@ -15,8 +15,10 @@ public:
     ~FormerCopy();
     Q_DISABLE_COPY(FormerCopy)
 
-    /// Puts the former file back in one step; where there was none, there is none again.
-    void putBack();
+    /// Puts the former file back in one step; where there was none, there is none again. It can be done once.
+    ///
+    /// \return  false if that is not possible; a copy stays then for the next one that opens the file
+    bool putBack();
 
     /// What the opening of a file does about copies that a killed process has left: puts the newest one in
     /// the place of a file that is empty or ends within a line, which is kept, and removes the others. That

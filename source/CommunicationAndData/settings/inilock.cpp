@@ -6,11 +6,13 @@
 #include <QFileInfo>
 #include <QLockFile>
 #include <QThread>
+#include <QUuid>
 
 namespace {
 
 constexpr int kLongestMaking = 1000;  // milliseconds; it takes some microseconds
 constexpr int kInterval = 50;
+constexpr int kNameSize = 8;
 constexpr qint64 kLongestHolding = 30000;  // after which `QLockFile` takes a lock for an abandoned one
 
 QString nameOf(const QString &path)
@@ -30,7 +32,8 @@ void removeUnfinished(const QString &name)
     waiting.start();
     for (QFileInfo lock(name); lock.isFile() && lock.size() == 0; lock.refresh()) {
         if (ageOf(lock) > kLongestMaking || waiting.hasExpired(kLongestMaking)) {
-            QFile::remove(name);
+            // Unless its maker lives and is only slow.
+            QLockFile(name).removeStaleLockFile();
             return;
         }
         QThread::msleep(kInterval);
@@ -41,6 +44,14 @@ void removeUnfinished(const QString &name)
 bool isForeign(const QFileInfo &lock)
 {
     return lock.isSymLink() || (lock.exists() && !lock.isFile());
+}
+
+/// What somebody has put into a directory is his, and is kept.
+bool removeForeign(const QString &name)
+{
+    const QString kept =
+        QStringLiteral("%1.%2.kept").arg(name, QUuid::createUuid().toString(QUuid::Id128).left(kNameSize));
+    return QFile::remove(name) || QDir().rmdir(name) || QDir().rename(name, kept);
 }
 
 /// An abandoned lock of another account can often be removed, though not be taken over.
@@ -57,7 +68,7 @@ bool IniLock::clear(const QString &path)
     removeUnfinished(name);
     const QFileInfo lock(name);
     if (isForeign(lock))
-        return QFile::remove(name) || QDir().rmdir(name);
+        return removeForeign(name);
     return !lock.exists() || ageOf(lock) <= kLongestHolding || QLockFile(name).tryLock() ||
            removeAbandoned(name);
 }

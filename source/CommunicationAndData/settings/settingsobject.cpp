@@ -16,6 +16,7 @@
 #include <QSet>
 
 #include <algorithm>
+#include <functional>
 
 namespace {
 
@@ -139,34 +140,46 @@ bool SettingsObject::write()
 /// be written is pending as before.
 bool SettingsObject::takeBackPart(FormerCopy &former)
 {
-    if (holdsLines(m_path, ownKeys()))
+    if (holdsLines(m_path, ownKeys().size()))
         return false;
     const bool staysPending = !m_isClosing && group().isEmpty();
     const auto content = staysPending ? SettingsContent::of(*this) : QMap<QString, QVariant>();
     if (QFileInfo(m_path).size() > 0) {
         // Somebody else may have written less in the meantime.
         sync();
-        if (holdsLines(m_path, ownKeys()))
+        if (holdsLines(m_path, ownKeys().size()))
             return false;
     }
-    former.putBack();
+    const bool isBack = former.putBack();
     sync();
     if (staysPending) {
         SettingsContent::replace(*this, content);
+        if (!isBack)
+            makePending();
         // It would be tried again at once, and without an end.
         QCoreApplication::removePostedEvents(this, QEvent::UpdateRequest);
     }
     return true;
 }
 
-/// How many settings are of the file itself, and not of one that stands in for what is missing here.
-int SettingsObject::ownKeys()
+/// A part of the settings is on disk that `QSettings` takes for all of them. With one that it has to write it
+/// writes all.
+void SettingsObject::makePending()
+{
+    const QStringList keys = ownKeys();
+    if (!keys.isEmpty())
+        setValue(keys.first(), value(keys.first()));
+}
+
+/// The settings of the file itself, and not of one that stands in for what is missing here.
+QStringList SettingsObject::ownKeys()
 {
     const bool hasFallbacks = fallbacksEnabled();
     setFallbacksEnabled(false);
-    const QStringList keys = allKeys();
+    QStringList keys = allKeys();
     setFallbacksEnabled(hasFallbacks);
-    return static_cast<int>(std::count_if(keys.begin(), keys.end(), SettingsContent::isKey));
+    keys.erase(std::remove_if(keys.begin(), keys.end(), std::not_fn(SettingsContent::isKey)), keys.end());
+    return keys;
 }
 
 // An object that could not write once says so for ever; what another one on the same file says is of now.

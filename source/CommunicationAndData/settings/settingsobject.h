@@ -44,7 +44,8 @@ private:
     bool write();
     bool isWritten() const;
     bool takeBackPart(FormerCopy &former);
-    int ownKeys();
+    void makePending();
+    QStringList ownKeys();
     void report();
 
     const QString m_path;

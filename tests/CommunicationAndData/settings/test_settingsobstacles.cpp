@@ -12,7 +12,10 @@
 #include <QSettings>
 #include <QTest>
 
+#include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -52,14 +55,18 @@ private slots:
     void theAbandonedLockOfAnotherAccountIsRemoved();
     void aLockThatStaysKeepsTheSettingsInMemory_data();
     void aLockThatStaysKeepsTheSettingsInMemory();
+    void aDirectoryInThePlaceOfTheLockIsMovedAside();
+    void aLockThatSomebodyIsJustMakingIsLeftAlone();
     void aFileIsReadWhileSomebodyWritesIt();
 
     void aDiskWithoutRoomForAllLeavesTheFileWhole_data();
     void aDiskWithoutRoomForAllLeavesTheFileWhole();
+    void aPartThatStaysOnDiskIsMadeWholeOnceThereIsRoom();
     void aDiskWithoutRoomForAllGetsNoPartOfANewFile();
     void localApplicationSettingsAreLeftWholeAsWell();
     void whatAProcessThatWasKilledThenLeftIsPutBack_data();
     void whatAProcessThatWasKilledThenLeftIsPutBack();
+    void aCopyThatCannotBePutBackStays();
     void aWholeFileIsNotPutBack();
     void aFileThatWasMovedAwayDoesNotComeBack();
     void aValueIsWrittenOnceTheDiskHasRoomAgain();
@@ -85,6 +92,10 @@ private:
     void park()
     {
         store()->changeSettingsFile(m_workstation.dataDirectory() + QStringLiteral("parking.ini"));
+    }
+    QString longName(int size) const
+    {
+        return QStringLiteral("%1/%2.ini").arg(QFileInfo(m_path).path(), QString(size, QLatin1Char('x')));
     }
     void openWith(const QByteArray &bytes)
     {
@@ -158,21 +169,52 @@ void TestSettingsObstacles::aLockThatStaysKeepsTheSettingsInMemory()
 {
     QFETCH(QByteArray, bytes);
     QFETCH(QString, good);
-    const QString inside = lock() + QStringLiteral("/inside");
-    QVERIFY(writeFile(inside, "kept"));
+    const QString folder = QFileInfo(m_path).path();
+    QVERIFY(writeLock(lock(), 60));
     if (!bytes.isEmpty())
         QVERIFY(writeFile(m_path, bytes));
-    store()->changeSettingsFile(m_path);
-    QCOMPARE(store()->value(kGood).toString(), good);
-    store()->setValue(kWritten, 1);
-    QVERIFY(!store()->flushSettingsFile());
-    QCOMPARE(store()->value(kWritten).toInt(), 1);
-    park();
+    QVERIFY(QFile::setPermissions(folder, QFile::Permissions(0x5555)));
+    {
+        const OrdinaryUser nobody;
+        store()->changeSettingsFile(m_path);
+        QCOMPARE(store()->value(kGood).toString(), good);
+        store()->setValue(kWritten, 1);
+        QVERIFY(!store()->flushSettingsFile());
+        QCOMPARE(store()->value(kWritten).toInt(), 1);
+        park();
+    }
+    QVERIFY(QFile::setPermissions(folder, QFile::Permissions(0x7755)));
     QCOMPARE(readFile(m_path), bytes);
-    QCOMPARE(readFile(inside), QByteArray("kept"));
+    QVERIFY(QFileInfo::exists(lock()));
     QCOMPARE(keptCopies(m_path), QStringList());
     QCOMPARE(logged(m_path).filter(QStringLiteral("WRN CV: ")).size(), 1);
     QCOMPARE(logged(m_path).filter(QStringLiteral("ERR CV: ")).size(), 1);
+}
+
+void TestSettingsObstacles::aDirectoryInThePlaceOfTheLockIsMovedAside()
+{
+    openWith(kSound);
+    QVERIFY(writeFile(lock() + QStringLiteral("/inside"), "kept"));
+    store()->setValue(kWritten, 1);
+    park();
+    QCOMPARE(readFile(m_path), kSoundAndWritten);
+    QVERIFY(!QFileInfo::exists(lock()));
+    QCOMPARE(keptCopies(lock()).size(), 1);
+    QCOMPARE(readFile(keptCopies(lock()).first() + QStringLiteral("/inside")), QByteArray("kept"));
+}
+
+void TestSettingsObstacles::aLockThatSomebodyIsJustMakingIsLeftAlone()
+{
+    QVERIFY(writeFile(m_path, kSound));
+    QVERIFY(writeFile(lock(), QByteArray()));
+    const int maker = open(qPrintable(lock()), O_WRONLY);
+    QCOMPARE(flock(maker, LOCK_EX | LOCK_NB), 0);
+    store()->changeSettingsFile(m_path);
+    QVERIFY(QFileInfo::exists(lock()));
+    close(maker);
+    store()->setValue(kWritten, 1);
+    QVERIFY(store()->flushSettingsFile());
+    QCOMPARE(readFile(m_path), kSoundAndWritten);
 }
 
 void TestSettingsObstacles::aFileIsReadWhileSomebodyWritesIt()
@@ -224,12 +266,30 @@ void TestSettingsObstacles::aDiskWithoutRoomForAllLeavesTheFileWhole()
     }
     QCOMPARE(readFile(m_path), bytes);
     QCOMPARE(QFileInfo(m_path).isSymLink(), linked);
+    QCOMPARE(QFileInfo(linked ? real : m_path).dir().entryList({QStringLiteral("*.former")}), QStringList());
     store()->changeSettingsFile(m_path);
     QVERIFY(!store()->generalSettings()->contains(kWritten));
     store()->setValue(kWritten, 3);
     QVERIFY(store()->flushSettingsFile());
     QCOMPARE(readFile(m_path), bytes + "written=3\n");
     QCOMPARE(QFileInfo(m_path).dir().entryList({QStringLiteral("*.former")}), QStringList());
+}
+
+void TestSettingsObstacles::aPartThatStaysOnDiskIsMadeWholeOnceThereIsRoom()
+{
+    // So long a name leaves none for a copy.
+    m_path = longName(242);
+    const QByteArray bytes = "[ui]\ngood=1\nlong=" + QByteArray(1000, 'x') + '\n';
+    openWith(bytes);
+    {
+        const FullDisk disk(kRoomForLock);
+        store()->setValue(kWritten, 1);
+        QVERIFY(!store()->flushSettingsFile());
+        QVERIFY(readFile(m_path).size() < bytes.size());
+        QCOMPARE(store()->value(kWritten).toInt(), 1);
+    }
+    QVERIFY(store()->flushSettingsFile());
+    QCOMPARE(readFile(m_path), bytes + "written=1\n");
 }
 
 void TestSettingsObstacles::aDiskWithoutRoomForAllGetsNoPartOfANewFile()
@@ -294,6 +354,19 @@ void TestSettingsObstacles::whatAProcessThatWasKilledThenLeftIsPutBack()
     QCOMPARE(readFile(keptCopies(m_path).first()), part);
     QVERIFY(!QFile::exists(m_path + QStringLiteral(".0f1e2d3c.former")));
     QCOMPARE(logged(m_path).filter(QStringLiteral("WRN CV: ")).size(), 1);
+}
+
+void TestSettingsObstacles::aCopyThatCannotBePutBackStays()
+{
+    m_path = longName(225);
+    const QString copy = m_path + QStringLiteral(".0f1e2d3c.former");
+    const QByteArray part = kSoundAndWritten.left(15);
+    QVERIFY(writeFile(m_path, part));
+    QVERIFY(writeFile(copy, kSound));
+    store()->changeSettingsFile(m_path);
+    park();
+    QCOMPARE(readFile(m_path), part);
+    QCOMPARE(readFile(copy), kSound);
 }
 
 void TestSettingsObstacles::aWholeFileIsNotPutBack()
@@ -409,8 +482,7 @@ void TestSettingsObstacles::whatAnotherProcessWritesMeanwhileIsTakenIn()
 void TestSettingsObstacles::aDamagedFileThatCannotBeKeptStays()
 {
     // With the time and the damage the name would be longer than a name can be.
-    m_path =
-        QFileInfo(m_path).path() + QLatin1Char('/') + QString(225, QLatin1Char('x')) + QStringLiteral(".ini");
+    m_path = longName(225);
     openWith(kSoundAndWritten);
     QVERIFY(writeFile(m_path, kDamaged));
     store()->setValue(kWritten, 2);
