@@ -119,3 +119,16 @@ QString spokenName(QWidget *widget)
     const auto labels = interface->relations(QAccessible::Label);
     return (labels.isEmpty() ? interface : labels.constFirst().first)->text(QAccessible::Name);
 }
+
+void addNamesOfAnyKind()
+{
+    QTest::addColumn<QString>("name");
+
+    QTest::newRow("blanks") << QString::fromUtf8("   ");
+    QTest::newRow("10,000 characters") << QString(10000, QLatin1Char('x'));
+    QTest::newRow("quotes and marks") << QString::fromUtf8("O'Brien \"the\" `boss`; DROP -- <b>&amp;");
+    QTest::newRow("line breaks") << QString::fromUtf8("one\ntwo\r\nthree");
+    QTest::newRow("right to left") << QString::fromUtf8("\u05de\u05e0\u05d4\u05dc \u0645\u062f\u064a\u0631");
+    QTest::newRow("combining letters") << QString::fromUtf8("e\u0301\u0327 a\u0308");
+    QTest::newRow("beyond the basic plane") << QString::fromUtf8("\U0001F637 \U00020000");
+}

@@ -55,6 +55,9 @@ EditorSteps::Step giveFocus(const QString &widget);
 /// A return key that repeats itself, as it does while it is held down.
 EditorSteps::Step holdReturn();
 
+/// Rows of a column "name": whatever a person can type or paste as one.
+void addNamesOfAnyKind();
+
 /// The names of the widgets that the tabulator key reaches from the one that has the focus, once around.
 QStringList tabOrder(QDialog &dialog);
 /// The name that a screen reader tells for a widget: that of its label, where it has one.
