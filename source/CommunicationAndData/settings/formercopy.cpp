@@ -1,5 +1,6 @@
 #include "CommunicationAndData/settings/formercopy.h"
 
+#include "CommunicationAndData/settings/inilock.h"
 #include "CommunicationAndData/settings/keptfile.h"
 #include "ZephanShared/toolkit/logger.h"
 
@@ -57,7 +58,7 @@ void FormerCopy::recover(const QString &path)
     if (!file.isFile())
         return;
     const QStringList copies = copiesOf(file);
-    if (copies.isEmpty())
+    if (copies.isEmpty() || !IniLock::clear(path))
         return;
     QLockFile lock(path + QLatin1String(".lock"));
     if (!lock.tryLock() && lock.error() == QLockFile::LockFailedError)

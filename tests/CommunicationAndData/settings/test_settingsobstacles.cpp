@@ -31,9 +31,11 @@ constexpr int kLongEnough = 15000;  // milliseconds
 constexpr unsigned long kRoomForLock = 300;  // bytes
 
 /// What a process leaves that was killed while it held the lock. There is no process with so high a number.
+const QByteArray kDeadLock = "2147483646\nsettings_child\n\n";
+
 bool writeLock(const QString &name, int age)
 {
-    if (!writeFile(name, "2147483646\nsettings_child\n\n"))
+    if (!writeFile(name, kDeadLock))
         return false;
     QFile file(name);
     const QDateTime time = QDateTime::currentDateTime().addSecs(-age);
@@ -332,21 +334,23 @@ void TestSettingsObstacles::localApplicationSettingsAreLeftWholeAsWell()
 void TestSettingsObstacles::whatAProcessThatWasKilledThenLeftIsPutBack_data()
 {
     QTest::addColumn<QByteArray>("part");
-    QTest::addColumn<bool>("locked");
+    QTest::addColumn<QByteArray>("lockText");
 
-    QTest::newRow("of an empty file") << QByteArray() << false;
-    QTest::newRow("of a file that ends within a line") << kSoundAndWritten.left(15) << false;
-    QTest::newRow("of one that it still held locked") << kSoundAndWritten.left(15) << true;
+    const QByteArray part = kSoundAndWritten.left(15);
+    QTest::newRow("of an empty file") << QByteArray() << QByteArray();
+    QTest::newRow("of a file that ends within a line") << part << QByteArray();
+    QTest::newRow("of one that it still held locked") << part << kDeadLock;
+    QTest::newRow("of one that it was just locking again") << part << QByteArray("");
 }
 
 void TestSettingsObstacles::whatAProcessThatWasKilledThenLeftIsPutBack()
 {
     QFETCH(QByteArray, part);
-    QFETCH(bool, locked);
+    QFETCH(QByteArray, lockText);
     QVERIFY(writeFile(m_path, part));
     QVERIFY(writeFile(m_path + QStringLiteral(".0f1e2d3c.former"), kSound));
-    if (locked)
-        QVERIFY(writeLock(lock(), 1));
+    if (!lockText.isNull())
+        QVERIFY(writeFile(lock(), lockText));
     store()->changeSettingsFile(m_path);
     QCOMPARE(store()->value(kGood).toInt(), 1);
     QCOMPARE(readFile(m_path), kSound);
