@@ -1,5 +1,7 @@
 #include "CommunicationAndData/settings/inirepair.h"
+#include "CommunicationAndData/settings/settingshandler.h"
 #include "storechecks.h"
+#include "support/fulldisk.h"
 #include "support/workstation.h"
 
 #include <QDir>
@@ -16,6 +18,9 @@ namespace {
 constexpr int kRounds = 25;
 constexpr int kRepairs = 15;
 constexpr int kFillers = 200;
+constexpr int kFullDisks = 30;
+
+constexpr unsigned long kRoomForLock = 300;  // bytes
 
 std::unique_ptr<QProcess> child(const QStringList &arguments)
 {
@@ -53,6 +58,7 @@ class TestSettingsProcesses : public QObject
 private slots:
     void aKilledProcessLosesNothingThatWasOnDisk();
     void aProcessKilledWhileItRepairsLosesNoByte();
+    void aProcessKilledOnAFullDiskLosesNothing();
     void aLockThatAKilledProcessLeftHoldsNobodyUp();
     void twoProcessesKeepEachOthersKeys();
     void whatIsPendingAtTheEndIsWritten();
@@ -120,6 +126,38 @@ void TestSettingsProcesses::aProcessKilledWhileItRepairsLosesNoByte()
         QVERIFY(readFile(path).contains("round=" + QByteArray::number(round)));
     }
     QVERIFY(repairs > 0);
+}
+
+void TestSettingsProcesses::aProcessKilledOnAFullDiskLosesNothing()
+{
+    const QString path = file(QStringLiteral("full.ini"));
+    const QByteArray bytes = "[ui]\ngood=1\nlong=" + QByteArray(1000, 'x') + '\n';
+    const QDir folder(m_workstation.dataDirectory());
+    const auto copies = [&folder] {
+        return folder.entryList({QStringLiteral("full.ini.*.former")});
+    };
+    int copiesLeft = 0;
+    for (int round = 0; round < kFullDisks; ++round) {
+        QVERIFY(writeFile(path, bytes));
+        std::unique_ptr<QProcess> process;
+        {
+            const FullDisk disk(kRoomForLock);
+            process = child({QStringLiteral("pending"), path});
+        }
+        QVERIFY(process->waitForStarted());
+        const auto isWriting = [&] {
+            return round % 2 == 0 ? !copies().isEmpty() : readFile(path) != bytes;
+        };
+        while (!isWriting() && !process->waitForFinished(0)) {
+        }
+        process->kill();
+        QVERIFY(process->state() == QProcess::NotRunning || process->waitForFinished());
+        copiesLeft += copies().size();
+        QCOMPARE(openSettingsFile(path)->value(QStringLiteral("ui/good")).toInt(), 1);
+        QCOMPARE(readFile(path), bytes);
+        QCOMPARE(copies(), QStringList());
+    }
+    QVERIFY(copiesLeft > 0);
 }
 
 void TestSettingsProcesses::aLockThatAKilledProcessLeftHoldsNobodyUp()
