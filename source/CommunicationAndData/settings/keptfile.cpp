@@ -28,7 +28,7 @@ QByteArray digestOf(const QString &path)
 }
 
 /// The name of a copy that says the same already; empty without one.
-QString formerCopy(const QString &path, const QString &reason)
+QString sameCopy(const QString &path, const QString &reason)
 {
     const QFileInfo file(path);
     const QStringList copies = file.dir().entryList(
@@ -83,9 +83,9 @@ bool copy(const QString &path, const QString &name)
 
 QString keepFile(const QString &path, const QString &reason)
 {
-    const QString former = formerCopy(path, reason);
-    if (!former.isEmpty())
-        return former;
+    const QString same = sameCopy(path, reason);
+    if (!same.isEmpty())
+        return same;
     const QString name = freeName(path, reason);
     return !name.isEmpty() && duplicateFile(path, name) ? name : QString();
 }

@@ -1,7 +1,7 @@
 #include "CommunicationAndData/settings/settingsfile.h"
 
+#include "CommunicationAndData/settings/closedfiles.h"
 #include "CommunicationAndData/settings/formercopy.h"
-#include "CommunicationAndData/settings/formerfiles.h"
 #include "CommunicationAndData/settings/inicodec.h"
 #include "CommunicationAndData/settings/inilock.h"
 #include "CommunicationAndData/settings/inirepair.h"
@@ -30,7 +30,7 @@ std::unique_ptr<SettingsObject> openInMemoryFor(const QString &path, const QByte
 template<typename... Name>
 std::unique_ptr<SettingsObject> openOnDisk(const QString &path, const Name &...name)
 {
-    const auto content = FormerFiles::contentToRead(path);
+    const auto content = ClosedFiles::contentToRead(path);
     auto settings = std::make_unique<SettingsObject>(name...);
     if (content)
         SettingsContent::replace(*settings, *content);

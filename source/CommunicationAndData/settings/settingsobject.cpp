@@ -1,7 +1,7 @@
 #include "CommunicationAndData/settings/settingsobject.h"
 
+#include "CommunicationAndData/settings/closedfiles.h"
 #include "CommunicationAndData/settings/formercopy.h"
-#include "CommunicationAndData/settings/formerfiles.h"
 #include "CommunicationAndData/settings/inicodec.h"
 #include "CommunicationAndData/settings/inilock.h"
 #include "CommunicationAndData/settings/iniscanner.h"
@@ -82,7 +82,7 @@ SettingsObject::~SettingsObject()
 {
     const bool written = close();
     if (m_onDisk)
-        FormerFiles::remember(m_path, !written);
+        ClosedFiles::remember(m_path, !written);
 }
 
 bool SettingsObject::close()

@@ -1,4 +1,4 @@
-#include "CommunicationAndData/settings/formerfiles.h"
+#include "CommunicationAndData/settings/closedfiles.h"
 
 #include "CommunicationAndData/settings/filestamp.h"
 #include "CommunicationAndData/settings/settingscontent.h"
@@ -9,7 +9,7 @@
 
 namespace {
 
-struct FormerState
+struct ClosedState
 {
     FileStamp stamp;
     QByteArray digest;
@@ -17,9 +17,9 @@ struct FormerState
 };
 
 /// The last settings are let go of while the process ends, so the table is never destroyed.
-QHash<QString, FormerState> &formerStates()
+QHash<QString, ClosedState> &closedStates()
 {
-    static auto *const states = new QHash<QString, FormerState>;
+    static auto *const states = new QHash<QString, ClosedState>;
     return *states;
 }
 
@@ -36,22 +36,22 @@ QByteArray digestOf(const QByteArray &bytes)
 
 }  // namespace
 
-void FormerFiles::remember(const QString &path, bool unwritten)
+void ClosedFiles::remember(const QString &path, bool unwritten)
 {
-    formerStates().insert(path, {FileStamp::of(path), digestOf(bytesOf(path)), unwritten});
+    closedStates().insert(path, {FileStamp::of(path), digestOf(bytesOf(path)), unwritten});
 }
 
-std::optional<QMap<QString, QVariant>> FormerFiles::contentToRead(const QString &path)
+std::optional<QMap<QString, QVariant>> ClosedFiles::contentToRead(const QString &path)
 {
-    const auto found = formerStates().constFind(path);
-    if (found == formerStates().constEnd())
+    const auto found = closedStates().constFind(path);
+    if (found == closedStates().constEnd())
         return std::nullopt;
-    const FormerState former = *found;
-    formerStates().erase(found);
-    if (!former.unwritten && former.stamp != FileStamp::of(path))
+    const ClosedState closed = *found;
+    closedStates().erase(found);
+    if (!closed.unwritten && closed.stamp != FileStamp::of(path))
         return std::nullopt;
     const QByteArray bytes = bytesOf(path);
-    if (!former.unwritten && former.digest == digestOf(bytes))
+    if (!closed.unwritten && closed.digest == digestOf(bytes))
         return std::nullopt;
     // Without room to read it apart, what is in memory is the nearest to it, and nothing is lost.
     return SettingsContent::read(bytes);
