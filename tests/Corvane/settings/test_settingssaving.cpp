@@ -1,6 +1,7 @@
 #include "settingsbench.h"
 #include "settingstest.h"
 #include "support/messageboxes.h"
+#include "support/ordinaryuser.h"
 
 #include <QColor>
 #include <QComboBox>
@@ -238,12 +239,19 @@ void TestSettingsSaving::unwritableLocalSettingsAndAMissingRightReadThemAgain()
     bench.choose("local_menu", "load_action");
     bench.takeEvents();
     child<QComboBox>(bench.view(), "measurement_units")->setCurrentIndex(0);
-    // What is no lock and cannot be removed bars the way for all who write.
-    const QString lock = m_files.local() + QStringLiteral(".lock");
-    QVERIFY(QDir().mkpath(lock + QStringLiteral("/stuck")));
+    // An ordinary user may read the local settings, and write nothing but the working ones.
+    const QString folder = QFileInfo(m_files.local()).path();
+    for (const QString &path : {m_workstation.path(QString()), m_workstation.dataDirectory()})
+        QVERIFY(QFile::setPermissions(path, QFile::Permissions(0x7777)));
+    QVERIFY(QFile::setPermissions(m_files.working(), QFile::Permissions(0x6666)));
+    QVERIFY(QFile::setPermissions(m_files.local(), QFile::Permissions(0x4444)));
+    QVERIFY(QFile::setPermissions(folder, QFile::Permissions(0x5555)));
     MessageBoxes boxes;
-    bench.choose("local_menu", "save_action");
-    QVERIFY(QDir(lock).removeRecursively());
+    {
+        const OrdinaryUser user;
+        bench.choose("local_menu", "save_action");
+    }
+    QVERIFY(QFile::setPermissions(folder, QFile::Permissions(0x7755)));
     QCOMPARE(child<QComboBox>(bench.view(), "measurement_units")->currentIndex(), 1);
     QCOMPARE(boxes.seen().size(), 1);
     QCOMPARE(boxes.seen().first().text, QStringLiteral("Error: Cannot write to local settings file.") +
