@@ -42,7 +42,7 @@ public:
         const QStringList statements =
             databaseKeyStatements() +
             QStringList{QStringLiteral("PRAGMA journal_mode = WAL"),
-                        QStringLiteral("PRAGMA synchronous = FULL")} +
+                        QStringLiteral("PRAGMA synchronous = EXTRA")} +
             SqlSchema::statements(QSqlDriver::SQLite, QLatin1String(ActionLogTable::kTable));
         for (const QString &statement : statements)
             QSqlQuery(statement, m_database);

@@ -271,10 +271,13 @@ void TestCommands::commandsOfOneFolderTakeTurns()
 {
     QFile::remove(path("programs/sleep"));
     QVERIFY(QFile::link(QStandardPaths::findExecutable("sleep"), path("programs/sleep")));
-    const QString turn = "source scripts/common.sh; alone dev sh -c 'echo begin >>\"$CALLS\"; sleep 0.5; "
-                         "echo end >>\"$CALLS\"'";
+    const QString turn = "source scripts/common.sh; alone dev sh -c 'echo begin >>\"$CALLS\"; "
+                         "until [ -e leave ]; do sleep 0.1; done; echo end >>\"$CALLS\"'";
     const auto first = start(path("programs/bash"), {"-c", turn});
+    QTRY_COMPARE_WITH_TIMEOUT(calls(), QStringList{"begin"}, kPatience);
     const auto second = start(path("programs/bash"), {"-c", turn});
+    QVERIFY(second->waitForReadyRead(kPatience));
+    QVERIFY(writeFile(path("leave"), "now"));
     QVERIFY(first->waitForFinished(kPatience) && second->waitForFinished(kPatience));
     QCOMPARE(calls(), (QStringList{"begin", "end", "begin", "end"}));
     QCOMPARE(QString::fromUtf8(first->readAll() + second->readAll()),

@@ -9,8 +9,8 @@
 /// as it is.
 ///
 /// \param path   where the file shall be; its folder is made
-/// \param make   makes a file of the same name, with nothing beside it that it needs, in the folder given to
-/// it \param error  set to what failed where \p make leaves it empty
+/// \param make   makes a file of the same name, that needs nothing beside it, in the folder given to it
+/// \param error  set to what failed where \p make leaves it empty
 bool makeDemoFile(const QString &path, const std::function<bool(const QString &folder)> &make,
                   QString &error);
 

@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QLockFile>
+#include <QRegularExpression>
 #include <QUuid>
 
 namespace {
@@ -15,15 +16,17 @@ namespace {
 constexpr int kNameSize = 8;
 const auto kCutShort = QLatin1String("cut-short");
 
+/// The copies beside a file, the newest first. What a person has named much the same way is none of them.
 QStringList copiesOf(const QFileInfo &file)
 {
+    const QRegularExpression name(QStringLiteral("^%1\\.[0-9a-f]{%2}\\.former$")
+                                      .arg(QRegularExpression::escape(file.fileName()))
+                                      .arg(kNameSize));
     QStringList copies;
-    const auto found =
-        file.dir().entryInfoList({file.fileName() + QLatin1Char('.') + QString(kNameSize, QLatin1Char('?')) +
-                                  QStringLiteral(".former")},
-                                 QDir::Files | QDir::Hidden, QDir::Time);
-    for (const QFileInfo &copy : found)
-        copies.append(copy.filePath());
+    for (const QFileInfo &beside : file.dir().entryInfoList(QDir::Files | QDir::Hidden, QDir::Time)) {
+        if (name.match(beside.fileName()).hasMatch())
+            copies.append(beside.filePath());
+    }
     return copies;
 }
 

@@ -28,7 +28,7 @@ public:
     ~SettingsObject() override;
 
     /// Writes what is pending, and takes in what others wrote. False if anything could not be written; it
-    /// stays pending, and the file stays as it was.
+    /// stays pending, and the file stays as it was wherever a copy of it could be held meanwhile.
     bool syncAndReport();
     /// The same for the last time: what could not be written is given up.
     bool close();

@@ -12,8 +12,9 @@ class SettingsObject;
 
 /// The file that holds the working settings at the moment, open.
 ///
-/// It is written from the event loop soon after a change, by `sync` and at destruction, whole or not at all.
-/// What cannot be written is logged once, stays in memory and is tried again every five seconds.
+/// It is written from the event loop soon after a change, by `sync` and at destruction, whole or not at all
+/// wherever the former file can be held meanwhile. What cannot be written is logged once, stays in memory and
+/// is tried again every five seconds.
 class WorkingSettings : public QObject
 {
     Q_OBJECT

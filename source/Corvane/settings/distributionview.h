@@ -18,8 +18,9 @@ class DistributionView : public SettingsDatabaseDialog
 
 public:
     /// \param dataPath      directory of `local_cache`, with its trailing separator
-    /// \param username      remembered user name of the database, as the password for this run only; not
-    /// owned \param operatorName  creator of the configuration; empty for "Admin"
+    /// \param username      remembered user name of the database; not owned
+    /// \param password      its password, remembered for this run only; not owned
+    /// \param operatorName  creator of the configuration; empty for "Admin"
     DistributionView(const QString &dataPath, QString *username, QString *password, QString operatorName,
                      QWidget *parent = nullptr);
 

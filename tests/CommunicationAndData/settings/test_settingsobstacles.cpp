@@ -349,6 +349,8 @@ void TestSettingsObstacles::whatAProcessThatWasKilledThenLeftIsPutBack()
     QFETCH(QByteArray, lockText);
     QVERIFY(writeFile(m_path, part));
     QVERIFY(writeFile(m_path + QStringLiteral(".0f1e2d3c.former"), kSound));
+    const QString aPersons = m_path + QStringLiteral(".original.former");
+    QVERIFY(writeFile(aPersons, "[site]\nown=1\n"));
     if (!lockText.isNull())
         QVERIFY(writeFile(lock(), lockText));
     store()->changeSettingsFile(m_path);
@@ -357,6 +359,7 @@ void TestSettingsObstacles::whatAProcessThatWasKilledThenLeftIsPutBack()
     QCOMPARE(keptCopies(m_path).size(), 1);
     QCOMPARE(readFile(keptCopies(m_path).first()), part);
     QVERIFY(!QFile::exists(m_path + QStringLiteral(".0f1e2d3c.former")));
+    QVERIFY(QFile::remove(aPersons));
     QCOMPARE(logged(m_path).filter(QStringLiteral("WRN CV: ")).size(), 1);
 }
 
