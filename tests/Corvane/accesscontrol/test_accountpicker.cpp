@@ -1,6 +1,7 @@
 #include "Corvane/accesscontrol/accountdatabase.h"
 #include "Corvane/accesscontrol/pickersteps.h"
 #include "support/messageboxes.h"
+#include "support/workstation.h"
 
 #include <QComboBox>
 #include <QGroupBox>
@@ -36,6 +37,9 @@ private slots:
     void givingUpInTheFormGivesNoOperator();
     void theTabulatorGoesFromTopToBottom();
     void theReturnKeySavesTheChosenAccount();
+
+private:
+    Workstation m_workstation;
 };
 
 void TestAccountPicker::init()
