@@ -50,7 +50,11 @@ Ending run(const QStringList &arguments)
     const auto process = started(arguments);
     if (!process->waitForFinished(kPatience) || process->exitStatus() != QProcess::NormalExit)
         return {};
-    return {process->exitCode(), QString::fromUtf8(process->readAll())};
+    const QByteArray said = process->readAll();
+    // What a sanitizer has to say, beside the test's own failure.
+    if (said.contains("Sanitizer"))
+        qWarning("%s", said.constData());
+    return {process->exitCode(), QString::fromUtf8(said)};
 }
 
 }  // namespace
